@@ -1,0 +1,47 @@
+#include "base/selection_list.h"
+
+#include <algorithm>
+
+namespace tamblin {
+
+void SelectionList::Clear() {
+    entries.clear();
+    selected.clear();
+}
+
+void SelectionList::Add(std::wstring entry) {
+    entries.push_back(std::move(entry));
+    selected.push_back(false);
+}
+
+void SelectionList::Assign(std::vector<std::wstring> newEntries) {
+    entries = std::move(newEntries);
+    selected.assign(entries.size(), false);
+}
+
+void SelectionList::Remove(size_t index) {
+    entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(index));
+    selected.erase(selected.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+void SelectionList::DeselectAll() { selected.assign(entries.size(), false); }
+
+size_t SelectionList::SelectedCount() const {
+    return static_cast<size_t>(std::count(selected.begin(), selected.end(), true));
+}
+
+std::optional<size_t> SelectionList::FirstSelected() const {
+    for (size_t index = 0; index < selected.size(); ++index)
+        if (selected[index])
+            return index;
+    return std::nullopt;
+}
+
+std::optional<size_t> SelectionList::LastSelected() const {
+    for (size_t index = selected.size(); index > 0; --index)
+        if (selected[index - 1])
+            return index - 1;
+    return std::nullopt;
+}
+
+} // namespace tamblin

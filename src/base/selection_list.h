@@ -1,0 +1,35 @@
+// The contents of a list box: its entries in order and which of them are selected.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tamblin {
+
+class SelectionList {
+  public:
+    void Clear();
+    void Add(std::wstring entry);
+    void Assign(std::vector<std::wstring> newEntries);
+    void Remove(size_t index);
+
+    const std::vector<std::wstring>& Entries() const { return entries; }
+    const std::wstring& operator[](size_t index) const { return entries[index]; }
+    size_t Size() const { return entries.size(); }
+    bool Empty() const { return entries.empty(); }
+
+    bool IsSelected(size_t index) const { return selected[index]; }
+    void Select(size_t index, bool on = true) { selected[index] = on; }
+    void DeselectAll();
+
+    size_t SelectedCount() const;
+    std::optional<size_t> FirstSelected() const;
+    std::optional<size_t> LastSelected() const;
+
+  private:
+    std::vector<std::wstring> entries;
+    std::vector<bool> selected;
+};
+
+} // namespace tamblin

@@ -1,0 +1,31 @@
+// Comparing and cutting names. Upper-casing is per code unit and keeps the length; it covers the
+// letters that Windows' file systems treat as equal, full-width ones included.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tamblin {
+
+wchar_t UpperCase(wchar_t letter);
+std::wstring UpperCase(std::wstring_view text);
+
+bool EqualIgnoringCase(std::wstring_view a, std::wstring_view b);
+bool EndsWithIgnoringCase(std::wstring_view text, std::wstring_view end);
+bool StartsWith(std::wstring_view text, std::wstring_view start);
+
+// The last `count` characters of the text, or all of it when it is shorter.
+std::wstring_view Last(std::wstring_view text, size_t count);
+
+// The text without its last `count` characters; empty when it is not longer than that.
+std::wstring_view WithoutLast(std::wstring_view text, size_t count);
+
+// The folder with "\" appended, unless it already ends in one.
+std::wstring WithBackslash(std::wstring_view folder);
+// The folder without its trailing "\"; a drive root ("C:\") keeps it.
+std::wstring WithoutBackslash(std::wstring_view folder);
+
+// The text after the last "\" of a path.
+std::wstring_view NameOf(std::wstring_view path);
+
+} // namespace tamblin

@@ -1,0 +1,84 @@
+// Drives, folders and files. Paths are Windows paths; a relative one counts from the current
+// folder of its drive. Every failure is a RunTimeError:
+//
+//   52 the name is malformed, or (Find) its drive does not exist
+//   53 there is no such file                 55 the file is open in a way that forbids this
+//   57 the device failed                     58 (Rename) the target already exists
+//   61 the disk is full                      67 too many open files
+//   68 (List, SetCurrentFolder) the drive does not exist or is not ready
+//   70 another program uses the file         71 (all others) the drive is not ready
+//   75 read-only or not permitted; a folder where a file is wanted; MakeFolder: it exists;
+//      RemoveFolder: it is not empty         76 a folder on the way does not exist
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tamblin {
+
+// The classic attributes, and Link for a folder that stands for one elsewhere (a junction or a
+// symbolic link). Other bits that a file system may report never reach the program.
+struct FileAttributes {
+    bool readOnly = false;
+    bool hidden = false;
+    bool system = false;
+    bool folder = false;
+    bool archive = false;
+    bool link = false;
+
+    bool operator==(const FileAttributes&) const = default;
+};
+
+struct FolderEntry {
+    std::wstring name; // as spelled on the disk, without its folder
+    FileAttributes attributes;
+};
+
+enum class DriveType { Unknown = 0, NoRoot = 1, Removable = 2, Fixed = 3, Remote = 4, CdRom = 5, Ram = 6 };
+
+struct Drive {
+    std::wstring name; // "c:"
+    DriveType type = DriveType::Unknown;
+};
+
+class FileSystem {
+  public:
+    virtual ~FileSystem() = default;
+
+    // What stands at the path, or nothing. A doubled "\" counts as one; a trailing "\" is allowed
+    // for a folder.
+    virtual std::optional<FolderEntry> Find(const std::wstring& path) = 0;
+
+    // All entries of a folder but "." and "..", sorted by upper-cased name, code unit by code unit.
+    virtual std::vector<FolderEntry> List(const std::wstring& folder) = 0;
+
+    virtual std::string Read(const std::wstring& file) = 0;
+    // Creates the file or replaces its contents.
+    virtual void Write(const std::wstring& file, std::string_view bytes) = 0;
+
+    // Replaces an existing target, which keeps its own name's letter case; takes contents, time of
+    // change and attributes along.
+    virtual void Copy(const std::wstring& from, const std::wstring& to) = 0;
+    // Also moves, within one drive. Never replaces; changing only the letter case is allowed.
+    virtual void Rename(const std::wstring& from, const std::wstring& to) = 0;
+    virtual void Delete(const std::wstring& file) = 0;
+
+    virtual void MakeFolder(const std::wstring& folder) = 0;
+    // The folder must be empty. A link goes, what it points to stays.
+    virtual void RemoveFolder(const std::wstring& folder) = 0;
+
+    // Sets readOnly, hidden, system and archive; folder and link stay what they are.
+    virtual void SetAttributes(const std::wstring& path, FileAttributes attributes) = 0;
+
+    // The current folder of the current drive, without a trailing "\" unless it is a root.
+    virtual std::wstring CurrentFolder() = 0;
+    // Makes the folder's drive the current drive and the folder the current one.
+    virtual void SetCurrentFolder(const std::wstring& folder) = 0;
+
+    // In the order in which the system reports them.
+    virtual std::vector<Drive> Drives() = 0;
+};
+
+} // namespace tamblin
