@@ -31,7 +31,8 @@ std::wstring RunTimeError::Text() const {
         case ErrorNumber::DeviceUnavailable:
             return L"デバイスを使用できません。";
         case ErrorNumber::PermissionDenied:
-            return L"アクセスが許可されていません。ほかのプログラムが使用している可能性があります。";
+            return L"アクセスが許可されていません。ほかのプログラムが使用している可能性があります"
+                   L"。";
         case ErrorNumber::DiskNotReady:
             return L"ディスクの準備ができていません。";
         case ErrorNumber::PathFileAccess:

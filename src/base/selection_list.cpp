@@ -24,7 +24,9 @@ void SelectionList::Remove(size_t index) {
     selected.erase(selected.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
-void SelectionList::DeselectAll() { selected.assign(entries.size(), false); }
+void SelectionList::DeselectAll() {
+    selected.assign(entries.size(), false);
+}
 
 size_t SelectionList::SelectedCount() const {
     return static_cast<size_t>(std::count(selected.begin(), selected.end(), true));

@@ -36,7 +36,15 @@ struct FolderEntry {
     FileAttributes attributes;
 };
 
-enum class DriveType { Unknown = 0, NoRoot = 1, Removable = 2, Fixed = 3, Remote = 4, CdRom = 5, Ram = 6 };
+enum class DriveType {
+    Unknown = 0,
+    NoRoot = 1,
+    Removable = 2,
+    Fixed = 3,
+    Remote = 4,
+    CdRom = 5,
+    Ram = 6
+};
 
 struct Drive {
     std::wstring name; // "c:"

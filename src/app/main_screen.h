@@ -1,0 +1,55 @@
+// What the main window does, without the window: each method is one event. The window reads the
+// selections into Model() before an event and mirrors Model() afterwards, also after a failure.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "install/install.h"
+#include "install/main_model.h"
+#include "platform/platform.h"
+#include "settings/settings_file.h"
+#include "settings/settings_state.h"
+
+namespace tamblin {
+
+class MainScreen {
+  public:
+    MainScreen(Platform& surroundings, SettingsState& settings, SettingsFile& settingsFile)
+        : platform(surroundings), state(settings), file(settingsFile), model(platform, state) {}
+
+    MainModel& Model() { return model; }
+
+    // All events may throw RunTimeError.
+    void Load();
+    void Activate();
+    void ComboSelected(size_t entry);
+    void FileListClicked();
+    void InstalledListClicked();
+    void TreeRowOpened(size_t row);
+
+    void InstallPressed(InstallScreen& screen); // Command1
+    void PrepareStagingPressed();               // Command2
+    void SettingsPressed();                     // Command6: before folder management is shown
+    void DeselectInstalledPressed();            // Command7
+    void DeselectFilesPressed();                // Command9
+
+    // Leaving: both save, then ask. True when the window has to be closed.
+    bool ExitPressed();     // Command8
+    bool CloseBoxPressed(); // close box or system menu
+
+    // What the status line says while the pointer is over a button; nothing when it stays as it is.
+    static std::optional<std::wstring> StatusText(size_t command);
+    static std::wstring InitialStatusText();
+
+  private:
+    void RefreshLists();
+    void RebuildBrowser();
+
+    Platform& platform;
+    SettingsState& state;
+    SettingsFile& file;
+    MainModel model;
+};
+
+} // namespace tamblin

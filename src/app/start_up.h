@@ -1,0 +1,43 @@
+// The steps from the splash window to the first working window, one per timer tick.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/platform.h"
+#include "settings/settings_file.h"
+#include "settings/settings_state.h"
+
+namespace tamblin {
+
+enum class FirstWindow { None, MainWindow, SetUpWizard };
+
+inline constexpr wchar_t AlreadyRunningText[] = L"すでに起動されています。";
+inline constexpr unsigned StartUpTickMilliseconds = 200;
+
+class StartUp {
+  public:
+    StartUp(Platform& surroundings, SettingsState& settings, SettingsFile& settingsFile)
+        : platform(surroundings), state(settings), file(settingsFile) {}
+
+    // When the splash is loaded. False when another copy is running: the user has been told, and
+    // the process has to end.
+    bool Load(bool anotherCopyIsRunning);
+
+    // One tick of the splash's timer. Names the window to open on the tick that ends the splash.
+    FirstWindow Tick();
+
+    bool ProgressLineVisible() const { return progressLineVisible; }
+
+  private:
+    FirstWindow Decide();
+
+    Platform& platform;
+    SettingsState& state;
+    SettingsFile& file;
+    std::int16_t StartupTicker = 0;
+    std::int16_t folderResult = 0;
+    std::int16_t locationResult = 0;
+    bool progressLineVisible = false;
+};
+
+} // namespace tamblin

@@ -1,0 +1,77 @@
+// The folder tree over all drives and the files of the folder it shows. The main window and the
+// manual host folder window each have one, with a file filter of their own.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/selection_list.h"
+#include "platform/file_lists.h"
+#include "platform/platform.h"
+
+namespace tamblin {
+
+class FolderBrowser {
+  public:
+    // Says whether a file of the shown folder (given without a trailing "\" unless it is a root)
+    // is offered.
+    using FileFilter = std::function<bool(const std::wstring& name, const std::wstring& folder)>;
+
+    // `startFolder` is the shared string that says which folder to show; it outlives the browser.
+    FolderBrowser(Platform& surroundings, std::wstring& startFolder, FileFilter filter)
+        : platform(surroundings), BrowseStartFolder(startFolder), isOffered(std::move(filter)) {}
+
+    // Builds rows, paths, files and path text anew. Asks "retry or cancel" when a drive is not
+    // ready; any other failure ends it silently with the rows built so far. Never throws.
+    void RebuildBrowser();
+
+    // A double-click on a row of the tree.
+    void OpenTreeRow(size_t row);
+
+    const std::wstring& PathText() const { return pathText; } // what Text1 shows
+    // The folder whose files are listed, with a trailing "\"; empty before the first rebuild.
+    const std::wstring& ShownFolder() const { return shownFolder; }
+    const std::vector<std::wstring>& Rows() const { return rows; }
+    const std::vector<std::wstring>& Paths() const { return TreePaths; }
+    size_t SelectedRow() const { return SelectedTreeRow; }
+    SelectionList& Files() { return fileList; }
+    const SelectionList& Files() const { return fileList; }
+
+    // True once after a rebuild that has taken a selection away from the file list.
+    bool TakeSelectionLost();
+
+  private:
+    struct Cancelled {};
+
+    void Rebuild(bool treeChanged);
+    void AddDesktopRows(bool treeChanged);
+    void AddDriveRows();
+    void AddAncestorRows(const std::wstring& folder, size_t matched, size_t depth);
+    void AddChildRows(const std::wstring& folder, const std::vector<std::wstring>& names,
+                      const std::wstring& indent);
+    void AddRow(std::wstring text, std::wstring path);
+    void DesktopFolder();
+    void FillFileList(const std::vector<std::wstring>& names);
+    FolderListing ListOrAsk(const std::wstring& folder);
+
+    Platform& platform;
+    std::wstring& BrowseStartFolder;
+    FileFilter isOffered;
+
+    // [0] the browse folder parked by the desktop rows, [1] the desktop row's caption, [2] the
+    // desktop folder with a trailing "\".
+    std::array<std::wstring, 3> SpecialEntries;
+    std::vector<std::wstring> rows;
+    std::vector<std::wstring> TreePaths; // parallel to the rows
+    size_t SelectedTreeRow = 0;
+    bool treeChangedFlag = false;
+    bool selectionLost = false;
+    std::wstring pathText;
+    std::wstring shownFolder;
+    FolderListing shownListing;
+    SelectionList fileList;
+};
+
+} // namespace tamblin

@@ -1,0 +1,15 @@
+// Reading the installed characters from the host folder.
+#pragma once
+
+#include "install/main_model.h"
+#include "platform/platform.h"
+#include "settings/settings_state.h"
+
+namespace tamblin {
+
+// Runs whenever the combo's choice may have changed: makes it the current host folder and lists
+// the characters that have both a definition file and a folder. Throws RunTimeError when the
+// folder cannot be listed; the list is then empty.
+void RefreshInstalledList(MainModel& model, SettingsState& state, Platform& platform);
+
+} // namespace tamblin

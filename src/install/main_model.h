@@ -1,0 +1,45 @@
+// What the main window shows, without the window: the combo, the two selectable lists, the folder
+// browser, and which buttons can be pressed. Commands read and change it; the window mirrors it.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "base/selection_list.h"
+#include "install/folder_browser.h"
+#include "settings/host_folder_list.h"
+#include "settings/settings_state.h"
+
+namespace tamblin {
+
+// The characters of the current host folder, with the two listings that stand behind them.
+struct InstalledList {
+    SelectionList names;                       // List3
+    std::wstring folder;                       // the folder listed (Dir2, File2)
+    std::vector<std::wstring> subfolders;      // Dir2: names
+    std::vector<std::wstring> definitionFiles; // File2: names with extension
+};
+
+// Enabled states by button number, Command1 to Command14.
+class ActionButtons {
+  public:
+    ActionButtons();
+    bool& operator[](size_t command) { return enabled[command]; }
+    bool operator[](size_t command) const { return enabled[command]; }
+
+  private:
+    std::array<bool, 15> enabled{};
+};
+
+struct MainModel {
+    MainModel(Platform& platform, SettingsState& state);
+
+    HostFolderCombo combo;
+    InstalledList installed;
+    FolderBrowser browser;
+    ActionButtons buttons;
+    bool definitionUpdateReady = false; // the update lies in the character's own folder
+};
+
+} // namespace tamblin

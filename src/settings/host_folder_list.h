@@ -1,0 +1,39 @@
+// The registered host folders: which folder counts as one, how one is registered, and how the
+// main window's combo shows them.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/platform.h"
+#include "settings/settings_state.h"
+
+namespace tamblin {
+
+inline constexpr wchar_t HostProgramName[] = L"ombrel.exe";
+inline constexpr wchar_t HostStartUpFileName[] = L"ombrel.rc";
+
+using FileProbe = std::function<bool(const std::wstring& path)>;
+
+// True when the host program and its start-up file stand behind `prefix`, a folder with whatever
+// separator the caller's own rule gives it.
+bool IsHostFolder(const std::wstring& prefix, const FileProbe& exists);
+
+// Checks a folder that the user has entered and stores it: in add mode in a new slot, in edit mode
+// in slot EditIndex. Returns the rejection flag: true when the user was told that the folder was
+// not taken. Throws a fatal RunTimeError 9 when there is no slot left.
+bool RegisterHostFolder(SettingsState& state, const std::wstring& folder, Platform& platform);
+
+// The main window's host folder combo.
+struct HostFolderCombo {
+    std::vector<std::wstring> entries;
+    std::optional<size_t> selected;
+
+    std::wstring Text() const { return selected ? entries[*selected] : std::wstring(); }
+};
+
+void FillHostFolderCombo(HostFolderCombo& combo, const SettingsState& state);
+
+} // namespace tamblin

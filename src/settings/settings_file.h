@@ -1,0 +1,53 @@
+// tamb.ini in the program folder: read key by key at start-up, rewritten when the user leaves.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/platform.h"
+#include "settings/host_folder_list.h"
+#include "settings/settings_state.h"
+
+namespace tamblin {
+
+namespace setting_keys {
+inline constexpr std::string_view Version = "VERSION=";
+inline constexpr std::string_view VmrFolder = "VMRFOLDER=";
+inline constexpr std::string_view Default = "DEFAULT=";
+inline constexpr std::string_view ViewFolder = "VIEWFOLDER=";
+inline constexpr std::string_view KvaOption = "KVAOPTION=";
+} // namespace setting_keys
+
+class SettingsFile {
+  public:
+    SettingsFile(Platform& surroundings, SettingsState& settings)
+        : platform(surroundings), state(settings) {}
+
+    // Reads what belongs to one of the keys into the state. True when a valid value was stored;
+    // KVAOPTION= stores its value and answers false all the same. Never throws.
+    bool ReadSetting(std::string_view key);
+
+    // Rewrites the file, or creates it: the folders and the default are the combo's, the view
+    // folder is the browser's. Leaves the program folder current. Every failure is a fatal
+    // RunTimeError; tamb.bak then holds the former settings.
+    void SaveSettings(const HostFolderCombo& combo, const std::wstring& browserFolder);
+
+  private:
+    std::wstring Path() const;
+    bool ReadKey(std::string_view key, std::string_view bytes);
+    bool ReadFolders(std::string_view bytes, bool& result);
+    bool TakeValue(std::string_view key, std::string_view value);
+    bool TakeDefaultFolder(const std::wstring& folder);
+    bool TakeViewFolder(const std::wstring& folder);
+    bool TakeVersion(std::string_view version);
+
+    void WriteDefaultSettings(const HostFolderCombo& combo, const std::wstring& browserFolder);
+    void RewriteSettings(const HostFolderCombo& combo, const std::wstring& browserFolder);
+    std::string FolderLines(const HostFolderCombo& combo);
+
+    Platform& platform;
+    SettingsState& state;
+    bool leftOpen = false; // an aborted read has left the file open; later reads fail
+};
+
+} // namespace tamblin

@@ -1,0 +1,31 @@
+// The settings of this run, one instance for the whole program: filled at start-up, edited by the
+// windows, written back when the user leaves.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace tamblin {
+
+inline constexpr std::int16_t HostFolderLimit = 10;
+
+struct SettingsState {
+    // Slots 1 to HostFolderCount hold the registered host folders exactly as they were entered.
+    // Slot 0 is unused, slot 11 is spare room.
+    std::array<std::wstring, 12> HostFolders;
+    std::int16_t HostFolderCount = 0;
+
+    std::wstring DefaultFolder;     // the current host folder; empty when there is none
+    std::wstring ViewFolder;        // the browser's folder as the settings file had it
+    std::wstring BrowseStartFolder; // the browser's folder now, with a trailing "\"
+    std::wstring KvaOption;         // "ON" or "OFF"; empty until something has set it
+    bool VersionKnown = false;
+
+    bool EditMode = false;      // a registered folder is being changed, not added
+    std::int16_t EditIndex = 0; // its slot
+
+    bool OpenedFromMainWindow = false; // folder management was, at least once in this run
+};
+
+} // namespace tamblin
