@@ -44,7 +44,6 @@ class MainScreen {
 
   private:
     void RefreshLists();
-    void RebuildBrowser();
 
     Platform& platform;
     SettingsState& state;

@@ -34,6 +34,8 @@ class ActionButtons {
 
 struct MainModel {
     MainModel(Platform& platform, SettingsState& state);
+    MainModel(const MainModel&) = delete; // the browser's filter refers to this model
+    MainModel& operator=(const MainModel&) = delete;
 
     HostFolderCombo combo;
     InstalledList installed;

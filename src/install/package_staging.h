@@ -6,13 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "base/selection_list.h"
 #include "install/install.h"
-#include "install/main_model.h"
+#include "platform/file_lists.h"
 #include "platform/platform.h"
 
 namespace tamblin {
 
-// "C:\TAMTMP" for a host folder on drive C:.
+// "C:\TAMTMP" for a host folder on drive C:. Throws RunTimeError 76 for what names no drive root.
 std::wstring StagingFolder(const std::wstring& hostFolder);
 
 // Deletes the staging folder with all it holds and makes the program folder current. A folder with
@@ -30,13 +31,16 @@ std::int16_t ExtractPackage(const std::wstring& archiveFolder, const std::wstrin
 // Tells what one archive has brought into the staging folder. Made before the archive is unpacked.
 class PackageJudge {
   public:
-    PackageJudge(const std::wstring& hostFolder, Platform& platform);
+    PackageJudge(const std::wstring& hostFolder, Platform& surroundings);
 
     // Adds the archive's lines to the confirmation lists.
     void JudgePackage(const std::wstring& archiveName, const SelectionList& installedNames,
                       InstallConfirmation& lists);
 
   private:
+    void JudgeNewFolders(const std::wstring& archiveName, const FolderListing& listing,
+                         const SelectionList& installedNames, InstallConfirmation& lists) const;
+
     std::wstring stagingFolder;
     Platform& platform;
     std::vector<std::wstring> foldersBefore;

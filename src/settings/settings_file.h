@@ -1,6 +1,7 @@
 // tamb.ini in the program folder: read key by key at start-up, rewritten when the user leaves.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -35,7 +36,7 @@ class SettingsFile {
   private:
     std::wstring Path() const;
     bool ReadKey(std::string_view key, std::string_view bytes);
-    bool ReadFolders(std::string_view bytes, bool& result);
+    void ReadFolders(std::string_view bytes, bool& result);
     bool TakeValue(std::string_view key, std::string_view value);
     bool TakeDefaultFolder(const std::wstring& folder);
     bool TakeViewFolder(const std::wstring& folder);
@@ -43,6 +44,8 @@ class SettingsFile {
 
     void WriteDefaultSettings(const HostFolderCombo& combo, const std::wstring& browserFolder);
     void RewriteSettings(const HostFolderCombo& combo, const std::wstring& browserFolder);
+    std::map<std::string_view, std::string> CurrentValues(const HostFolderCombo& combo,
+                                                          const std::wstring& browserFolder);
     std::string FolderLines(const HostFolderCombo& combo);
 
     Platform& platform;

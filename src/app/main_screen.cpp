@@ -1,0 +1,136 @@
+#include "app/main_screen.h"
+
+#include <exception>
+
+#include "base/run_time_error.h"
+#include "install/installed_list.h"
+#include "install/package_staging.h"
+#include "install/selection_rules.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t ExitQuestion[] = L"Tamblin を終了してもよろしいですか？";
+constexpr wchar_t CloseQuestion[] = L"終了してもよろしいですか？";
+
+} // namespace
+
+void MainScreen::Load() {
+    state.BrowseStartFolder =
+        state.ViewFolder.empty() ? platform.files.CurrentFolder() : state.ViewFolder;
+    RefreshLists();
+    EnableInstalledListButtons(model);
+}
+
+void MainScreen::Activate() {
+    RefreshLists();
+}
+
+// A host folder that cannot be listed must not keep the browser from being built.
+void MainScreen::RefreshLists() {
+    FillHostFolderCombo(model.combo, state);
+    std::exception_ptr failure;
+    bool selectionLost = model.installed.names.FirstSelected().has_value();
+    try {
+        RefreshInstalledList(model, state, platform);
+    } catch (const RunTimeError&) {
+        failure = std::current_exception();
+    }
+    model.browser.RebuildBrowser();
+    selectionLost = model.browser.TakeSelectionLost() || selectionLost;
+    if (selectionLost)
+        ApplySelectionRules(model, state, platform);
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+void MainScreen::ComboSelected(size_t entry) {
+    model.combo.selected = entry;
+    RefreshInstalledList(model, state, platform);
+    EnableInstalledListButtons(model);
+}
+
+void MainScreen::FileListClicked() {
+    ApplySelectionRules(model, state, platform);
+}
+
+void MainScreen::InstalledListClicked() {
+    ApplySelectionRules(model, state, platform);
+}
+
+void MainScreen::TreeRowOpened(size_t row) {
+    model.browser.OpenTreeRow(row);
+    if (model.browser.TakeSelectionLost())
+        ApplySelectionRules(model, state, platform);
+}
+
+void MainScreen::InstallPressed(InstallScreen& screen) {
+    Install(model, state, platform, screen);
+}
+
+void MainScreen::PrepareStagingPressed() {
+    PrepareStagingFolder(model.combo.Text(), platform);
+}
+
+void MainScreen::SettingsPressed() {
+    state.OpenedFromMainWindow = true;
+}
+
+void MainScreen::DeselectInstalledPressed() {
+    model.installed.names.DeselectAll();
+    model.buttons[5] = model.buttons[7] = false;
+}
+
+void MainScreen::DeselectFilesPressed() {
+    model.browser.Files().DeselectAll();
+    model.buttons[9] = false;
+}
+
+bool MainScreen::ExitPressed() {
+    file.SaveSettings(model.combo, model.browser.PathText());
+    return platform.messages.AskOkCancel(ExitQuestion);
+}
+
+bool MainScreen::CloseBoxPressed() {
+    file.SaveSettings(model.combo, model.browser.PathText());
+    return platform.messages.AskYesNo(CloseQuestion);
+}
+
+std::optional<std::wstring> MainScreen::StatusText(size_t command) {
+    switch (command) {
+        case 1:
+            return L"選択しているパッケージをインストールします。";
+        case 3:
+            return L"ombrel.exeをアップデートします。";
+        case 4:
+            return L"該当オンブレルのオンブレル定義ファイルをアップデートします。";
+        case 5:
+            return L"選択されているオンブレルをアンインストールします。";
+        case 6:
+            return L"ヴィモラフォルダの設定を行います。";
+        case 7:
+            return L"「導入済オンブレル一覧」のファイル選択を解除します。";
+        case 8:
+            return L"Tamblinを終了します。";
+        case 9:
+            return L"「すべてのフォルダ」のファイル選択を解除します。";
+        case 10:
+            return L"Tamblinの簡単な操作説明です。";
+        case 11:
+            return L"選択しているオンブレルを、通常起動時のオンブレルに設定します。";
+        case 12:
+            return L"ヴィモラフォルダの不具合を検出します。";
+        case 13:
+            return L"選択されているオンブレルを呼び出します。";
+        case 14:
+            return L"選択されているオンブレルの README ファイルを表示します。";
+        default:
+            return std::nullopt;
+    }
+}
+
+std::wstring MainScreen::InitialStatusText() {
+    return L"Tamblin Ver.0.61  - Vimoraのオンブレルを管理します -";
+}
+
+} // namespace tamblin

@@ -1,0 +1,54 @@
+#include "app/start_up.h"
+
+namespace tamblin {
+
+bool StartUp::Load(bool anotherCopyIsRunning) {
+    if (anotherCopyIsRunning) {
+        platform.messages.Inform(AlreadyRunningText);
+        return false;
+    }
+    platform.files.SetCurrentFolder(platform.programFolder);
+    return true;
+}
+
+FirstWindow StartUp::Tick() {
+    ++StartupTicker;
+    switch (StartupTicker) {
+        case 3:
+            progressLineVisible = true;
+            break;
+        case 4:
+            folderResult = file.ReadSetting(setting_keys::Version);
+            break;
+        case 5:
+            if (state.VersionKnown)
+                folderResult = file.ReadSetting(setting_keys::VmrFolder);
+            break;
+        case 7:
+            if (state.VersionKnown)
+                locationResult = file.ReadSetting(setting_keys::Default);
+            break;
+        case 9:
+            if (state.VersionKnown && file.ReadSetting(setting_keys::ViewFolder))
+                ++locationResult;
+            break;
+        case 11:
+            progressLineVisible = false;
+            break;
+        case 12:
+            file.ReadSetting(setting_keys::KvaOption);
+            return Decide();
+        default: // pacing
+            break;
+    }
+    return FirstWindow::None;
+}
+
+FirstWindow StartUp::Decide() {
+    if (state.VersionKnown && (folderResult != 0 || locationResult != 0))
+        return FirstWindow::MainWindow;
+    state.BrowseStartFolder = platform.programFolder;
+    return FirstWindow::SetUpWizard;
+}
+
+} // namespace tamblin

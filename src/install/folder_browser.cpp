@@ -1,0 +1,163 @@
+#include "install/folder_browser.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t DesktopCaption[] = L"ﾃﾞｽｸﾄｯﾌﾟ";
+constexpr wchar_t DriveNotReadyText[] = L"ドライブの準備ができていません。";
+constexpr wchar_t FolderMark[] = L"+ ";
+constexpr wchar_t LevelIndent[] = L"  ";
+
+std::wstring DriveOf(const std::wstring& path) {
+    return UpperCase(path.substr(0, 2));
+}
+
+} // namespace
+
+void FolderBrowser::RebuildBrowser() {
+    const bool treeChanged = treeChangedFlag;
+    treeChangedFlag = false;
+    try {
+        Rebuild(treeChanged);
+    } catch (const Cancelled&) {
+        treeChangedFlag = true;
+        SelectedTreeRow = rows.empty() ? 0 : rows.size() - 1;
+    } catch (const RunTimeError&) {
+        // What could be listed is shown.
+    }
+}
+
+void FolderBrowser::OpenTreeRow(size_t row) {
+    if (row >= rows.size())
+        return;
+    const bool isDesktopRow = rows[row].front() == DesktopCaption[0];
+    const std::wstring& target = isDesktopRow ? SpecialEntries[2] : TreePaths[row];
+    if (target.empty())
+        return;
+    BrowseStartFolder = target;
+    treeChangedFlag = true;
+    RebuildBrowser();
+}
+
+bool FolderBrowser::TakeSelectionLost() {
+    return std::exchange(selectionLost, false);
+}
+
+void FolderBrowser::Rebuild(bool treeChanged) {
+    if (BrowseStartFolder.empty())
+        BrowseStartFolder = SpecialEntries[0];
+    BrowseStartFolder = WithBackslash(BrowseStartFolder);
+
+    shownListing = ListOrAsk(BrowseStartFolder);
+    shownFolder = BrowseStartFolder;
+    pathText = BrowseStartFolder;
+    selectionLost = selectionLost || fileList.FirstSelected().has_value();
+    fileList.Clear();
+    rows.clear();
+    TreePaths.clear();
+
+    AddDesktopRows(treeChanged);
+    AddDriveRows();
+    FillFileList(shownListing.files);
+}
+
+void FolderBrowser::AddDesktopRows(bool treeChanged) {
+    DesktopFolder();
+    AddRow(SpecialEntries[1], SpecialEntries[2]);
+    const std::wstring& desktop = SpecialEntries[2];
+    if (treeChanged || desktop.empty() || !StartsWith(BrowseStartFolder, desktop))
+        return;
+
+    SelectedTreeRow = 0;
+    const std::wstring folder = WithoutBackslash(desktop);
+    AddChildRows(folder, ListOrAsk(folder).folders, L"");
+    for (size_t row = 1; row < rows.size(); ++row)
+        if (StartsWith(BrowseStartFolder, TreePaths[row] + L"\\"))
+            SelectedTreeRow = row;
+    SpecialEntries[0] = BrowseStartFolder;
+    BrowseStartFolder.clear();
+}
+
+void FolderBrowser::AddDriveRows() {
+    for (const Drive& drive : platform.files.Drives()) {
+        const std::wstring name = DriveOf(drive.name);
+        AddRow(name, name);
+        if (BrowseStartFolder.empty() || name != DriveOf(BrowseStartFolder))
+            continue;
+        SelectedTreeRow = rows.size() - 1;
+        if (BrowseStartFolder.size() < 4)
+            AddChildRows(name, shownListing.folders, L"");
+        else
+            AddAncestorRows(name, name.size() + 1, 1);
+    }
+}
+
+// `matched` characters of BrowseStartFolder, its "\" included, have led to `folder`.
+void FolderBrowser::AddAncestorRows(const std::wstring& folder, size_t matched, size_t depth) {
+    const size_t end = BrowseStartFolder.find(L'\\', matched);
+    if (end == std::wstring::npos)
+        return;
+    const std::wstring wanted = BrowseStartFolder.substr(matched, end - matched);
+    const auto names = ListOrAsk(WithBackslash(folder)).folders;
+    const auto found = std::find_if(names.begin(), names.end(), [&](const std::wstring& name) {
+        return EqualIgnoringCase(name, wanted);
+    });
+    if (found == names.end())
+        return;
+
+    std::wstring indent;
+    for (size_t level = 0; level < depth; ++level)
+        indent += LevelIndent;
+    const std::wstring path = folder + L"\\" + *found;
+    AddRow(indent + FolderMark + *found, path);
+    SelectedTreeRow = rows.size() - 1;
+    if (end + 1 == BrowseStartFolder.size())
+        AddChildRows(path, shownListing.folders, indent);
+    else
+        AddAncestorRows(path, end + 1, depth + 1);
+}
+
+void FolderBrowser::AddChildRows(const std::wstring& folder, const std::vector<std::wstring>& names,
+                                 const std::wstring& indent) {
+    for (const std::wstring& name : names)
+        AddRow(indent + LevelIndent + FolderMark + name, folder + L"\\" + name);
+}
+
+void FolderBrowser::AddRow(std::wstring text, std::wstring path) {
+    rows.push_back(std::move(text));
+    TreePaths.push_back(std::move(path));
+}
+
+void FolderBrowser::DesktopFolder() {
+    SpecialEntries[1] = DesktopCaption;
+    if (const auto desktop = platform.shell.DesktopFolder())
+        SpecialEntries[2] = WithBackslash(*desktop);
+}
+
+void FolderBrowser::FillFileList(const std::vector<std::wstring>& names) {
+    const std::wstring folder = WithoutBackslash(shownFolder);
+    for (const std::wstring& name : names)
+        if (isOffered(name, folder))
+            fileList.Add(name);
+}
+
+FolderListing FolderBrowser::ListOrAsk(const std::wstring& folder) {
+    for (;;) {
+        try {
+            return ListFolder(platform.files, folder);
+        } catch (const RunTimeError& error) {
+            if (error.Number() != ErrorNumber::DeviceUnavailable)
+                throw;
+            if (!platform.messages.AskRetryCancel(DriveNotReadyText))
+                throw Cancelled();
+        }
+    }
+}
+
+} // namespace tamblin

@@ -1,0 +1,162 @@
+#include "install/install.h"
+
+#include "base/name_index.h"
+#include "base/text.h"
+#include "install/copy_staged_tree.h"
+#include "install/installed_list.h"
+#include "install/package_staging.h"
+#include "install/selection_rules.h"
+#include "install/staging_walk.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t NothingText[] = L"（なし）";
+constexpr wchar_t ExtractionFailedText[] = L"パッケージの解凍に失敗しました。";
+constexpr wchar_t CancelledText[] = L"インストールを中止しました。";
+constexpr wchar_t DoneText[] = L"インストールが完了しました。";
+
+// Keeps the main window disabled while an install runs.
+class MainWindowLock {
+  public:
+    explicit MainWindowLock(InstallScreen& mainScreen) : screen(mainScreen) {
+        screen.SetMainWindowEnabled(false);
+    }
+    ~MainWindowLock() { Release(); }
+    MainWindowLock(const MainWindowLock&) = delete;
+    MainWindowLock& operator=(const MainWindowLock&) = delete;
+
+    void Release() {
+        if (!released)
+            screen.SetMainWindowEnabled(true);
+        released = true;
+    }
+
+  private:
+    InstallScreen& screen;
+    bool released = false;
+};
+
+class InstallRun {
+  public:
+    InstallRun(MainModel& mainModel, SettingsState& settings, Platform& surroundings,
+               InstallScreen& mainScreen)
+        : model(mainModel),
+          state(settings),
+          platform(surroundings),
+          screen(mainScreen),
+          hostFolder(WithBackslash(mainModel.combo.Text())) {}
+
+    void Run() {
+        MainWindowLock lock(screen);
+        model.buttons[1] = false;
+        PrepareStagingFolder(hostFolder, platform);
+        if (!StageSelectedFiles())
+            return;
+        FillEmptyLists();
+        ThinStagingFolder();
+
+        std::int16_t InstallAnswer = 0;
+        screen.ShowConfirmation(lists, InstallAnswer);
+        if (InstallAnswer == AnswerCancel)
+            Cancel(lock);
+        else
+            Finish(lock);
+    }
+
+  private:
+    // False when an archive could not be unpacked, which ends the install.
+    bool StageSelectedFiles() {
+        const SelectionList& files = model.browser.Files();
+        for (size_t index = 0; index < files.Size(); ++index) {
+            if (!files.IsSelected(index))
+                continue;
+            if (!EndsWithIgnoringCase(files[index], L".LZH"))
+                lists.cannotInstall.Add(files[index]);
+            else if (!StageArchive(files[index]))
+                return false;
+        }
+        return true;
+    }
+
+    bool StageArchive(const std::wstring& archiveName) {
+        PackageJudge judge(hostFolder, platform);
+        if (ExtractPackage(model.browser.ShownFolder(), archiveName, hostFolder,
+                           screen.MainWindowHandle(), platform) != 0) {
+            platform.messages.Inform(ExtractionFailedText);
+            ClearStagingFolder(hostFolder, platform);
+            return false;
+        }
+        judge.JudgePackage(archiveName, model.installed.names, lists);
+        return true;
+    }
+
+    void FillEmptyLists() {
+        lists.installNowEnabled = !lists.toInstall.Empty();
+        for (SelectionList* list :
+             {&lists.alreadyInstalled, &lists.cannotInstall, &lists.toInstall})
+            if (list->Empty())
+                list->Add(NothingText);
+    }
+
+    // Leaves only characters that are not installed yet, and lone definition files.
+    void ThinStagingFolder() {
+        const std::wstring staging = WithBackslash(StagingFolder(hostFolder));
+        const NameIndex installed(model.installed.names.Entries());
+        for (const std::wstring& file : ListFolder(platform.files, staging).files) {
+            const std::wstring name(WithoutLast(file, 4));
+            if (!EndsWithIgnoringCase(file, L".OBL")) {
+                DeleteStagedFile(staging + file, platform.files);
+            } else if (installed.Find(name) != nullptr) {
+                platform.shell.DeleteTree(staging + name);
+                platform.shell.DeleteTree(staging + file);
+            }
+        }
+        const FolderListing left = ListFolder(platform.files, staging);
+        const NameIndex definitions(left.files);
+        for (const std::wstring& folder : left.folders)
+            if (definitions.Find(folder + L".obl") == nullptr)
+                platform.shell.DeleteTree(staging + folder);
+    }
+
+    void Cancel(MainWindowLock& lock) {
+        ClearStagingFolder(hostFolder, platform);
+        platform.messages.Inform(CancelledText, MessageIcon::Information);
+        lock.Release();
+        ApplySelectionRules(model, state, platform);
+    }
+
+    void Finish(MainWindowLock& lock) {
+        CopyStagedTree(hostFolder, state, platform);
+        platform.messages.Inform(DoneText, MessageIcon::Information);
+        model.browser.Files().DeselectAll();
+        lock.Release();
+        model.buttons[1] = true; // although nothing is selected any more
+        model.buttons[9] = false;
+        RefreshInstalledList(model, state, platform);
+    }
+
+    MainModel& model;
+    SettingsState& state;
+    Platform& platform;
+    InstallScreen& screen;
+    std::wstring hostFolder;
+    InstallConfirmation lists;
+};
+
+} // namespace
+
+std::wstring InstallConfirmation::Note() {
+    return L"tambに対応した形式ではありませんでした。\r\n"
+           L"これらをインストールする場合は手動で行ってください。";
+}
+
+bool InstallConfirmation::NoteVisible() const {
+    return !cannotInstall.Empty() && cannotInstall[0] != NothingText;
+}
+
+void Install(MainModel& model, SettingsState& state, Platform& platform, InstallScreen& screen) {
+    InstallRun(model, state, platform, screen).Run();
+}
+
+} // namespace tamblin

@@ -1,0 +1,51 @@
+#include "install/installed_list.h"
+
+#include "base/name_index.h"
+#include "base/text.h"
+#include "install/selection_rules.h"
+#include "platform/file_lists.h"
+
+namespace tamblin {
+namespace {
+
+constexpr std::wstring_view DefinitionExtension = L".obl";
+
+std::vector<std::wstring> DefinitionFiles(const std::vector<std::wstring>& files) {
+    std::vector<std::wstring> definitions;
+    for (const std::wstring& file : files)
+        if (EndsWithIgnoringCase(file, DefinitionExtension))
+            definitions.push_back(file);
+    return definitions;
+}
+
+void FillNames(InstalledList& installed) {
+    const NameIndex folders(installed.subfolders);
+    for (const std::wstring& file : installed.definitionFiles)
+        if (const std::wstring* folder =
+                folders.Find(WithoutLast(file, DefinitionExtension.size())))
+            installed.names.Add(*folder);
+}
+
+} // namespace
+
+void RefreshInstalledList(MainModel& model, SettingsState& state, Platform& platform) {
+    InstalledList& installed = model.installed;
+    const std::wstring hostFolder = model.combo.Text();
+
+    installed.names.Clear();
+    if (hostFolder != installed.folder)
+        ApplySelectionRules(model, state, platform);
+    state.DefaultFolder = hostFolder;
+
+    installed.folder = hostFolder;
+    installed.subfolders.clear();
+    installed.definitionFiles.clear();
+    if (hostFolder.empty())
+        return;
+    FolderListing listing = ListFolder(platform.files, hostFolder);
+    installed.subfolders = std::move(listing.folders);
+    installed.definitionFiles = DefinitionFiles(listing.files);
+    FillNames(installed);
+}
+
+} // namespace tamblin

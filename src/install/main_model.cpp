@@ -1,0 +1,41 @@
+#include "install/main_model.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace tamblin {
+namespace {
+
+bool IsRegisteredHost(const HostFolderCombo& combo, const std::wstring& folder) {
+    return std::any_of(combo.entries.begin(), combo.entries.end(), [&](const std::wstring& entry) {
+        return EqualIgnoringCase(WithoutBackslash(entry), folder);
+    });
+}
+
+// Archives are always offered; definition files and the host program only outside the registered
+// host folders, where they belong to the host.
+bool IsOfferedForInstall(const std::wstring& name, const std::wstring& folder,
+                         const HostFolderCombo& combo) {
+    if (EndsWithIgnoringCase(name, L".LZH"))
+        return true;
+    if (!EndsWithIgnoringCase(name, L".OBL") && !EqualIgnoringCase(name, HostProgramName))
+        return false;
+    return !IsRegisteredHost(combo, folder);
+}
+
+} // namespace
+
+ActionButtons::ActionButtons() {
+    // Folder management, leaving, quick help and the folder check need no selection.
+    for (const size_t command : {6, 8, 10, 12})
+        enabled[command] = true;
+}
+
+MainModel::MainModel(Platform& platform, SettingsState& state)
+    : browser(platform, state.BrowseStartFolder,
+              [this](const std::wstring& name, const std::wstring& folder) {
+                  return IsOfferedForInstall(name, folder, combo);
+              }) {}
+
+} // namespace tamblin

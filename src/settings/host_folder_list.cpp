@@ -1,0 +1,64 @@
+#include "settings/host_folder_list.h"
+
+#include <algorithm>
+
+#include "base/run_time_error.h"
+#include "platform/file_lists.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t HostNotFoundText[] = L"Vimora が見つかりませんでした。";
+constexpr wchar_t NotChangedText[] = L"変更されませんでした。";
+constexpr wchar_t AlreadyRegisteredText[] =
+    L"このフォルダは、すでに登録されています。別のフォルダを指定してください。";
+
+bool IsRegistered(const SettingsState& state, const std::wstring& folder) {
+    const auto first = state.HostFolders.begin() + 1;
+    const auto last = first + state.HostFolderCount;
+    return std::find(first, last, folder) != last;
+}
+
+void Store(SettingsState& state, const std::wstring& folder) {
+    if (!state.EditMode)
+        ++state.HostFolderCount;
+    const auto slot = static_cast<size_t>(state.EditMode ? state.EditIndex : state.HostFolderCount);
+    if (slot >= state.HostFolders.size())
+        throw RunTimeError(ErrorNumber::SubscriptOutOfRange).AsFatal();
+    state.HostFolders[slot] = folder;
+}
+
+} // namespace
+
+bool IsHostFolder(const std::wstring& prefix, const FileProbe& exists) {
+    return exists(prefix + HostProgramName) && exists(prefix + HostStartUpFileName);
+}
+
+bool RegisterHostFolder(SettingsState& state, const std::wstring& folder, Platform& platform) {
+    const bool duplicate = IsRegistered(state, folder);
+    const bool hostMissing = !IsHostFolder(
+        folder + L"\\", [&](const std::wstring& path) { return FileExists(platform.files, path); });
+    if (hostMissing) {
+        platform.messages.Inform(HostNotFoundText);
+        return true;
+    }
+    if (duplicate)
+        platform.messages.Inform(state.EditMode ? NotChangedText : AlreadyRegisteredText);
+    // A change to a folder that is already registered is said to be none, and is stored.
+    if (!duplicate || state.EditMode)
+        Store(state, folder);
+    return duplicate;
+}
+
+void FillHostFolderCombo(HostFolderCombo& combo, const SettingsState& state) {
+    combo.entries.clear();
+    combo.selected.reset();
+    for (size_t slot = 1; slot <= static_cast<size_t>(state.HostFolderCount); ++slot) {
+        const std::wstring& folder = state.HostFolders[slot];
+        if (folder == state.DefaultFolder && !folder.empty())
+            combo.selected = combo.entries.size();
+        combo.entries.push_back(folder);
+    }
+}
+
+} // namespace tamblin

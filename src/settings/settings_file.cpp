@@ -1,0 +1,230 @@
+#include "settings/settings_file.h"
+
+#include <algorithm>
+
+#include "base/byte_lines.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "platform/file_lists.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t FileName[] = L"tamb.ini";
+constexpr wchar_t BackupName[] = L"tamb.bak";
+constexpr std::string_view OwnVersion = "Ver.0.61";
+constexpr std::string_view AcceptedVersions[] = {"Ver.0.60 Beta-2", "Ver.0.60", OwnVersion};
+constexpr std::string_view OnValues[] = {"ON", "on", "On"};
+
+bool IsOneOf(std::string_view value, const auto& values) {
+    return std::find(std::begin(values), std::end(values), value) != std::end(values);
+}
+
+// A folder as it stands before a file name in a probe: a drive root gets no second separator.
+std::wstring ProbePrefix(const std::wstring& folder) {
+    return folder.size() > 3 ? folder + L"\\" : folder;
+}
+
+// A probe that names what cannot exist has found nothing; any other failure counts.
+template <typename Probe>
+auto ProbeOr(Probe probe, decltype(probe()) notFound) {
+    try {
+        return probe();
+    } catch (const RunTimeError& error) {
+        if (error.Number() != ErrorNumber::BadFileName)
+            throw;
+        return notFound;
+    }
+}
+
+bool ProbeFile(FileSystem& files, const std::wstring& path) {
+    return ProbeOr([&] { return FileExists(files, path); }, false);
+}
+
+// What a listing of "*.*" finds: a folder that is not there holds nothing.
+bool HoldsPlainFiles(FileSystem& files, const std::wstring& prefix) {
+    const auto look = [&] {
+        try {
+            return !ListFolder(files, prefix).files.empty();
+        } catch (const RunTimeError& error) {
+            if (error.Number() != ErrorNumber::PathNotFound)
+                throw;
+            return false;
+        }
+    };
+    return ProbeOr(look, false);
+}
+
+std::string_view KeyOf(std::string_view item) {
+    const size_t equals = item.find('=');
+    return equals == std::string_view::npos ? item : item.substr(0, equals + 1);
+}
+
+void AddLine(std::string& text, std::string_view start, std::string_view value = {}) {
+    text.append(start).append(value).append(LineEnd);
+}
+
+} // namespace
+
+std::wstring SettingsFile::Path() const {
+    return WithBackslash(platform.programFolder) + FileName;
+}
+
+bool SettingsFile::ReadSetting(std::string_view key) {
+    bool result = false;
+    bool opened = false;
+    try {
+        if (leftOpen || !FileExists(platform.files, Path()))
+            return false;
+        const std::string bytes = platform.files.Read(Path());
+        opened = true;
+        if (key == setting_keys::VmrFolder)
+            ReadFolders(bytes, result);
+        else
+            result = ReadKey(key, bytes);
+    } catch (const RunTimeError&) {
+        leftOpen = opened;
+    }
+    return result;
+}
+
+bool SettingsFile::ReadKey(std::string_view key, std::string_view bytes) {
+    LineReader lines(bytes);
+    while (const auto line = lines.Next())
+        if (line->starts_with(key))
+            return TakeValue(key, line->substr(key.size()));
+    return false;
+}
+
+bool SettingsFile::TakeValue(std::string_view key, std::string_view value) {
+    if (key == setting_keys::Default)
+        return TakeDefaultFolder(platform.ansi.Decode(value));
+    if (key == setting_keys::ViewFolder)
+        return TakeViewFolder(platform.ansi.Decode(value));
+    if (key == setting_keys::Version)
+        return TakeVersion(value);
+    if (key == setting_keys::KvaOption)
+        state.KvaOption = IsOneOf(value, OnValues) ? L"ON" : L"OFF";
+    return false;
+}
+
+bool SettingsFile::TakeDefaultFolder(const std::wstring& folder) {
+    const FileProbe exists = [this](const std::wstring& path) {
+        return ProbeFile(platform.files, path);
+    };
+    if (!IsHostFolder(ProbePrefix(folder), exists))
+        return false;
+    state.DefaultFolder = folder;
+    return true;
+}
+
+bool SettingsFile::TakeViewFolder(const std::wstring& folder) {
+    if (!HoldsPlainFiles(platform.files, ProbePrefix(folder)))
+        return false;
+    state.ViewFolder = folder;
+    return true;
+}
+
+bool SettingsFile::TakeVersion(std::string_view version) {
+    state.VersionKnown = IsOneOf(version, AcceptedVersions);
+    return state.VersionKnown;
+}
+
+// `result` is set as soon as one folder has been taken: a later failure does not take it back.
+void SettingsFile::ReadFolders(std::string_view bytes, bool& result) {
+    const FileProbe exists = [this](const std::wstring& path) {
+        return ProbeFile(platform.files, path);
+    };
+    state.HostFolderCount = 0;
+    LineReader lines(bytes);
+    while (state.HostFolderCount < HostFolderLimit) {
+        const auto line = lines.Next();
+        if (!line)
+            break;
+        if (!line->starts_with(setting_keys::VmrFolder))
+            continue;
+        const std::wstring folder =
+            platform.ansi.Decode(line->substr(setting_keys::VmrFolder.size()));
+        if (folder.size() <= 2 || !IsHostFolder(WithBackslash(folder), exists))
+            continue;
+        ++state.HostFolderCount;
+        state.HostFolders[static_cast<size_t>(state.HostFolderCount)] = folder;
+        result = true;
+    }
+}
+
+void SettingsFile::SaveSettings(const HostFolderCombo& combo, const std::wstring& browserFolder) {
+    try {
+        platform.files.SetCurrentFolder(platform.programFolder);
+        if (FileExists(platform.files, FileName))
+            RewriteSettings(combo, browserFolder);
+        else
+            WriteDefaultSettings(combo, browserFolder);
+    } catch (const RunTimeError& error) {
+        throw error.AsFatal();
+    }
+}
+
+void SettingsFile::WriteDefaultSettings(const HostFolderCombo& combo,
+                                        const std::wstring& browserFolder) {
+    const auto values = CurrentValues(combo, browserFolder);
+    std::string text;
+    AddLine(text, "# Tamblin");
+    AddLine(text, "# Configuration File");
+    AddLine(text, "");
+    for (const std::string_view key :
+         {setting_keys::Version, setting_keys::Default, setting_keys::KvaOption})
+        AddLine(text, key, values.at(key));
+    text += FolderLines(combo);
+    AddLine(text, setting_keys::ViewFolder, values.at(setting_keys::ViewFolder));
+    AddLine(text, "");
+    platform.files.Write(FileName, text);
+}
+
+void SettingsFile::RewriteSettings(const HostFolderCombo& combo,
+                                   const std::wstring& browserFolder) {
+    if (FileExists(platform.files, BackupName))
+        platform.files.Delete(BackupName);
+    platform.files.Rename(FileName, BackupName);
+
+    const std::string former = platform.files.Read(BackupName);
+    const auto values = CurrentValues(combo, browserFolder);
+    std::string text;
+    bool foldersWritten = false;
+    FieldReader fields(former);
+    while (const auto item = fields.Next()) {
+        const std::string_view key = KeyOf(*item);
+        const auto value = values.find(key);
+        if (value != values.end()) {
+            AddLine(text, key, value->second);
+        } else if (key != setting_keys::VmrFolder) {
+            AddLine(text, *item);
+        } else if (!foldersWritten) {
+            text += FolderLines(combo);
+            foldersWritten = true;
+        }
+    }
+    if (!foldersWritten)
+        text += FolderLines(combo);
+    platform.files.Write(FileName, text);
+    platform.files.Delete(BackupName);
+}
+
+std::map<std::string_view, std::string> SettingsFile::CurrentValues(
+    const HostFolderCombo& combo, const std::wstring& browserFolder) {
+    return {
+        {setting_keys::Version, std::string(OwnVersion)},
+        {setting_keys::Default, platform.ansi.Encode(combo.Text())},
+        {setting_keys::KvaOption, platform.ansi.Encode(state.KvaOption)},
+        {setting_keys::ViewFolder, platform.ansi.Encode(browserFolder)},
+    };
+}
+
+std::string SettingsFile::FolderLines(const HostFolderCombo& combo) {
+    std::string text;
+    for (const std::wstring& folder : combo.entries)
+        AddLine(text, setting_keys::VmrFolder, platform.ansi.Encode(folder));
+    return text;
+}
+
+} // namespace tamblin
