@@ -1,0 +1,50 @@
+// A desktop shell over a MemoryFileSystem. Its deeds stand in the file system's log too
+// ("DeleteTree C:\a", "MoveToRecycleBin C:\a"), so that a test sees them in order.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/desktop_shell.h"
+#include "support/memory_file_system.h"
+
+namespace tamblin {
+
+class DesktopShellFake : public DesktopShell {
+  public:
+    explicit DesktopShellFake(MemoryFileSystem& memoryFiles) : files(memoryFiles) {}
+
+    struct Opened {
+        std::wstring document;
+        std::wstring workingFolder;
+
+        bool operator==(const Opened&) const = default;
+    };
+
+    std::vector<std::wstring> deleted; // paths as requested
+    std::vector<Opened> opened;
+    std::optional<std::wstring> desktopFolder;
+    bool refuses = false; // requests are recorded and come to nothing
+
+    // What lies in the recycle bin, by the paths it had.
+    std::vector<std::wstring> Recycled() const;
+    // Puts it back where it was; false when it is not in the bin or its place is taken.
+    bool Restore(const std::wstring& path);
+
+    void DeleteTree(const std::wstring& path) override;
+    void MoveToRecycleBin(const std::wstring& path) override;
+    void Open(const std::wstring& document, const std::wstring& workingFolder) override;
+    std::optional<std::wstring> DesktopFolder() override { return desktopFolder; }
+
+  private:
+    struct RecycledTree {
+        std::wstring path;
+        MemoryFileSystem::NodePointer tree;
+    };
+
+    MemoryFileSystem& files;
+    std::vector<RecycledTree> recycleBin;
+};
+
+} // namespace tamblin

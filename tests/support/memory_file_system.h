@@ -1,0 +1,138 @@
+// Drives in memory that behave as Windows drives do: the FileSystem of the tests.
+//
+// Beyond FileSystem it offers what a test needs to set a scene (drives, files, links, locks, full
+// and vanished disks), to make any one operation fail, and to look at what is left. These helpers
+// are neither counted nor logged, and they throw std::logic_error when the test asks nonsense.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/run_time_error.h"
+#include "platform/file_system.h"
+
+namespace tamblin {
+
+class MemoryFileSystem : public FileSystem {
+  public:
+    struct Node;
+    struct NodeDeleter {
+        void operator()(Node* node) const;
+    };
+    using NodePointer = std::unique_ptr<Node, NodeDeleter>; // a node and all below it
+    using Tree = std::map<std::wstring, std::string>;
+
+    MemoryFileSystem();
+    ~MemoryFileSystem() override;
+
+    // The first drive becomes the current one. A capacity counts the bytes in files; folders and
+    // empty files take no room, but a full disk takes no new folder either.
+    void AddDrive(const std::wstring& drive, DriveType type = DriveType::Fixed);
+    void SetCapacity(const std::wstring& drive, std::uint64_t bytes);
+    void SetReady(const std::wstring& drive, bool ready);
+    // The drive vanishes, or comes back with all it held.
+    void RemoveDrive(const std::wstring& drive);
+    void ReturnDrive(const std::wstring& drive);
+
+    // Folders on the way are made. AddFile replaces what is there, read-only or not.
+    void AddFile(const std::wstring& path, std::string_view bytes = {},
+                 FileAttributes attributes = {.archive = true});
+    void AddFolder(const std::wstring& path, FileAttributes attributes = {});
+    void AddLink(const std::wstring& path, const std::wstring& targetFolder);
+
+    // What another program does with a file (or, exclusively, with a folder).
+    enum class LockKind { Exclusive, DenyWriting };
+    void Lock(const std::wstring& path, LockKind kind = LockKind::Exclusive);
+    void Unlock(const std::wstring& path);
+
+    bool Exists(const std::wstring& path) const;
+    std::string Contents(const std::wstring& file) const;
+    FileAttributes AttributesOf(const std::wstring& path) const;
+    // Full paths and bytes of all below a folder, or of all drives. Folders end in "\"; links are
+    // listed and not followed.
+    Tree Snapshot(const std::wstring& folder = {}) const;
+
+    // Every call of a FileSystem method is one operation, whether it succeeds or not.
+    size_t OperationCount() const { return operationCount; }
+    // "Delete C:\a", "Rename C:\a -> C:\b"; paths in full.
+    const std::vector<std::wstring>& Log() const { return log; }
+    size_t CountLogged(std::wstring_view start) const;
+    // Starts the log and the count anew.
+    void ForgetOperations();
+    void KeepLog(bool keep) { keepsLog = keep; }
+    // Adds a line of another fake, so that one log shows the order of all.
+    void AddToLog(const std::wstring& line);
+    // The n-th operation from now (the next one is 1) throws instead of doing anything.
+    void FailOperation(size_t n, ErrorNumber error);
+    void FailNothing() { failing.reset(); }
+
+    // What a shell does with a tree: all goes that is not in use, read-only or not. The last two
+    // take a tree off the disk and put it back; false or nothing when it is in use or not there.
+    void DeleteTree(const std::wstring& path);
+    NodePointer TakeTree(const std::wstring& path);
+    bool PutTree(const std::wstring& path, NodePointer& tree);
+
+    std::optional<FolderEntry> Find(const std::wstring& path) override;
+    std::vector<FolderEntry> List(const std::wstring& folder) override;
+    std::string Read(const std::wstring& file) override;
+    void Write(const std::wstring& file, std::string_view bytes) override;
+    void Copy(const std::wstring& from, const std::wstring& to) override;
+    void Rename(const std::wstring& from, const std::wstring& to) override;
+    void Delete(const std::wstring& file) override;
+    void MakeFolder(const std::wstring& folder) override;
+    void RemoveFolder(const std::wstring& folder) override;
+    void SetAttributes(const std::wstring& path, FileAttributes attributes) override;
+    std::wstring CurrentFolder() override;
+    void SetCurrentFolder(const std::wstring& folder) override;
+    std::vector<tamblin::Drive> Drives() override;
+
+  private:
+    struct DriveState;
+    struct Location;
+    struct DriveErrors;
+    struct Failure {
+        size_t operation;
+        ErrorNumber error;
+    };
+
+    void Begin(std::wstring_view operation, const std::wstring& path = {},
+               const std::wstring& target = {});
+    std::optional<Location> Parse(const std::wstring& path) const;
+    std::wstring InFull(const std::wstring& path) const;
+    DriveState* DriveOf(const Location& location) const;
+    Location Locate(const std::wstring& path) const;
+    Location Locate(const std::wstring& path, const DriveErrors& errors) const;
+    Location LocateFile(const std::wstring& path) const;
+    Location LocateForTest(const std::wstring& path) const;
+
+    Node* Walk(const Location& location) const;
+    Node* Follow(Node* node, int depth = 0) const;
+    Node* Step(Node* folder, const std::wstring& name, int depth) const;
+    Node& FolderHolding(const Location& location) const;
+    Node& Existing(const Location& location) const;
+    Node& ExistingFolder(const Location& location, ErrorNumber error) const;
+    Node& ExistingForTest(const std::wstring& path) const;
+    Node& MakeWayForTest(const Location& location);
+
+    bool HoldsCurrentFolder(const Node& folder) const;
+    bool IsInUse(const Node& tree) const;
+    void Fill(Node& file, std::string_view bytes);
+    void Erase(Node& node);
+    bool DeleteUnused(Node& node);
+    static DriveState& DriveUnder(const Node& node);
+
+    std::map<wchar_t, std::unique_ptr<DriveState>> drives; // by upper-case letter
+    wchar_t currentDrive = 0;
+    std::vector<Node*> locked;
+    size_t operationCount = 0;
+    std::optional<Failure> failing;
+    std::vector<std::wstring> log;
+    bool keepsLog = true;
+};
+
+} // namespace tamblin

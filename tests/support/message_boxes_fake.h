@@ -1,0 +1,44 @@
+// Records the message boxes of a test and answers its questions.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/message_boxes.h"
+
+namespace tamblin {
+
+class MessageBoxesFake : public MessageBoxes {
+  public:
+    enum class Kind { Inform, AskOkCancel, AskYesNo, AskRetryCancel };
+
+    struct Box {
+        Kind kind;
+        std::wstring text;
+        MessageIcon icon = MessageIcon::None;
+
+        bool operator==(const Box&) const = default;
+    };
+
+    std::vector<Box> shown;
+    // Answers to the next questions, in order; when they are used up, `answer` stands for the rest.
+    std::deque<bool> answers;
+    bool answer = true;
+    // Called while a box stands on the screen, before it is answered.
+    std::function<void(const Box&)> onShow;
+
+    std::vector<std::wstring> Texts() const;
+
+    void Inform(const std::wstring& text, MessageIcon icon = MessageIcon::None) override;
+    bool AskOkCancel(const std::wstring& text) override;
+    bool AskYesNo(const std::wstring& text) override;
+    bool AskRetryCancel(const std::wstring& text) override;
+
+  private:
+    void Show(Box box);
+    bool Ask(Kind kind, const std::wstring& text);
+};
+
+} // namespace tamblin

@@ -1,0 +1,227 @@
+// What MemoryFileSystem offers beyond the contract of FileSystem (which has tests of its own):
+// scenes, faults, locks, disks that fill up or vanish, logs.
+#include "support/memory_file_system.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace tamblin {
+namespace {
+
+using testing::ElementsAre;
+
+template <typename Action>
+int ErrorOf(Action action) {
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        return static_cast<int>(error.Number());
+    }
+    return 0;
+}
+
+class MemoryFileSystemTest : public testing::Test {
+  protected:
+    MemoryFileSystemTest() {
+        files.AddDrive(L"C:");
+        files.AddDrive(L"D:", DriveType::Removable);
+    }
+
+    MemoryFileSystem files;
+};
+
+TEST_F(MemoryFileSystemTest, SnapshotShowsFilesAndFoldersOfAllDrives) {
+    files.AddFile(L"C:\\a\\b.txt", "bytes");
+    files.AddFolder(L"D:\\empty");
+    const MemoryFileSystem::Tree expected = {
+        {L"C:\\a\\", ""}, {L"C:\\a\\b.txt", "bytes"}, {L"D:\\empty\\", ""}};
+    EXPECT_EQ(files.Snapshot(), expected);
+    EXPECT_EQ(files.Snapshot(L"C:\\A"), (MemoryFileSystem::Tree{{L"C:\\A\\b.txt", "bytes"}}));
+    EXPECT_EQ(files.OperationCount(), 0U);
+}
+
+TEST_F(MemoryFileSystemTest, SnapshotListsLinksWithoutFollowingThem) {
+    files.AddFile(L"C:\\real\\x", "1");
+    files.AddLink(L"C:\\link", L"C:\\real");
+    EXPECT_EQ(files.Snapshot().count(L"C:\\link\\"), 1U);
+    EXPECT_EQ(files.Snapshot().count(L"C:\\link\\x"), 0U);
+    EXPECT_EQ(files.Read(L"C:\\link\\x"), "1");
+}
+
+TEST_F(MemoryFileSystemTest, LinkThatLeadsInACircleLeadsNowhere) {
+    files.AddLink(L"C:\\one", L"C:\\two");
+    files.AddLink(L"C:\\two", L"C:\\one");
+    EXPECT_EQ(ErrorOf([&] { files.List(L"C:\\one"); }), 76);
+    EXPECT_EQ(files.Find(L"C:\\one\\x"), std::nullopt);
+}
+
+TEST_F(MemoryFileSystemTest, LogsOperationsWithFullPathsInOrder) {
+    files.AddFolder(L"C:\\work");
+    files.SetCurrentFolder(L"C:\\work");
+    files.Write(L"a", "1");
+    files.Copy(L"a", L"D:b");
+    EXPECT_EQ(ErrorOf([&] { files.Delete(L"nosuch"); }), 53);
+    EXPECT_THAT(files.Log(), ElementsAre(L"SetCurrentFolder C:\\work", L"Write C:\\work\\a",
+                                         L"Copy C:\\work\\a -> D:\\b", L"Delete C:\\work\\nosuch"));
+    EXPECT_EQ(files.OperationCount(), 4U);
+    EXPECT_EQ(files.CountLogged(L"Write"), 1U);
+    files.ForgetOperations();
+    EXPECT_EQ(files.OperationCount(), 0U);
+    EXPECT_TRUE(files.Log().empty());
+}
+
+TEST_F(MemoryFileSystemTest, FailsTheChosenOperationOnceAndUndone) {
+    files.AddFile(L"C:\\a", "old");
+    files.Find(L"C:\\a");
+    files.FailOperation(2, ErrorNumber::DeviceIo);
+    EXPECT_EQ(files.Read(L"C:\\a"), "old");
+    EXPECT_EQ(ErrorOf([&] { files.Write(L"C:\\a", "new"); }), 57);
+    EXPECT_EQ(files.Contents(L"C:\\a"), "old");
+    files.Write(L"C:\\a", "new");
+    EXPECT_EQ(files.Contents(L"C:\\a"), "new");
+}
+
+TEST_F(MemoryFileSystemTest, FailureCountsOnWhenOperationsAreForgotten) {
+    files.AddFile(L"C:\\a");
+    files.Find(L"C:\\a");
+    files.FailOperation(2, ErrorNumber::DeviceIo);
+    files.Find(L"C:\\a");
+    files.ForgetOperations();
+    EXPECT_EQ(ErrorOf([&] { files.Find(L"C:\\a"); }), 57);
+}
+
+TEST_F(MemoryFileSystemTest, ExclusiveLockForbidsEverythingButLooking) {
+    files.AddFile(L"C:\\a", "old");
+    files.Lock(L"C:\\a");
+    EXPECT_EQ(ErrorOf([&] { files.Read(L"C:\\a"); }), 70);
+    EXPECT_EQ(ErrorOf([&] { files.Write(L"C:\\a", "new"); }), 70);
+    EXPECT_EQ(ErrorOf([&] { files.Copy(L"C:\\a", L"C:\\b"); }), 70);
+    EXPECT_EQ(ErrorOf([&] { files.Rename(L"C:\\a", L"C:\\b"); }), 70);
+    EXPECT_EQ(ErrorOf([&] { files.Delete(L"C:\\a"); }), 70);
+    EXPECT_TRUE(files.Find(L"C:\\a"));
+    files.Unlock(L"C:\\a");
+    EXPECT_EQ(files.Read(L"C:\\a"), "old");
+}
+
+TEST_F(MemoryFileSystemTest, LockAgainstWritingLetsOthersRead) {
+    files.AddFile(L"C:\\a", "old");
+    files.Lock(L"C:\\a", MemoryFileSystem::LockKind::DenyWriting);
+    files.Copy(L"C:\\a", L"C:\\b");
+    EXPECT_EQ(files.Read(L"C:\\a"), "old");
+    EXPECT_EQ(ErrorOf([&] { files.Copy(L"C:\\b", L"C:\\a"); }), 70);
+    EXPECT_EQ(ErrorOf([&] { files.Delete(L"C:\\a"); }), 70);
+}
+
+TEST_F(MemoryFileSystemTest, FolderWithALockedFileIsNotRenamed) {
+    files.AddFile(L"C:\\folder\\a");
+    files.Lock(L"C:\\folder\\a");
+    EXPECT_EQ(ErrorOf([&] { files.Rename(L"C:\\folder", L"C:\\other"); }), 75);
+}
+
+TEST_F(MemoryFileSystemTest, LockedFolderIsNotRemoved) {
+    files.AddFolder(L"C:\\folder");
+    files.Lock(L"C:\\folder");
+    EXPECT_EQ(ErrorOf([&] { files.RemoveFolder(L"C:\\folder"); }), 75);
+}
+
+TEST_F(MemoryFileSystemTest, WriteOnAFullDiskKeepsWhatFitted) {
+    files.SetCapacity(L"C:", 10);
+    files.Write(L"C:\\a", "123456");
+    EXPECT_EQ(ErrorOf([&] { files.Write(L"C:\\b", "1234567"); }), 61);
+    EXPECT_EQ(files.Contents(L"C:\\b"), "1234");
+    EXPECT_EQ(ErrorOf([&] { files.MakeFolder(L"C:\\folder"); }), 61);
+    files.Delete(L"C:\\a");
+    files.Write(L"C:\\b", "1234567");
+    EXPECT_EQ(files.Contents(L"C:\\b"), "1234567");
+}
+
+TEST_F(MemoryFileSystemTest, CopyToAFullDiskLeavesNoTarget) {
+    files.AddFile(L"C:\\a", "123456");
+    files.AddFile(L"D:\\a", "old");
+    files.SetCapacity(L"D:", 5);
+    EXPECT_EQ(ErrorOf([&] { files.Copy(L"C:\\a", L"D:\\a"); }), 61);
+    EXPECT_FALSE(files.Exists(L"D:\\a"));
+    files.Write(L"D:\\b", "12345");
+    EXPECT_EQ(files.Contents(L"D:\\b"), "12345");
+}
+
+TEST_F(MemoryFileSystemTest, DriveThatIsNotReady) {
+    files.AddFile(L"D:\\a");
+    files.SetReady(L"D:", false);
+    EXPECT_EQ(ErrorOf([&] { files.List(L"D:\\"); }), 68);
+    EXPECT_EQ(ErrorOf([&] { files.SetCurrentFolder(L"D:\\"); }), 68);
+    EXPECT_EQ(ErrorOf([&] { files.Find(L"D:\\a"); }), 71);
+    EXPECT_EQ(ErrorOf([&] { files.Read(L"D:\\a"); }), 71);
+    EXPECT_EQ(ErrorOf([&] { files.Copy(L"D:\\a", L"C:\\a"); }), 71);
+    EXPECT_EQ(ErrorOf([&] { files.MakeFolder(L"D:\\b"); }), 71);
+    EXPECT_EQ(files.Drives().size(), 2U);
+    files.SetReady(L"D:", true);
+    EXPECT_EQ(files.List(L"D:\\").size(), 1U);
+}
+
+TEST_F(MemoryFileSystemTest, DriveThatVanishes) {
+    files.AddFile(L"D:\\a");
+    files.RemoveDrive(L"D:");
+    EXPECT_EQ(ErrorOf([&] { files.List(L"D:\\"); }), 68);
+    EXPECT_EQ(ErrorOf([&] { files.Find(L"D:\\a"); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.Read(L"D:\\a"); }), 76);
+    EXPECT_EQ(files.Drives().size(), 1U);
+    files.ReturnDrive(L"D:");
+    EXPECT_TRUE(files.Find(L"D:\\a"));
+}
+
+TEST_F(MemoryFileSystemTest, EachDriveRemembersItsFolder) {
+    files.AddFolder(L"C:\\c");
+    files.AddFolder(L"D:\\d");
+    files.SetCurrentFolder(L"D:\\d");
+    files.SetCurrentFolder(L"C:\\c");
+    files.Write(L"D:x", "1");
+    EXPECT_EQ(files.Contents(L"D:\\d\\x"), "1");
+    files.SetCurrentFolder(L"D:");
+    EXPECT_EQ(files.CurrentFolder(), L"D:\\d");
+}
+
+TEST_F(MemoryFileSystemTest, DeletingATreeSparesWhatIsInUse) {
+    files.AddFile(L"C:\\t\\free", "1", {.readOnly = true});
+    files.AddFile(L"C:\\t\\sub\\held", "2");
+    files.AddLink(L"C:\\t\\link", L"D:\\");
+    files.AddFile(L"D:\\kept", "3");
+    files.Lock(L"C:\\t\\sub\\held");
+    files.DeleteTree(L"C:\\t");
+    const MemoryFileSystem::Tree expected = {
+        {L"C:\\t\\", ""}, {L"C:\\t\\sub\\", ""}, {L"C:\\t\\sub\\held", "2"}, {L"D:\\kept", "3"}};
+    EXPECT_EQ(files.Snapshot(), expected);
+    files.Unlock(L"C:\\t\\sub\\held");
+    files.DeleteTree(L"C:\\t");
+    EXPECT_FALSE(files.Exists(L"C:\\t"));
+    EXPECT_TRUE(files.Exists(L"D:\\kept"));
+}
+
+TEST_F(MemoryFileSystemTest, HelpersRefuseNonsense) {
+    EXPECT_THROW(files.Contents(L"C:\\nosuch"), std::logic_error);
+    EXPECT_THROW(files.AddFile(L"E:\\a"), std::logic_error);
+    EXPECT_THROW(files.AddDrive(L"c:"), std::logic_error);
+    files.AddFile(L"C:\\file");
+    EXPECT_THROW(files.AddFile(L"C:\\file\\below"), std::logic_error);
+}
+
+// A listing costs what its own folder holds, however much lies elsewhere.
+TEST_F(MemoryFileSystemTest, ListingDoesNotGrowWithTheRestOfTheDrive) {
+    const auto listingTime = [&] {
+        const auto start = std::chrono::steady_clock::now();
+        for (int turn = 0; turn < 200; ++turn)
+            EXPECT_EQ(files.List(L"C:\\small").size(), 10U);
+        return std::chrono::steady_clock::now() - start;
+    };
+    for (int index = 0; index < 10; ++index)
+        files.AddFile(L"C:\\small\\" + std::to_wstring(index));
+    const auto before = listingTime();
+    for (int index = 0; index < 5000; ++index)
+        files.AddFile(L"C:\\big\\" + std::to_wstring(index));
+    EXPECT_LT(listingTime(), before * 20);
+}
+
+} // namespace
+} // namespace tamblin
