@@ -6,6 +6,9 @@
 #include "install/installed_list.h"
 #include "install/package_staging.h"
 #include "install/selection_rules.h"
+#include "maintenance/start_up_file.h"
+#include "maintenance/uninstall.h"
+#include "maintenance/updates.h"
 
 namespace tamblin {
 namespace {
@@ -84,6 +87,38 @@ void MainScreen::DeselectInstalledPressed() {
 void MainScreen::DeselectFilesPressed() {
     model.browser.Files().DeselectAll();
     model.buttons[9] = false;
+}
+
+void MainScreen::UpdateHostPressed() {
+    UpdateHostProgram(model, platform);
+}
+
+void MainScreen::UpdateDefinitionPressed() {
+    UpdateDefinitionFile(model, platform);
+}
+
+void MainScreen::UninstallPressed() {
+    Uninstall(model, state, platform);
+}
+
+void MainScreen::SetStartUpCharacterPressed() {
+    SetStartUpCharacter(model, platform);
+}
+
+void MainScreen::CheckPressed(FolderCheck& check) {
+    check.RunCheck(model);
+}
+
+void MainScreen::LaunchPressed() {
+    LaunchCharacter(model, platform);
+}
+
+void MainScreen::ShowReadmePressed() {
+    ShowReadme(model, platform);
+}
+
+std::optional<CharacterMenu> MainScreen::InstalledListMenu() {
+    return MenuForInstalledList(model, platform);
 }
 
 bool MainScreen::ExitPressed() {

@@ -7,6 +7,8 @@
 
 #include "install/install.h"
 #include "install/main_model.h"
+#include "maintenance/folder_check.h"
+#include "maintenance/launch.h"
 #include "platform/platform.h"
 #include "settings/settings_file.h"
 #include "settings/settings_state.h"
@@ -33,6 +35,14 @@ class MainScreen {
     void SettingsPressed();                     // Command6: before folder management is shown
     void DeselectInstalledPressed();            // Command7
     void DeselectFilesPressed();                // Command9
+    void UpdateHostPressed();                   // Command3
+    void UpdateDefinitionPressed();             // Command4
+    void UninstallPressed();                    // Command5
+    void SetStartUpCharacterPressed();          // Command11
+    void CheckPressed(FolderCheck& check);      // Command12: before the result window is shown
+    void LaunchPressed();                       // Command13, mnrun
+    void ShowReadmePressed();                   // Command14, mnview
+    std::optional<CharacterMenu> InstalledListMenu();
 
     // Leaving: both save, then ask. True when the window has to be closed.
     bool ExitPressed();     // Command8

@@ -19,9 +19,13 @@ void SelectionList::Assign(std::vector<std::wstring> newEntries) {
     selected.assign(entries.size(), false);
 }
 
-void SelectionList::Remove(size_t index) {
-    entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(index));
-    selected.erase(selected.begin() + static_cast<std::ptrdiff_t>(index));
+void SelectionList::RemoveSelected() {
+    size_t kept = 0;
+    for (size_t index = 0; index < entries.size(); ++index)
+        if (!selected[index] && kept++ != index)
+            entries[kept - 1] = std::move(entries[index]);
+    entries.resize(kept);
+    selected.assign(kept, false);
 }
 
 void SelectionList::DeselectAll() {
@@ -44,6 +48,15 @@ std::optional<size_t> SelectionList::LastSelected() const {
         if (selected[index - 1])
             return index - 1;
     return std::nullopt;
+}
+
+std::optional<size_t> SelectionList::Longest() const {
+    const auto longest =
+        std::max_element(entries.begin(), entries.end(),
+                         [](const auto& a, const auto& b) { return a.size() < b.size(); });
+    if (longest == entries.end())
+        return std::nullopt;
+    return static_cast<size_t>(longest - entries.begin());
 }
 
 } // namespace tamblin

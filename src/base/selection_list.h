@@ -12,7 +12,7 @@ class SelectionList {
     void Clear();
     void Add(std::wstring entry);
     void Assign(std::vector<std::wstring> newEntries);
-    void Remove(size_t index);
+    void RemoveSelected();
 
     const std::vector<std::wstring>& Entries() const { return entries; }
     const std::wstring& operator[](size_t index) const { return entries[index]; }
@@ -26,6 +26,9 @@ class SelectionList {
     size_t SelectedCount() const;
     std::optional<size_t> FirstSelected() const;
     std::optional<size_t> LastSelected() const;
+
+    // The entry with the most characters, the first of several such; nothing in an empty list.
+    std::optional<size_t> Longest() const;
 
   private:
     std::vector<std::wstring> entries;

@@ -36,7 +36,11 @@ void RefreshInstalledList(MainModel& model, SettingsState& state, Platform& plat
     if (hostFolder != installed.folder)
         ApplySelectionRules(model, state, platform);
     state.DefaultFolder = hostFolder;
+    ListHostFolder(installed, hostFolder, platform);
+    FillNames(installed);
+}
 
+void ListHostFolder(InstalledList& installed, const std::wstring& hostFolder, Platform& platform) {
     installed.folder = hostFolder;
     installed.subfolders.clear();
     installed.definitionFiles.clear();
@@ -45,7 +49,6 @@ void RefreshInstalledList(MainModel& model, SettingsState& state, Platform& plat
     FolderListing listing = ListFolder(platform.files, hostFolder);
     installed.subfolders = std::move(listing.folders);
     installed.definitionFiles = DefinitionFiles(listing.files);
-    FillNames(installed);
 }
 
 } // namespace tamblin

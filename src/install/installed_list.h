@@ -12,4 +12,7 @@ namespace tamblin {
 // folder cannot be listed; the list is then empty.
 void RefreshInstalledList(MainModel& model, SettingsState& state, Platform& platform);
 
+// Reads the listings behind the list anew, not the list itself. An empty folder name has nothing.
+void ListHostFolder(InstalledList& installed, const std::wstring& hostFolder, Platform& platform);
+
 } // namespace tamblin

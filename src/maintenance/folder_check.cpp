@@ -1,0 +1,67 @@
+#include "maintenance/folder_check.h"
+
+#include "base/name_index.h"
+#include "base/text.h"
+#include "install/installed_list.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t NothingText[] = L"（該当なし）";
+constexpr wchar_t DeleteQuestion[] = L"使用可能状態にないオンブレルの定義ファイルを削除します。";
+constexpr wchar_t RecycleQuestion[] =
+    L"VMRフォルダ内にある、オンブレルとは直接関係のないフォルダをごみ箱へ移動します。";
+
+} // namespace
+
+void FolderCheck::RunCheck(MainModel& model) {
+    hostFolder = model.combo.Text();
+    ListHostFolder(model.installed, hostFolder, platform);
+
+    definitionFiles.Clear();
+    folders.Clear();
+    const NameIndex knownFiles(model.installed.definitionFiles);
+    const NameIndex knownFolders(model.installed.subfolders);
+    for (const std::wstring& folder : model.installed.subfolders)
+        if (knownFiles.Find(folder + L".obl") == nullptr)
+            folders.Add(folder);
+    for (const std::wstring& file : model.installed.definitionFiles)
+        if (knownFolders.Find(WithoutLast(file, 4)) == nullptr)
+            definitionFiles.Add(file);
+}
+
+void FolderCheck::Activate() {
+    if (definitionFiles.Empty() && folders.Empty())
+        generalNoteVisible = true;
+    if (definitionFiles.Empty()) {
+        definitionFiles.Add(NothingText);
+        definitionFilesEnabled = deleteEnabled = false;
+    }
+    if (folders.Empty()) {
+        folders.Add(NothingText);
+        foldersEnabled = false;
+    }
+}
+
+void FolderCheck::DeleteDefinitionFiles() {
+    if (!platform.messages.AskOkCancel(DeleteQuestion))
+        return;
+    for (const std::wstring& file : definitionFiles.Entries())
+        platform.files.Delete(WithBackslash(hostFolder) + file);
+    definitionFiles.Clear();
+    definitionFilesEnabled = deleteEnabled = false;
+}
+
+// From the last entry to the first, as the shell is told of them.
+void FolderCheck::MoveFoldersToRecycleBin() {
+    if (!platform.messages.AskOkCancel(RecycleQuestion))
+        return;
+    for (size_t index = folders.Size(); index > 0; --index)
+        if (folders.IsSelected(index - 1))
+            platform.shell.MoveToRecycleBin(WithBackslash(hostFolder) + folders[index - 1]);
+    folders.RemoveSelected();
+    if (folders.Empty())
+        foldersEnabled = false;
+}
+
+} // namespace tamblin

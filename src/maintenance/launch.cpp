@@ -1,0 +1,61 @@
+#include "maintenance/launch.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "install/selection_rules.h"
+#include "maintenance/start_up_file.h"
+#include "platform/file_lists.h"
+
+namespace tamblin {
+namespace {
+
+std::wstring QuotedCommandLine(const std::wstring& program) {
+    return L"\"" + program + L"\" /n";
+}
+
+} // namespace
+
+void LaunchCharacter(const MainModel& model, Platform& platform) {
+    const auto selected = model.installed.names.FirstSelected();
+    if (!selected)
+        return;
+    const std::wstring& definitionFile = model.installed.definitionFiles.at(*selected);
+    const std::wstring hostFolder = WithBackslash(model.combo.Text());
+    const std::wstring program = hostFolder + HostProgramName;
+    for (const std::wstring& needed :
+         {program, hostFolder + definitionFile, hostFolder + HostStartUpFileName})
+        if (!FileExists(platform.files, needed))
+            return;
+
+    platform.files.SetCurrentFolder(hostFolder);
+    ReplaceStartUpFile(definitionFile, platform);
+    platform.starter.StartMinimised(QuotedCommandLine(program));
+    RestoreStartUpFile(platform);
+    platform.files.SetCurrentFolder(platform.programFolder);
+}
+
+void ShowReadme(const MainModel& model, Platform& platform) {
+    const auto selected = model.installed.names.FirstSelected();
+    if (!selected)
+        return;
+    const std::wstring hostFolder = model.combo.Text();
+    const std::wstring& character = model.installed.names[*selected];
+    const std::wstring characterFolder = WithBackslash(hostFolder) + character + L"\\";
+    for (const std::wstring& readme : ReadmeCandidates(hostFolder, character))
+        if (FileExists(platform.files, readme))
+            platform.shell.Open(readme, characterFolder);
+}
+
+std::optional<CharacterMenu> MenuForInstalledList(const MainModel& model, Platform& platform) {
+    const SelectionList& names = model.installed.names;
+    if (names.SelectedCount() != 1)
+        return std::nullopt;
+    const auto readmes = ReadmeCandidates(model.combo.Text(), names[*names.FirstSelected()]);
+    const bool any = std::any_of(readmes.begin(), readmes.end(), [&](const std::wstring& readme) {
+        return FileExists(platform.files, readme);
+    });
+    return CharacterMenu{.readmeEnabled = any};
+}
+
+} // namespace tamblin

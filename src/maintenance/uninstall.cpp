@@ -1,0 +1,36 @@
+#include "maintenance/uninstall.h"
+
+#include "base/text.h"
+#include "install/installed_list.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t Question[] =
+    L"現在選択されているオンブレルをアンインストールしてもよろしいですか？";
+constexpr wchar_t DoneText[] = L"アンインストールが完了しました。";
+
+} // namespace
+
+void Uninstall(MainModel& model, SettingsState& state, Platform& platform) {
+    if (!platform.messages.AskOkCancel(Question))
+        return;
+    const std::wstring base = WithBackslash(model.installed.folder);
+    const SelectionList& names = model.installed.names;
+    std::wstring lastFolder;
+    for (size_t index = 0; index < names.Size(); ++index) {
+        if (!names.IsSelected(index))
+            continue;
+        lastFolder = base + names[index];
+        platform.shell.DeleteTree(lastFolder);
+    }
+    platform.files.Delete(lastFolder + L".obl");
+    platform.messages.Inform(DoneText);
+
+    // The folder is no longer what was listed, so the buttons are decided anew.
+    model.installed.folder.clear();
+    model.buttons[7] = model.buttons[5] = false;
+    RefreshInstalledList(model, state, platform);
+}
+
+} // namespace tamblin

@@ -1,0 +1,61 @@
+#include "maintenance/updates.h"
+
+#include <optional>
+
+#include "base/text.h"
+#include "install/selection_rules.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t HostQuestion[] = L"Vimoraをアップデートします。よろしいですか？";
+constexpr wchar_t HostDoneText[] = L"Vimoraのアップデートが完了しました。";
+constexpr wchar_t QuestionEnd[] = L"をアップデートします。よろしいですか？";
+constexpr wchar_t DoneEnd[] = L"のアップデートが完了しました。";
+
+// The file's name as it is spelled on the disk, or nothing when there is no such file.
+std::optional<std::wstring> SpelledName(FileSystem& files, const std::wstring& path) {
+    const auto entry = files.Find(path);
+    if (!entry || entry->attributes.folder)
+        return std::nullopt;
+    return entry->name;
+}
+
+std::optional<std::wstring> DefinitionSource(const MainModel& model) {
+    const SelectionList& list =
+        model.definitionUpdateReady ? model.installed.names : model.browser.Files();
+    const auto selected = list.FirstSelected();
+    if (!selected)
+        return std::nullopt;
+    if (model.definitionUpdateReady)
+        return DeliveredDefinitionFile(model.combo.Text(), list[*selected]);
+    return WithBackslash(model.browser.ShownFolder()) + list[*selected];
+}
+
+} // namespace
+
+void UpdateHostProgram(MainModel& model, Platform& platform) {
+    const std::wstring source = WithBackslash(model.browser.ShownFolder()) + HostProgramName;
+    const auto name = SpelledName(platform.files, source);
+    if (!name || !platform.messages.AskOkCancel(HostQuestion))
+        return;
+    platform.files.Copy(source, model.combo.Text() + L"\\" + *name);
+    platform.messages.Inform(HostDoneText);
+    model.buttons[3] = false;
+}
+
+void UpdateDefinitionFile(MainModel& model, Platform& platform) {
+    const auto source = DefinitionSource(model);
+    const auto name = source ? SpelledName(platform.files, *source) : std::nullopt;
+    if (!name)
+        return;
+    const std::wstring stem(WithoutLast(*name, 4));
+    if (!platform.messages.AskOkCancel(stem + QuestionEnd))
+        return;
+    platform.files.Copy(*source, WithBackslash(model.combo.Text()) + *name);
+    platform.messages.Inform(stem + DoneEnd);
+    model.buttons[4] = false;
+    platform.files.SetCurrentFolder(platform.programFolder);
+}
+
+} // namespace tamblin
