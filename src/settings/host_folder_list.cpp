@@ -34,20 +34,21 @@ bool IsHostFolder(const std::wstring& prefix, const FileProbe& exists) {
     return exists(prefix + HostProgramName) && exists(prefix + HostStartUpFileName);
 }
 
-bool RegisterHostFolder(SettingsState& state, const std::wstring& folder, Platform& platform) {
+Registration RegisterHostFolder(SettingsState& state, const std::wstring& folder,
+                                Platform& platform) {
     const bool duplicate = IsRegistered(state, folder);
     const bool hostMissing = !IsHostFolder(
         folder + L"\\", [&](const std::wstring& path) { return FileExists(platform.files, path); });
     if (hostMissing) {
         platform.messages.Inform(HostNotFoundText);
-        return true;
+        return {.rejected = true, .hostMissing = true};
     }
     if (duplicate)
         platform.messages.Inform(state.EditMode ? NotChangedText : AlreadyRegisteredText);
     // A change to a folder that is already registered is said to be none, and is stored.
     if (!duplicate || state.EditMode)
         Store(state, folder);
-    return duplicate;
+    return {.rejected = duplicate};
 }
 
 void FillHostFolderCombo(HostFolderCombo& combo, const SettingsState& state) {

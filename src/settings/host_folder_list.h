@@ -21,10 +21,17 @@ using FileProbe = std::function<bool(const std::wstring& path)>;
 // separator the caller's own rule gives it.
 bool IsHostFolder(const std::wstring& prefix, const FileProbe& exists);
 
+// What became of a folder that the user has entered.
+struct Registration {
+    bool rejected = false;    // the user was told that it is not taken, or not changed
+    bool hostMissing = false; // because it is no host folder
+};
+
 // Checks a folder that the user has entered and stores it: in add mode in a new slot, in edit mode
-// in slot EditIndex. Returns the rejection flag: true when the user was told that the folder was
-// not taken. Throws a fatal RunTimeError 9 when there is no slot left.
-bool RegisterHostFolder(SettingsState& state, const std::wstring& folder, Platform& platform);
+// in slot EditIndex, even when it is registered already. Throws a fatal RunTimeError 9 when there
+// is no slot left.
+Registration RegisterHostFolder(SettingsState& state, const std::wstring& folder,
+                                Platform& platform);
 
 // The main window's host folder combo.
 struct HostFolderCombo {

@@ -25,7 +25,15 @@ struct SettingsState {
     bool EditMode = false;      // a registered folder is being changed, not added
     std::int16_t EditIndex = 0; // its slot
 
+    std::int16_t ChangedSlot = 0; // just changed, to be shown as chosen; 0 when none
+
     bool OpenedFromMainWindow = false; // folder management was, at least once in this run
+
+    // Set-up. Slots HostFolderCount + 1 to WorkingFolderCount hold what a search has found so far.
+    std::int16_t WorkingFolderCount = 0;
+    bool SearchRunning = false;
+    bool WizardFromManagement = false; // else the wizard belongs to the first run
+    std::int16_t ChoiceStage = 1;      // 1 which folders to register, 2 which is the default
 };
 
 } // namespace tamblin

@@ -1,0 +1,16 @@
+// Where a window hands over to when it is done. The hand-over itself is the application's.
+#pragma once
+
+namespace tamblin {
+
+enum class NextWindow {
+    Stay, // the window goes on
+    MainWindow,
+    SetUpWizard,
+    ManualFolder,
+    FolderChoice,
+    FolderManagement,
+    EndProgram, // at once, without saving
+};
+
+} // namespace tamblin

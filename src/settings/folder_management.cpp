@@ -1,0 +1,84 @@
+#include "settings/folder_management.h"
+
+namespace tamblin {
+
+void FolderManagement::Load() {
+    openedFromMainWindow = state.OpenedFromMainWindow;
+    kvaAllowed = state.KvaOption == L"ON";
+}
+
+void FolderManagement::Activate() {
+    leaveEnabled = false;
+    folders.Clear();
+    for (size_t slot = 1; slot <= static_cast<size_t>(state.HostFolderCount); ++slot) {
+        folders.Add(state.HostFolders[slot]);
+        if (state.HostFolders[slot] == state.DefaultFolder)
+            folders.Select(slot - 1);
+    }
+    if (state.ChangedSlot > 0 && state.ChangedSlot <= state.HostFolderCount) {
+        folders.DeselectAll();
+        folders.Select(static_cast<size_t>(state.ChangedSlot) - 1);
+    }
+    state.ChangedSlot = 0;
+
+    addEnabled = state.HostFolderCount < HostFolderLimit;
+    changeEnabled = deleteEnabled = state.HostFolderCount > 0;
+    if (state.HostFolderCount == 0)
+        leaveEnabled = true;
+    if (folders.FirstSelected())
+        SelectionChanged();
+    else
+        changeEnabled = deleteEnabled = false;
+}
+
+void FolderManagement::SelectionChanged() {
+    if (folders.FirstSelected())
+        changeEnabled = deleteEnabled = leaveEnabled = true;
+}
+
+NextWindow FolderManagement::AddPressed() {
+    state.WizardFromManagement = true;
+    return NextWindow::SetUpWizard;
+}
+
+NextWindow FolderManagement::ChangePressed() {
+    const auto line = folders.FirstSelected();
+    if (!line)
+        return NextWindow::Stay;
+    state.EditIndex = static_cast<std::int16_t>(*line + 1);
+    state.EditMode = true;
+    return NextWindow::ManualFolder;
+}
+
+// The default keeps the deleted path when no other line is chosen; slots above the count keep their
+// old strings.
+void FolderManagement::DeletePressed() {
+    const auto deleted = folders.FirstSelected();
+    if (!deleted)
+        return;
+    size_t slot = 0;
+    for (size_t line = 0; line < folders.Size(); ++line) {
+        if (line == *deleted)
+            continue;
+        state.HostFolders[++slot] = folders[line];
+        if (folders.IsSelected(line))
+            state.DefaultFolder = folders[line];
+    }
+    state.HostFolderCount = static_cast<std::int16_t>(slot);
+    Activate();
+}
+
+NextWindow FolderManagement::LeavePressed() {
+    if (!openedFromMainWindow)
+        return NextWindow::EndProgram;
+    if (const auto line = folders.LastSelected())
+        state.DefaultFolder = folders[*line];
+    state.KvaOption = kvaAllowed ? L"ON" : L"OFF";
+    return NextWindow::MainWindow;
+}
+
+std::wstring FolderManagement::LeaveCaption() const {
+    return openedFromMainWindow ? L"戻る" : L"終了";
+}
+
+} // namespace tamblin

@@ -1,0 +1,193 @@
+#include "setup/host_search.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "settings/host_folder_list.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t CancelledText[] = L"Vimoraフォルダの検出を中止しました。";
+constexpr wchar_t NothingNewText[] = L"新しく、Vimoraを検出することができませんでした。";
+constexpr wchar_t OutOfMemoryText[] = L"Vimoraフォルダ検索中にエラーが生じました。";
+
+// The drive root in capitals, the rest as spelled on the disk.
+std::wstring Normalised(const std::wstring& folder) {
+    return UpperCase(folder.substr(0, 3)) + folder.substr(std::min<size_t>(3, folder.size()));
+}
+
+bool Holds(const std::vector<std::wstring>& names, std::wstring_view name) {
+    return std::any_of(names.begin(), names.end(),
+                       [&](const std::wstring& entry) { return EqualIgnoringCase(entry, name); });
+}
+
+} // namespace
+
+// Subfolders are visited from the last to the first, so the ones still to visit are the front.
+struct HostSearch::Visit {
+    std::wstring folder;
+    std::vector<std::wstring> subfolders;
+    std::vector<std::wstring> files;
+};
+
+std::wstring SearchProgress::CounterText(std::uint64_t count) {
+    return count == 0 ? std::wstring() : L" " + std::to_wstring(count);
+}
+
+std::wstring SearchProgress::FoundText() const {
+    return anyFound ? std::to_wstring(found) : std::wstring();
+}
+
+NextWindow HostSearch::SearchAllDrives() {
+    progress = {};
+    state.WorkingFolderCount = state.HostFolderCount;
+    state.SearchRunning = true;
+    try {
+        for (const Drive& drive : platform.files.Drives()) {
+            if (drive.type == DriveType::Fixed)
+                SearchDrive(drive.name.substr(0, 2) + L"\\");
+            if (!state.SearchRunning)
+                break;
+        }
+    } catch (const RunTimeError& error) {
+        Report(error);
+        return NextWindow::Stay;
+    }
+    platform.files.SetCurrentFolder(platform.programFolder);
+    return Settle();
+}
+
+// A drive that is not available is passed over; any other failure to open it ends the search.
+void HostSearch::SearchDrive(const std::wstring& root) {
+    progress.drive = UpperCase(root);
+    Visit visit;
+    try {
+        visit = ListVisit(root);
+    } catch (const RunTimeError& error) {
+        if (error.Number() != ErrorNumber::DeviceUnavailable)
+            throw;
+        return;
+    }
+    SearchFolderTree(std::move(visit));
+}
+
+void HostSearch::SearchFolderTree(Visit root) {
+    if (!YieldForVisit())
+        return;
+    std::vector<Visit> visits;
+    visits.push_back(std::move(root));
+    while (!visits.empty()) {
+        if (state.SearchRunning && !visits.back().subfolders.empty()) {
+            EnterSubfolder(visits);
+            continue;
+        }
+        LookAtFiles(visits.back());
+        visits.pop_back();
+    }
+}
+
+// False when the user has cancelled meanwhile.
+bool HostSearch::YieldForVisit() {
+    state.SearchRunning = true;
+    platform.events.Yield();
+    return state.SearchRunning;
+}
+
+// A search that stops at once in a subfolder leaves the folder above it without a look at its
+// files; the folders above that one still get theirs.
+void HostSearch::EnterSubfolder(std::vector<Visit>& visits) {
+    const std::wstring folder =
+        WithBackslash(visits.back().folder) + visits.back().subfolders.back();
+    visits.back().subfolders.pop_back();
+    if (!YieldForVisit()) {
+        visits.pop_back();
+        return;
+    }
+    try {
+        visits.push_back(ListVisit(folder));
+    } catch (const RunTimeError& error) {
+        if (error.Number() != ErrorNumber::OutOfMemory) {
+            Report(error);
+            return;
+        }
+        platform.messages.Inform(OutOfMemoryText);
+        state.SearchRunning = false;
+        visits.pop_back();
+    }
+}
+
+// Links are not descended into: they lead to what is searched anyway, or round in circles.
+HostSearch::Visit HostSearch::ListVisit(const std::wstring& folder) {
+    Visit visit;
+    visit.folder = folder;
+    for (FolderEntry& entry : platform.files.List(folder)) {
+        const FileAttributes& attributes = entry.attributes;
+        if (!attributes.folder) {
+            if (!attributes.hidden && !attributes.system)
+                visit.files.push_back(std::move(entry.name));
+        } else if (!attributes.link) {
+            visit.subfolders.push_back(std::move(entry.name));
+        }
+    }
+    return visit;
+}
+
+void HostSearch::LookAtFiles(const Visit& visit) {
+    if (visit.files.empty())
+        return;
+    for (const std::wstring& file : visit.files) {
+        ++progress.files;
+        if (EqualIgnoringCase(file, HostProgramName) && Holds(visit.files, HostStartUpFileName))
+            TakeFound(Normalised(visit.folder));
+    }
+    ++progress.folders;
+}
+
+// Only the folders registered before the search are compared. With ten in the list each find takes
+// the tenth slot.
+void HostSearch::TakeFound(const std::wstring& folder) {
+    const auto first = state.HostFolders.begin() + 1;
+    const auto last = first + state.HostFolderCount;
+    if (std::find(first, last, folder) != last)
+        return;
+    if (state.WorkingFolderCount >= HostFolderLimit)
+        state.WorkingFolderCount = HostFolderLimit - 1;
+    ++state.WorkingFolderCount;
+    state.HostFolders[static_cast<size_t>(state.WorkingFolderCount)] = folder;
+    progress.found = static_cast<std::int16_t>(state.WorkingFolderCount - state.HostFolderCount);
+    progress.anyFound = true;
+}
+
+NextWindow HostSearch::Settle() {
+    const int before = state.HostFolderCount;
+    const int after = state.WorkingFolderCount;
+    if (!state.SearchRunning) {
+        platform.messages.Inform(CancelledText);
+        for (int slot = before + 1; slot <= after; ++slot)
+            state.HostFolders[static_cast<size_t>(slot)].clear();
+        return NextWindow::SetUpWizard;
+    }
+    if (after == before && before > 0)
+        platform.messages.Inform(NothingNewText);
+    // The sum counts the registered folders twice.
+    if (before + after > HostFolderLimit || after <= before)
+        return NextWindow::SetUpWizard;
+    if (after > before + 1) {
+        state.ChoiceStage = 1;
+        return NextWindow::FolderChoice;
+    }
+    state.HostFolderCount = state.WorkingFolderCount;
+    if (state.WizardFromManagement)
+        return NextWindow::FolderManagement;
+    state.DefaultFolder = state.HostFolders[1];
+    return NextWindow::MainWindow;
+}
+
+void HostSearch::Report(const RunTimeError& error) {
+    platform.messages.Inform(
+        L"エラー：" + SearchProgress::CounterText(static_cast<std::uint64_t>(error.Number())) +
+        L"が発生しました。処理を中止します。");
+}
+
+} // namespace tamblin

@@ -1,0 +1,62 @@
+// Finding host folders by walking every fixed drive, folder by folder.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/next_window.h"
+#include "base/run_time_error.h"
+#include "platform/platform.h"
+#include "settings/settings_state.h"
+
+namespace tamblin {
+
+// What the progress window shows. The search counts, the window paints when it gets the time.
+struct SearchProgress {
+    std::wstring drive; // "C:\"
+    std::uint64_t files = 0;
+    std::uint64_t folders = 0; // folders finished that hold files
+    std::int16_t found = 0;
+    bool anyFound = false;
+
+    // Counters stand with a leading blank, and are empty until they have counted.
+    static std::wstring CounterText(std::uint64_t count);
+    // Without the blank.
+    std::wstring FoundText() const;
+};
+
+class HostSearch {
+  public:
+    HostSearch(Platform& surroundings, SettingsState& settings)
+        : platform(surroundings), state(settings) {}
+
+    // Walks all fixed drives, yielding once per folder, and settles the result: where to go next,
+    // or Stay when a failure has ended the search and left the windows as they are. What was found
+    // and is to be chosen from stands in the slots behind the registered folders.
+    NextWindow SearchAllDrives();
+
+    // The cancel button: the next folder visit ends the search.
+    void Cancel() { state.SearchRunning = false; }
+
+    const SearchProgress& Progress() const { return progress; }
+
+  private:
+    struct Visit; // a folder on the way from the drive's root down to the current one
+
+    void SearchDrive(const std::wstring& root);
+    void SearchFolderTree(Visit root);
+    bool YieldForVisit();
+    void EnterSubfolder(std::vector<Visit>& visits);
+    void LookAtFiles(const Visit& visit);
+    void TakeFound(const std::wstring& folder);
+    Visit ListVisit(const std::wstring& folder);
+    NextWindow Settle();
+    void Report(const RunTimeError& error);
+
+    Platform& platform;
+    SettingsState& state;
+    SearchProgress progress;
+};
+
+} // namespace tamblin
