@@ -1,0 +1,82 @@
+"""Fixtures: for every test a fresh machine, and on it the program with two hosts and packages."""
+
+import itertools
+import pathlib
+import shutil
+
+import pytest
+
+import lzh_packages
+from hosts import make_host
+from machine import ROOT, Machine
+from tamblin_app import App, save_screenshot
+
+FAILURES = ROOT / "build" / "results" / "system-failures"
+numbers = itertools.count(1)
+
+SETTINGS = [
+    "# Tamblin",
+    "# Configuration File",
+    "",
+    "VERSION=Ver.0.61",
+    "DEFAULT=C:\\Vimora",
+    "KVAOPTION=OFF",
+    "VMRFOLDER=C:\\Vimora",
+    "VMRFOLDER=D:\\Games\\Vimora",
+    "VIEWFOLDER=C:\\Packages",
+    "",
+]
+
+
+@pytest.hookimpl(hookwrapper=True, tryfirst=True)
+def pytest_runtest_makereport(item, call):
+    result = yield
+    report = result.get_result()
+    app = getattr(item, "funcargs", {}).get("app")
+    if report.when == "call" and report.failed and app is not None:
+        FAILURES.mkdir(parents=True, exist_ok=True)
+        save_screenshot(FAILURES / f"{item.name}.png")
+        try:
+            report.sections.append(("Windows", app.described()))
+        except Exception as error:  # The report must come whatever state the program is in.
+            report.sections.append(("Windows", f"cannot be listed: {error}"))
+
+
+@pytest.fixture(scope="session")
+def samples(tmp_path_factory):
+    folder = tmp_path_factory.mktemp("packages")
+    lzh_packages.make_samples(folder)
+    return folder
+
+
+@pytest.fixture
+def machine(request):
+    folder = pathlib.Path(ROOT, "build", "machines", f"system-{next(numbers)}")
+    if folder.exists():
+        shutil.rmtree(folder)
+    machine = Machine(folder, drives="d")
+    yield machine
+    machine.remove()
+
+
+@pytest.fixture
+def app(machine):
+    """The program, put into its folder and not started, without settings."""
+    return App(machine)
+
+
+@pytest.fixture
+def furnished(app, machine, samples):
+    """The program with settings for two hosts and a folder full of packages; not started."""
+    make_host(machine, "C:\\Vimora", ["mikan", "yuzu"])
+    make_host(machine, "D:\\Games\\Vimora", ["kinako"])
+    shutil.copytree(samples, machine.path("C:\\Packages"))
+    app.write_ini(*SETTINGS)
+    return app
+
+
+@pytest.fixture
+def running(furnished):
+    """The furnished program with its main window ready."""
+    furnished.start_main()
+    return furnished

@@ -1,0 +1,152 @@
+"""The main window's lists and buttons: hosts, characters, folders, files, selections."""
+
+from tamblin_app import click, point_at, press_keys, wait_until
+
+
+def test_the_main_window_shows_hosts_characters_and_packages(running):
+    main = running.main
+    assert main.title() == "Tamblin Ver.0.61"
+    assert main.combo1.entries() == ["C:\\Vimora", "D:\\Games\\Vimora"]
+    assert main.combo1.selected() == ["C:\\Vimora"]
+    assert main.list3.entries() == ["mikan", "yuzu"]
+    assert main.text1.text() == "C:\\Packages\\"
+    assert main.list2.entries() == [
+        "cut.lzh",
+        "damaged.lzh",
+        "futari.lzh",
+        "hostile.lzh",
+        "loose.lzh",
+        "mikan.lzh",
+        "picture.lzh",
+        "sora.LZH",
+        "表ソ能.lzh",
+    ]
+    rows = main.list1.entries()
+    assert rows[0] == "ﾃﾞｽｸﾄｯﾌﾟ"
+    assert rows[1:3] == ["C:", "  + Packages"]
+    assert rows[-1] == "D:"
+    assert main.list1.selected() == ["  + Packages"]
+
+
+def test_choosing_another_host_shows_its_characters(running):
+    main = running.main
+    main.combo1.select("D:\\Games\\Vimora")
+    assert main.list3.entries() == ["kinako"]
+    main.combo1.select("C:\\Vimora")
+    assert main.list3.entries() == ["mikan", "yuzu"]
+
+
+def test_browsing_by_double_click_with_the_mouse(running, machine):
+    machine.write("D:\\Collection\\深い\\ombrel.obl", b"")
+    machine.write("D:\\Collection\\深い\\package.lzh.bak", b"")
+    main = running.main
+    main.list1.real_double_click("D:")
+    main.wait_browsed("D:\\")
+    main.list1.real_double_click("  + Collection")
+    main.wait_browsed("D:\\Collection\\")
+    assert main.list1.entries()[-2:] == ["  + Collection", "    + 深い"]
+    main.list1.real_double_click("    + 深い")
+    main.wait_browsed("D:\\Collection\\深い\\")
+    assert main.list1.selected() == ["    + 深い"]
+    assert main.list2.entries() == ["ombrel.obl"]
+
+
+def test_browsing_with_the_keyboard(running):
+    main = running.main
+    main.list1.real_click_row("C:")
+    wait_until(lambda: main.list1.selected() == ["C:"], "the drive row to be selected")
+    press_keys("Return")
+    main.wait_browsed("C:\\")
+    row = main.list1.row("  + Packages")
+    press_keys(*["Down"] * (row - main.list1.row("C:")))
+    wait_until(lambda: main.list1.selected() == ["  + Packages"], "the row to be selected")
+    press_keys("Return")
+    main.wait_browsed("C:\\Packages\\")
+    assert "futari.lzh" in main.list2.entries()
+
+
+def test_the_desktop_row_leads_to_the_desktop(running, machine):
+    desktop = next(machine.path("C:\\users").glob("*/Desktop"))
+    (desktop / "on the desktop.lzh").write_bytes(b"")
+    running.main.list1.double_click("ﾃﾞｽｸﾄｯﾌﾟ")
+    running.main.wait_browsed(f"C:\\users\\{desktop.parent.name}\\Desktop\\")
+    assert running.main.list2.entries() == ["on the desktop.lzh"]
+
+
+def test_files_of_a_host_are_offered_elsewhere_only(running, machine):
+    machine.write("C:\\Vimora\\package.lzh", b"")
+    machine.write("D:\\Work\\OMBREL.EXE", b"")
+    machine.write("D:\\Work\\mikan.obl", b"")
+    machine.write("D:\\Work\\package.LZH", b"")
+    running.main.browse("C:\\Vimora")
+    assert running.main.list2.entries() == ["package.lzh"]
+    running.main.browse("D:\\Work")
+    assert running.main.list2.entries() == ["mikan.obl", "OMBREL.EXE", "package.LZH"]
+
+
+def test_selections_light_the_buttons_that_fit(running):
+    main = running.main
+    always = [6, 8, 10, 12]
+    assert main.enabled_commands() == always
+    main.list2.select("futari.lzh")
+    assert main.enabled_commands() == sorted([1, 9] + always)
+    main.list3.select("mikan")
+    assert main.enabled_commands() == sorted([1, 5, 7, 9, 11, 13, 14] + always)
+    main.list3.select("mikan", "yuzu")
+    assert main.enabled_commands() == sorted([1, 5, 7, 9] + always)
+    main.command7.press()
+    wait_until(lambda: main.list3.selected() == [], "the installed list to be deselected")
+    main.command9.press()
+    wait_until(lambda: main.list2.selected() == [], "the file list to be deselected")
+    wait_until(lambda: not main.command9.enabled(), "the deselect button to be disabled")
+
+
+def test_selecting_several_files_with_the_mouse(running):
+    main = running.main
+    main.list2.real_click_row("futari.lzh")
+    wait_until(lambda: main.list2.selected() == ["futari.lzh"], "the first file to be selected")
+    main.list2.real_click_row("sora.LZH", "ctrl")
+    wait_until(lambda: main.list2.selected() == ["futari.lzh", "sora.LZH"], "both to be selected")
+    main.list2.real_click_row("picture.lzh")
+    wait_until(lambda: main.list2.selected() == ["picture.lzh"], "the last alone to be selected")
+    main.list2.real_click_row("damaged.lzh", "shift")
+    wait_until(lambda: len(main.list2.selected()) == 6, "the range to be selected")
+    assert 1 in main.enabled_commands()
+
+
+def test_the_status_line_explains_the_button_under_the_pointer(running):
+    main = running.main
+    assert main.text2.text().startswith("Tamblin Ver.0.61")
+    point_at(*main.command12.centre())
+    wait_until(
+        lambda: main.text2.text() == "ヴィモラフォルダの不具合を検出します。", "the text of CHK"
+    )
+    point_at(*main.command8.centre())
+    wait_until(lambda: main.text2.text() == "Tamblinを終了します。", "the text of the exit button")
+
+
+def test_the_status_line_explains_a_disabled_button_too(running):
+    main = running.main
+    assert not main.command1.enabled()
+    point_at(*main.command1.centre())
+    wait_until(
+        lambda: main.text2.text() == "選択しているパッケージをインストールします。",
+        "the text of the install button",
+    )
+
+
+def test_a_glance_at_another_program_keeps_the_selection(running, machine):
+    main = running.main
+    main.list2.select("futari.lzh")
+    machine.start("C:\\Vimora\\ombrel.exe")
+    host = wait_until(
+        lambda: [w for w in running.operator.windows() if w["class"] == "StandIn.Ombrel"], "the host"
+    )[0]
+    running.operator.ask("activate", host["window"])
+    running.operator.ask("activate", main.handle)
+    running.operator.ask("close-box", host["window"])
+    wait_until(lambda: not running.operator.running("ombrel.exe"), "the host to end")
+    assert main.list2.selected() == ["futari.lzh"]
+    assert main.command1.enabled()
+    click(*main.command1.centre())
+    running.confirmation.wait_shown()
