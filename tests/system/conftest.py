@@ -7,32 +7,20 @@ import shutil
 import pytest
 
 import lzh_packages
-from hosts import make_host
 from machine import ROOT, Machine
+from sandbox import furnish
 from tamblin_app import App, save_screenshot
 
 FAILURES = ROOT / "build" / "results" / "system-failures"
 numbers = itertools.count(1)
-
-SETTINGS = [
-    "# Tamblin",
-    "# Configuration File",
-    "",
-    "VERSION=Ver.0.61",
-    "DEFAULT=C:\\Vimora",
-    "KVAOPTION=OFF",
-    "VMRFOLDER=C:\\Vimora",
-    "VMRFOLDER=D:\\Games\\Vimora",
-    "VIEWFOLDER=C:\\Packages",
-    "",
-]
 
 
 @pytest.hookimpl(hookwrapper=True, tryfirst=True)
 def pytest_runtest_makereport(item, call):
     result = yield
     report = result.get_result()
-    app = getattr(item, "funcargs", {}).get("app")
+    fixtures = getattr(item, "funcargs", {})
+    app = fixtures.get("app") or fixtures.get("furnished")
     if report.when == "call" and report.failed and app is not None:
         FAILURES.mkdir(parents=True, exist_ok=True)
         save_screenshot(FAILURES / f"{item.name}.png")
@@ -66,13 +54,9 @@ def app(machine):
 
 
 @pytest.fixture
-def furnished(app, machine, samples):
+def furnished(machine, samples):
     """The program with settings for two hosts and a folder full of packages; not started."""
-    make_host(machine, "C:\\Vimora", ["mikan", "yuzu"])
-    make_host(machine, "D:\\Games\\Vimora", ["kinako"])
-    shutil.copytree(samples, machine.path("C:\\Packages"))
-    app.write_ini(*SETTINGS)
-    return app
+    return furnish(machine, samples)
 
 
 @pytest.fixture

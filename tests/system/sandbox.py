@@ -1,28 +1,42 @@
-"""A machine furnished for trying the program out: two hosts, characters, packages, settings."""
+"""Furnishes a machine for trying the program out: two hosts, characters, packages, settings."""
+
+import pathlib
+import shutil
 
 import lzh_packages
 from hosts import make_host
 from tamblin_app import App
 
-SETTINGS = [
-    "# Tamblin",
-    "# Configuration File",
-    "",
-    "VERSION=Ver.0.61",
-    "DEFAULT=C:\\Vimora",
-    "KVAOPTION=ON",
-    "VMRFOLDER=C:\\Vimora",
-    "VMRFOLDER=D:\\Games\\Vimora",
-    "VIEWFOLDER=C:\\Packages",
-    "",
-]
-KAVALET = "# Kavaletの定義\r\nmikan,start,1\r\nsora,start,1\r\n".encode("cp932")
+HOST = "C:\\Vimora"
+OTHER_HOST = "D:\\Games\\Vimora"
+PACKAGES = "C:\\Packages"
 
 
-def furnish(machine):
-    make_host(machine, "C:\\Vimora", ["mikan", "yuzu", "白菜"], KAVALET)
-    make_host(machine, "D:\\Games\\Vimora", ["kinako"])
-    lzh_packages.make_samples(machine.make_folder("C:\\Packages"))
+def settings(kavalet="OFF"):
+    """The lines of tamb.ini."""
+    return [
+        "# Tamblin",
+        "# Configuration File",
+        "",
+        "VERSION=Ver.0.61",
+        f"DEFAULT={HOST}",
+        f"KVAOPTION={kavalet}",
+        f"VMRFOLDER={HOST}",
+        f"VMRFOLDER={OTHER_HOST}",
+        f"VIEWFOLDER={PACKAGES}",
+        "",
+    ]
+
+
+def furnish(machine, samples=None, kavalet="OFF"):
+    """`samples` is a folder with the sample packages; without it they are made."""
+    make_host(machine, HOST, ["mikan", "yuzu"])
+    make_host(machine, OTHER_HOST, ["kinako"])
+    packages = pathlib.Path(machine.path(PACKAGES))
+    if samples is None:
+        lzh_packages.make_samples(packages)
+    else:
+        shutil.copytree(samples, packages)
     app = App(machine)
-    app.write_ini(*SETTINGS)
+    app.write_ini(*settings(kavalet))
     return app

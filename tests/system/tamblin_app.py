@@ -5,6 +5,7 @@ the screen (the methods named real_...). Nothing sleeps for a fixed time: whoeve
 for it, and a state that does not come is an error that says what was there instead.
 """
 
+import functools
 import subprocess
 import time
 
@@ -303,13 +304,16 @@ class App:
 
     def __init__(self, machine):
         self.machine = machine
-        self.operator = Operator(machine)
         self.main = MainWindow(self)
         self.splash = Splash(self)
         self.wizard = Wizard(self)
         self.confirmation = Confirmation(self)
         self.box = MessageBox(self)
         machine.copy_in(TAMBLIN, self.FOLDER + "\\tamblin.exe")
+
+    @functools.cached_property
+    def operator(self):
+        return Operator(self.machine)
 
     def write_ini(self, *lines):
         """tamb.ini, one line per argument, in the system's code page."""

@@ -3,7 +3,7 @@
 import re
 import shutil
 
-from conftest import SETTINGS
+from sandbox import settings
 from test_install import HOST, install, propose
 
 
@@ -75,7 +75,7 @@ def test_a_program_folder_that_is_read_only_on_leaving(running, machine):
 def test_settings_beyond_reason(furnished, machine):
     """Ten thousand lines, bytes that are no characters: the program starts all the same."""
     odd = b"".join(b"line %d \xff\x00\x81\r\n" % number for number in range(10000))
-    lines = "".join(line + "\r\n" for line in SETTINGS).encode("cp932")
+    lines = "".join(line + "\r\n" for line in settings()).encode("cp932")
     machine.write("C:\\Tamblin\\tamb.ini", odd + lines)
     furnished.start_main()
     furnished.main.command8.press()

@@ -2,7 +2,7 @@
 
 import pytest
 
-from conftest import SETTINGS
+from sandbox import settings
 from tamblin_app import click, wait_until
 
 EXIT = "Tamblin を終了してもよろしいですか？"
@@ -14,7 +14,7 @@ def as_file(lines):
 
 
 # The browser's folder is kept with its backslash, so the first save adds it.
-SAVED = as_file([line + "\\" if line.startswith("VIEWFOLDER=") else line for line in SETTINGS])
+SAVED = as_file([line + "\\" if line.startswith("VIEWFOLDER=") else line for line in settings()])
 
 
 def ways_to_leave():

@@ -4,8 +4,8 @@ import time
 
 import pytest
 
-from conftest import SETTINGS
 from hosts import make_host
+from sandbox import settings
 from tamblin_app import wait_until
 
 ALREADY_RUNNING = "すでに起動されています。"
@@ -97,4 +97,4 @@ def test_a_second_copy_is_refused(running, machine, folder):
 def test_the_program_folder_is_what_counts_not_the_current_folder(furnished):
     furnished.start(folder="D:\\Games")
     assert wait_first_window(furnished) is furnished.main
-    assert furnished.ini() == "".join(line + "\r\n" for line in SETTINGS).encode("cp932")
+    assert furnished.ini() == "".join(line + "\r\n" for line in settings()).encode("cp932")

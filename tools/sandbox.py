@@ -1,0 +1,156 @@
+#!/usr/bin/env python3
+"""The program in a sandbox, build/sandbox: a machine with two hosts and a folder of packages.
+
+    sandbox.py start    starts the program on the display and waits for its end
+    sandbox.py tour     goes the main road through the real windows, with screenshots in build/tour
+
+Both say afterwards what changed on the sandbox's drives. The tour succeeds only when the package has
+arrived in the host, byte for byte.
+"""
+
+import pathlib
+import shutil
+import subprocess
+import sys
+
+TOP = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(TOP / "tests" / "system"))
+
+import lzh_packages  # noqa: E402
+from machine import Machine  # noqa: E402
+from sandbox import HOST, OTHER_HOST, furnish  # noqa: E402
+from tamblin_app import save_screenshot, wait_until  # noqa: E402
+
+SANDBOX = TOP / "build" / "sandbox"
+TOUR = TOP / "build" / "tour"
+WATCHED = ["C:\\Tamblin", HOST, OTHER_HOST, "D:\\"]
+PACKAGE = "futari.lzh"
+DONE = "インストールが完了しました。"
+
+
+def make_machine():
+    if SANDBOX.exists():
+        left = Machine.__new__(Machine)
+        left.prefix, left.started = SANDBOX, []
+        left.remove()
+    return Machine(SANDBOX, drives="d")
+
+
+def snapshot(machine):
+    files = {}
+    for folder in WATCHED:
+        prefix = folder.rstrip("\\") + "\\"
+        files.update({prefix + name.replace("/", "\\"): data for name, data in machine.tree(folder).items()})
+    return files
+
+
+def tell_changes(before, after):
+    print("What changed on the drives:")
+    for name in sorted(before.keys() | after.keys()):
+        if name not in before:
+            print(f"  + {name}" + ("" if name.endswith("\\") else f" ({len(after[name])} bytes)"))
+        elif name not in after:
+            print(f"  - {name}")
+        elif before[name] != after[name]:
+            print(f"  * {name} ({len(before[name])} -> {len(after[name])} bytes)")
+    if before == after:
+        print("  nothing")
+
+
+def missing_from_host(machine):
+    """What of the toured package is not in the host as it should be."""
+    host = machine.tree(HOST)
+    return [name for name, data in lzh_packages.TWO_CHARACTERS.items() if host.get(name) != data]
+
+
+def start(machine, app):
+    # On the user's own screen the window stands among the user's other windows.
+    subprocess.run(
+        machine.in_prefix("wine", "reg", "delete", "HKCU\\Software\\Wine\\Explorer", "/f"),
+        stdin=subprocess.DEVNULL,
+        stdout=subprocess.DEVNULL,
+        check=False,
+    )
+    print(f"The sandbox's drives are {SANDBOX}/drive_c and drive_d. Close the program to end.")
+    app.start().wait()
+    return 0
+
+
+def picture(app, name, ready):
+    """A screenshot once the windows are as they should be and have drawn themselves."""
+    wait_until(ready, f"the state of {name}.png")
+    previous = None
+    path = TOUR / f"{name}.png"
+
+    def settled():
+        nonlocal previous
+        save_screenshot(path)
+        current = path.read_bytes()
+        same, previous = current == previous, current
+        return same
+
+    wait_until(settled, f"{name}.png to be drawn", 5)
+    print(f"  build/tour/{name}.png")
+
+
+def walk(app):
+    main, confirmation = app.main, app.confirmation
+    print("Starting")
+    app.start()
+    wait_until(lambda: app.splash.shown() and app.splash.label4.visible(), "the splash")
+    save_screenshot(TOUR / "1-start-up.png")
+    print("  build/tour/1-start-up.png")
+    main.wait_shown()
+    app.splash.wait_gone()
+    main.browse("D:\\")
+    picture(app, "2-main-window", lambda: main.list2.entries() == [])
+    print("Browsing to the packages, selecting", PACKAGE)
+    main.browse("C:\\Packages")
+    main.list2.select(PACKAGE)
+    picture(app, "3-selection", main.command1.enabled)
+    print("Installing")
+    main.command1.press()
+    confirmation.wait_shown()
+    picture(app, "4-confirmation", lambda: len(confirmation.list1.entries()) == 2)
+    confirmation.command1.press()
+    box = app.wait_box()
+    picture(app, "5-done", box.shown)
+    app.answer(DONE, "OK")
+    main.wait_enabled()
+    picture(app, "6-list", lambda: "haruka" in main.list3.entries())
+    print("Installed, says the program:", "、".join(main.list3.entries()))
+
+
+def tour(machine, app):
+    shutil.rmtree(TOUR, ignore_errors=True)
+    TOUR.mkdir(parents=True)
+    try:
+        walk(app)
+    except Exception:
+        save_screenshot(TOUR / "failure.png")
+        print(app.described())
+        raise
+    missing = missing_from_host(machine)
+    for name in missing:
+        print(f"Not in the host as it should be: {name}")
+    return 1 if missing else 0
+
+
+def main():
+    ways = {"start": start, "tour": tour}
+    if len(sys.argv) != 2 or sys.argv[1] not in ways:
+        print(__doc__, file=sys.stderr)
+        return 2
+    machine = make_machine()
+    try:
+        app = furnish(machine, kavalet="ON")
+        before = snapshot(machine)
+        code = ways[sys.argv[1]](machine, app)
+        tell_changes(before, snapshot(machine))
+        return code
+    finally:
+        machine.stop()
+
+
+if __name__ == "__main__":
+    sys.exit(main())
