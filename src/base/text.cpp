@@ -1,6 +1,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <type_traits>
 
 namespace tamblin {
 namespace {
@@ -31,7 +32,7 @@ constexpr CaseRun caseRuns[] = {
 } // namespace
 
 wchar_t UpperCase(wchar_t letter) {
-    const auto code = static_cast<unsigned>(letter);
+    const unsigned code = static_cast<std::make_unsigned_t<wchar_t>>(letter);
     if (code < 0x61)
         return letter;
     const auto* run = std::lower_bound(std::begin(caseRuns), std::end(caseRuns), code,

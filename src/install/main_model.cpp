@@ -28,7 +28,7 @@ bool IsOfferedForInstall(const std::wstring& name, const std::wstring& folder,
 
 ActionButtons::ActionButtons() {
     // Folder management, leaving, quick help and the folder check need no selection.
-    for (const size_t command : {6, 8, 10, 12})
+    for (const size_t command : {6U, 8U, 10U, 12U})
         enabled[command] = true;
 }
 
