@@ -6,6 +6,10 @@ namespace tamblin {
 
 namespace {
 
+bool IsPlain(wchar_t unit) {
+    return unit >= L' ' && unit < 0x7F && unit != L'"' && unit != L'\\';
+}
+
 // Everything that is not plain ASCII goes as \uXXXX, so that no console code page can spoil it.
 std::string Escaped(wchar_t unit) {
     char escape[8];
@@ -13,11 +17,16 @@ std::string Escaped(wchar_t unit) {
     return escape;
 }
 
-std::string Joined(const std::vector<std::string>& values) {
-    std::string text;
+// `values` between brackets of one kind.
+std::string Joined(char opening, const std::vector<std::string>& values, char closing) {
+    std::string text(1, opening);
     for (const std::string& value : values) {
-        text += text.empty() ? value : "," + value;
+        if (text.size() > 1) {
+            text += ',';
+        }
+        text += value;
     }
+    text += closing;
     return text;
 }
 
@@ -26,23 +35,27 @@ std::string Joined(const std::vector<std::string>& values) {
 std::string JsonText(const std::wstring& text) {
     std::string json = "\"";
     for (const wchar_t unit : text) {
-        const bool plain = unit >= L' ' && unit < 0x7F && unit != L'"' && unit != L'\\';
-        json += plain ? std::string(1, static_cast<char>(unit)) : Escaped(unit);
+        if (IsPlain(unit)) {
+            json += static_cast<char>(unit);
+        } else {
+            json += Escaped(unit);
+        }
     }
-    return json + "\"";
+    json += '"';
+    return json;
 }
 
 std::string JsonArray(const std::vector<std::string>& values) {
-    return "[" + Joined(values) + "]";
+    return Joined('[', values, ']');
 }
 
 std::string JsonObject(const std::vector<std::pair<std::string, std::string>>& members) {
     std::vector<std::string> values;
     values.reserve(members.size());
     for (const auto& [name, value] : members) {
-        values.push_back("\"" + name + "\":" + value);
+        values.push_back(JsonText({name.begin(), name.end()}).append(":").append(value));
     }
-    return "{" + Joined(values) + "}";
+    return Joined('{', values, '}');
 }
 
 } // namespace tamblin
