@@ -41,11 +41,12 @@ bool ProbeFile(FileSystem& files, const std::wstring& path) {
     return ProbeOr([&] { return FileExists(files, path); }, false);
 }
 
-// What a listing of "*.*" finds: a folder that is not there holds nothing.
+// What a listing of "*.*" finds: a folder that is not there holds nothing. Only Find tells a drive
+// that does not exist from one that is not ready.
 bool HoldsPlainFiles(FileSystem& files, const std::wstring& prefix) {
     const auto look = [&] {
         try {
-            return !ListFolder(files, prefix).files.empty();
+            return files.Find(prefix) && !ListFolder(files, prefix).files.empty();
         } catch (const RunTimeError& error) {
             if (error.Number() != ErrorNumber::PathNotFound)
                 throw;
