@@ -1,0 +1,198 @@
+// Registering host folders and showing them in the combo.
+#include "settings/host_folder_list.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Box = MessageBoxesFake::Box;
+constexpr auto Inform = MessageBoxesFake::Kind::Inform;
+
+constexpr wchar_t NotFound[] = L"Vimora が見つかりませんでした。";
+constexpr wchar_t NotChanged[] = L"変更されませんでした。";
+constexpr wchar_t AlreadyThere[] =
+    L"このフォルダは、すでに登録されています。別のフォルダを指定してください。";
+
+class HostFolderListTest : public testing::Test {
+  protected:
+    HostFolderListTest() {
+        AddHost(fake.files, L"C:\\A");
+        AddHost(fake.files, L"C:\\B");
+        Register(state, L"C:\\A");
+    }
+    bool RegisterFolder(const std::wstring& folder) {
+        const Registration result = RegisterHostFolder(state, folder, fake.platform);
+        hostMissing = result.hostMissing;
+        return result.rejected;
+    }
+    void EditSlot(std::int16_t slot) {
+        state.EditMode = true;
+        state.EditIndex = slot;
+    }
+    std::vector<std::wstring> Folders() const {
+        const auto first = state.HostFolders.begin() + 1;
+        return {first, first + state.HostFolderCount};
+    }
+
+    PlatformFake fake;
+    SettingsState state;
+    bool hostMissing = false; // said the last registration
+};
+
+TEST_F(HostFolderListTest, NewFolderTakesTheNextSlot) {
+    EXPECT_FALSE(RegisterFolder(L"C:\\B"));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\B"));
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
+struct MissingCase {
+    const char* name;
+    std::vector<std::wstring> files;
+};
+
+class MissingHostTest : public HostFolderListTest,
+                        public testing::WithParamInterface<MissingCase> {};
+
+TEST_P(MissingHostTest, IsReportedOnceAndNotStored) {
+    fake.files.AddFolder(L"C:\\Half");
+    for (const std::wstring& name : GetParam().files)
+        fake.files.AddFile(L"C:\\Half\\" + name);
+    for (const bool edit : {false, true}) {
+        state.EditMode = edit;
+        state.EditIndex = 1;
+        fake.messages.shown.clear();
+        EXPECT_TRUE(RegisterFolder(L"C:\\Half"));
+        EXPECT_TRUE(hostMissing);
+        EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotFound}));
+        EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Missing, MissingHostTest,
+    testing::Values(MissingCase{"Both", {}}, MissingCase{"StartUpFile", {L"ombrel.exe"}},
+                    MissingCase{"Program", {L"ombrel.rc"}},
+                    MissingCase{"ProgramIsAFolder", {L"ombrel.exe\\x", L"ombrel.rc"}}),
+    CaseName);
+
+TEST_F(HostFolderListTest, RegisteredFolderIsNotAddedAgain) {
+    EXPECT_TRUE(RegisterFolder(L"C:\\A"));
+    EXPECT_FALSE(hostMissing);
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, AlreadyThere}));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+}
+
+// A registered folder that is no host any more is missing first of all.
+TEST_F(HostFolderListTest, RegisteredFolderWithoutHostIsReportedAsMissing) {
+    Register(state, L"C:\\Gone");
+    EXPECT_TRUE(RegisterFolder(L"C:\\Gone"));
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotFound}));
+}
+
+TEST_F(HostFolderListTest, OtherSpellingIsAnotherFolder) {
+    EXPECT_FALSE(RegisterFolder(L"C:\\A\\"));
+    EXPECT_FALSE(RegisterFolder(L"c:\\a"));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\A\\", L"c:\\a"));
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
+TEST_F(HostFolderListTest, DriveRootIsAHostFolder) {
+    AddHost(fake.files, L"C:\\");
+    EXPECT_FALSE(RegisterFolder(L"C:\\"));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\"));
+}
+
+TEST_F(HostFolderListTest, EditReplacesTheSlot) {
+    Register(state, L"C:\\Old");
+    EditSlot(2);
+    EXPECT_FALSE(RegisterFolder(L"C:\\B"));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\B"));
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
+TEST_F(HostFolderListTest, EditToTheSameFolderIsNoChange) {
+    EditSlot(1);
+    EXPECT_TRUE(RegisterFolder(L"C:\\A"));
+    EXPECT_FALSE(hostMissing);
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotChanged}));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+}
+
+TEST_F(HostFolderListTest, EditToAnotherRegisteredFolderStoresItTwice) {
+    Register(state, L"C:\\Old");
+    EditSlot(2);
+    EXPECT_TRUE(RegisterFolder(L"C:\\A"));
+    EXPECT_FALSE(hostMissing);
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotChanged}));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\A"));
+}
+
+TEST_F(HostFolderListTest, SpareSlotIsTheLastOne) {
+    while (state.HostFolderCount < HostFolderLimit)
+        Register(state, L"C:\\x" + std::to_wstring(state.HostFolderCount));
+    EXPECT_FALSE(RegisterFolder(L"C:\\B"));
+    EXPECT_EQ(state.HostFolders[11], L"C:\\B");
+    AddHost(fake.files, L"C:\\D");
+    try {
+        RegisterFolder(L"C:\\D");
+        FAIL();
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::SubscriptOutOfRange);
+        EXPECT_TRUE(error.IsFatal());
+    }
+}
+
+class HostFolderComboTest : public testing::Test {
+  protected:
+    HostFolderComboTest() {
+        Register(state, L"C:\\B");
+        Register(state, L"C:\\A");
+        combo.entries = {L"stale"};
+        combo.selected = 0;
+    }
+    void Fill(const std::wstring& defaultFolder) {
+        state.DefaultFolder = defaultFolder;
+        FillHostFolderCombo(combo, state);
+    }
+
+    SettingsState state;
+    HostFolderCombo combo;
+};
+
+TEST_F(HostFolderComboTest, ShowsTheFoldersInTheirOrderAndSelectsTheCurrentOne) {
+    Fill(L"C:\\A");
+    EXPECT_THAT(combo.entries, ElementsAre(L"C:\\B", L"C:\\A"));
+    EXPECT_EQ(combo.selected, 1U);
+    EXPECT_EQ(combo.Text(), L"C:\\A");
+}
+
+TEST_F(HostFolderComboTest, OtherLetterCaseSelectsNothing) {
+    for (const wchar_t* folder : {L"c:\\a", L"C:\\A\\", L"C:\\C"}) {
+        Fill(folder);
+        EXPECT_FALSE(combo.selected);
+        EXPECT_EQ(combo.Text(), L"");
+    }
+}
+
+TEST_F(HostFolderComboTest, EmptyEntryIsNotSelectedByAnEmptyDefault) {
+    Register(state, L"");
+    Fill(L"");
+    EXPECT_EQ(combo.entries.size(), 3U);
+    EXPECT_FALSE(combo.selected);
+}
+
+TEST_F(HostFolderComboTest, WithoutFoldersIsEmpty) {
+    state.HostFolderCount = 0;
+    Fill(L"C:\\A");
+    EXPECT_THAT(combo.entries, IsEmpty());
+    EXPECT_FALSE(combo.selected);
+}
+
+} // namespace
+} // namespace tamblin

@@ -1,0 +1,172 @@
+// Scenes that the tests of the rules share: host folders, characters, packages, and a main window
+// of which only the rules exist.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "app/main_screen.h"
+#include "base/run_time_error.h"
+#include "base/selection_list.h"
+#include "base/text.h"
+#include "install/install.h"
+#include "settings/settings_file.h"
+#include "support/platform_fake.h"
+#include "unit/case_name.h"
+
+namespace tamblin {
+
+inline void AddHost(MemoryFileSystem& files, const std::wstring& folder) {
+    files.AddFile(WithBackslash(folder) + L"ombrel.exe", "host");
+    files.AddFile(WithBackslash(folder) + L"ombrel.rc", "H001currentobl=abc.obl\r\n");
+}
+
+// An installed character: its definition file and its folder with one file.
+inline void AddCharacter(MemoryFileSystem& files, const std::wstring& host,
+                         const std::wstring& name) {
+    files.AddFile(WithBackslash(host) + name + L".obl", "definition");
+    files.AddFile(WithBackslash(host) + name + L"\\face.bmp", "picture");
+}
+
+// Registers a folder as the settings file would have.
+inline void Register(SettingsState& state, const std::wstring& folder) {
+    ++state.HostFolderCount;
+    state.HostFolders[static_cast<size_t>(state.HostFolderCount)] = folder;
+}
+
+// Selects exactly the entries named.
+inline void Select(SelectionList& list, const std::vector<std::wstring>& names) {
+    list.DeselectAll();
+    for (const std::wstring& name : names) {
+        size_t index = 0;
+        while (index < list.Size() && list[index] != name)
+            ++index;
+        if (index == list.Size())
+            throw std::logic_error("the list has no such entry");
+        list.Select(index);
+    }
+}
+
+inline std::vector<std::wstring> SelectedEntries(const SelectionList& list) {
+    std::vector<std::wstring> names;
+    for (size_t index = 0; index < list.Size(); ++index)
+        if (list.IsSelected(index))
+            names.push_back(list[index]);
+    return names;
+}
+
+// The numbers of the enabled buttons among those that selections govern.
+inline std::vector<int> EnabledButtons(const MainModel& model) {
+    std::vector<int> enabled;
+    for (const int command : {1, 2, 3, 4, 5, 7, 9, 11, 13, 14})
+        if (model.buttons[static_cast<size_t>(command)])
+            enabled.push_back(command);
+    return enabled;
+}
+
+// Runs what may fail, and tells how: the error's number, or nothing.
+inline std::optional<ErrorNumber> ErrorOf(const std::function<void()>& command) {
+    try {
+        command();
+    } catch (const RunTimeError& error) {
+        return error.Number();
+    }
+    return std::nullopt;
+}
+
+// The main window as the install sees it, and a user who answers the confirmation window.
+class InstallScreenFake : public InstallScreen {
+  public:
+    bool enabled = true;
+    std::optional<std::int16_t> answer = AnswerInstall; // none: closed by its frame
+    std::vector<InstallConfirmation> confirmations;
+    std::function<void()> onConfirmation;
+
+    void SetMainWindowEnabled(bool on) override { enabled = on; }
+    void ShowConfirmation(const InstallConfirmation& lists, std::int16_t& InstallAnswer) override {
+        confirmations.push_back(lists);
+        if (onConfirmation)
+            onConfirmation();
+        if (answer)
+            InstallAnswer = *answer;
+    }
+    void* MainWindowHandle() override { return this; }
+};
+
+// What a package unpacks to; folders end in "\".
+struct PackedFile {
+    std::wstring path;
+    std::string bytes = {};
+    FileAttributes attributes = {.archive = true};
+};
+
+// A main window over the host folder C:\Host and packages in C:\Packs.
+struct MainWindowScene {
+    explicit MainWindowScene(std::wstring host = L"C:\\Host") : hostFolder(std::move(host)) {
+        fake.unlha.onUnpack = [this](const std::wstring& archive) {
+            return Unpack(archive);
+        };
+        fake.files.AddFolder(L"C:\\Packs");
+        if (StartsWith(hostFolder, L"D:"))
+            fake.files.AddDrive(L"D:");
+        AddHost(files, hostFolder);
+        Register(state, hostFolder);
+        state.DefaultFolder = hostFolder;
+        state.ViewFolder = L"C:\\Packs";
+    }
+
+    void AddPackage(const std::wstring& name, std::vector<PackedFile> contents,
+                    std::int16_t result = 0) {
+        const std::wstring path = L"C:\\Packs\\" + name;
+        files.AddFile(path, "archive");
+        packages[path] = {std::move(contents), result};
+    }
+
+    void Open() {
+        main.Load();
+        files.ForgetOperations();
+    }
+
+    // Selects the files named in the browser and presses Install.
+    void InstallFiles(const std::vector<std::wstring>& names) {
+        Select(model.browser.Files(), names);
+        main.FileListClicked();
+        files.ForgetOperations();
+        main.InstallPressed(screen);
+    }
+
+    PlatformFake fake;
+    MemoryFileSystem& files = fake.files;
+    std::wstring hostFolder;
+    SettingsState state;
+    SettingsFile settings{fake.platform, state};
+    MainScreen main{fake.platform, state, settings};
+    MainModel& model = main.Model();
+    InstallScreenFake screen;
+
+  private:
+    struct Package {
+        std::vector<PackedFile> contents;
+        std::int16_t result = 0;
+    };
+
+    std::int16_t Unpack(const std::wstring& archive) {
+        const Package& package = packages.at(archive);
+        for (const PackedFile& file : package.contents) {
+            if (file.path.ends_with(L'\\'))
+                files.AddFolder(file.path, file.attributes);
+            else
+                files.AddFile(file.path, file.bytes, file.attributes);
+        }
+        return package.result;
+    }
+
+    std::map<std::wstring, Package> packages;
+};
+
+} // namespace tamblin

@@ -1,0 +1,143 @@
+// Saving and reading the settings while the n-th file operation fails: former settings are never
+// lost, every failed save ends the program, and the next save works.
+#include <gtest/gtest.h>
+
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t IniPath[] = L"C:\\Tamblin\\tamb.ini";
+constexpr wchar_t BackupPath[] = L"C:\\Tamblin\\tamb.bak";
+constexpr char Former[] = "# mine\r\nVERSION=Ver.0.60\r\nkeep me\r\nVMRFOLDER=C:\\Host\r\n";
+constexpr char Rewritten[] = "# mine\r\nVERSION=Ver.0.61\r\nkeep me\r\nVMRFOLDER=C:\\Host\r\n";
+constexpr ErrorNumber Errors[] = {
+    ErrorNumber::BadFileName,      ErrorNumber::FileNotFound,   ErrorNumber::DeviceIo,
+    ErrorNumber::DiskFull,         ErrorNumber::DiskNotReady,   ErrorNumber::DeviceUnavailable,
+    ErrorNumber::PermissionDenied, ErrorNumber::PathFileAccess, ErrorNumber::PathNotFound};
+
+class SettingsFaults : public testing::TestWithParam<ErrorNumber> {
+  protected:
+    struct Scene {
+        Scene() {
+            AddHost(fake.files, L"C:\\Host");
+            combo.entries = {L"C:\\Host"};
+            combo.selected = 0;
+        }
+        void Save() { file.SaveSettings(combo, L"C:\\"); }
+        bool Holds(const wchar_t* path, std::string_view bytes) const {
+            return fake.files.Exists(path) && fake.files.Contents(path) == bytes;
+        }
+        bool FormerSettingsAreThere() const {
+            return Holds(IniPath, Former) || Holds(BackupPath, Former) || Holds(IniPath, Rewritten);
+        }
+
+        PlatformFake fake;
+        SettingsState state;
+        HostFolderCombo combo;
+        SettingsFile file{fake.platform, state};
+    };
+
+    // Saves with the n-th operation failing. False when there were fewer operations.
+    static bool SaveWithFault(Scene& scene, size_t n, ErrorNumber number) {
+        scene.fake.files.ForgetOperations();
+        scene.fake.files.FailOperation(n, number);
+        bool failed = false;
+        try {
+            scene.Save();
+        } catch (const RunTimeError& error) {
+            failed = true;
+            EXPECT_TRUE(error.IsFatal());
+            EXPECT_EQ(error.Number(), number);
+        }
+        scene.fake.files.FailNothing();
+        EXPECT_EQ(failed, scene.fake.files.OperationCount() >= n);
+        return failed;
+    }
+};
+
+TEST_P(SettingsFaults, RewriteNeverLosesTheFormerSettings) {
+    for (const bool withBackup : {false, true}) {
+        for (size_t n = 1;; ++n) {
+            SCOPED_TRACE(n);
+            Scene scene;
+            scene.fake.files.AddFile(IniPath, Former);
+            if (withBackup)
+                scene.fake.files.AddFile(BackupPath, "older");
+            const bool failed = SaveWithFault(scene, n, GetParam());
+            EXPECT_TRUE(scene.FormerSettingsAreThere());
+            if (!failed) {
+                EXPECT_GT(n, 5U);
+                break;
+            }
+            scene.Save();
+            EXPECT_NE(scene.fake.files.Contents(IniPath).find("VERSION=Ver.0.61\r\n"),
+                      std::string::npos);
+            scene.Save();
+            EXPECT_FALSE(scene.fake.files.Exists(BackupPath));
+        }
+    }
+}
+
+TEST_P(SettingsFaults, FreshFileIsWrittenTheNextTime) {
+    for (size_t n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        Scene scene;
+        const bool failed = SaveWithFault(scene, n, GetParam());
+        if (!failed)
+            break;
+        scene.Save();
+        EXPECT_TRUE(scene.fake.files.Contents(IniPath).starts_with("# Tamblin\r\n"));
+    }
+}
+
+TEST_P(SettingsFaults, ReadingNeverThrowsAndNeverWrites) {
+    for (size_t n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        Scene scene;
+        scene.fake.files.AddFile(IniPath,
+                                 "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Host\r\n"
+                                 "DEFAULT=C:\\Host\r\nVIEWFOLDER=C:\\Host\\\r\n");
+        const auto before = scene.fake.files.Snapshot();
+        scene.fake.files.ForgetOperations();
+        scene.fake.files.FailOperation(n, GetParam());
+        for (const auto key : {setting_keys::Version, setting_keys::VmrFolder,
+                               setting_keys::Default, setting_keys::ViewFolder})
+            EXPECT_NO_THROW(scene.file.ReadSetting(key));
+        EXPECT_EQ(scene.fake.files.Snapshot(), before);
+        if (scene.fake.files.OperationCount() < n)
+            break;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Errors, SettingsFaults, testing::ValuesIn(Errors), [](const auto& error) {
+    return "Error" + std::to_string(static_cast<int>(error.param));
+});
+
+TEST(SettingsOnAFullDisk, FormerSettingsStayInTheBackup) {
+    PlatformFake fake;
+    SettingsState state;
+    SettingsFile file(fake.platform, state);
+    fake.files.AddFile(IniPath, Former);
+    fake.files.SetCapacity(L"C:", sizeof Former + 8);
+    HostFolderCombo combo;
+    combo.entries = {L"C:\\Host"};
+    EXPECT_EQ(ErrorOf([&] { file.SaveSettings(combo, L"C:\\"); }), ErrorNumber::DiskFull);
+    EXPECT_EQ(fake.files.Contents(BackupPath), Former);
+}
+
+TEST(SettingsInUse, StayAsTheyWere) {
+    for (const wchar_t* path : {IniPath, BackupPath}) {
+        PlatformFake fake;
+        SettingsState state;
+        SettingsFile file(fake.platform, state);
+        fake.files.AddFile(IniPath, Former);
+        fake.files.AddFile(BackupPath, "older");
+        fake.files.Lock(path);
+        EXPECT_EQ(ErrorOf([&] { file.SaveSettings({}, L"C:\\"); }), ErrorNumber::PermissionDenied);
+        EXPECT_EQ(fake.files.Contents(IniPath), Former);
+    }
+}
+
+} // namespace
+} // namespace tamblin

@@ -1,0 +1,573 @@
+// tamb.ini: what each key's reading accepts and stores, and what a save writes, to the byte.
+#include "settings/settings_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "base/byte_lines.h"
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr wchar_t IniPath[] = L"C:\\Tamblin\\tamb.ini";
+constexpr wchar_t BackupPath[] = L"C:\\Tamblin\\tamb.bak";
+
+std::string Lines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines)
+        text.append(line).append(LineEnd);
+    return text;
+}
+
+HostFolderCombo Combo(std::vector<std::wstring> entries, std::optional<size_t> selected = 0) {
+    HostFolderCombo combo;
+    combo.entries = std::move(entries);
+    combo.selected = combo.entries.empty() ? std::nullopt : selected;
+    return combo;
+}
+
+class SettingsFileTest : public testing::Test {
+  protected:
+    void Given(const std::vector<std::string>& lines) { files.AddFile(IniPath, Lines(lines)); }
+    void GivenBytes(std::string_view bytes) { files.AddFile(IniPath, bytes); }
+    void GivenHosts(const std::vector<std::wstring>& folders) {
+        for (const std::wstring& folder : folders)
+            AddHost(files, folder);
+    }
+    std::string Ini() const { return files.Contents(IniPath); }
+    std::vector<std::wstring> Folders() const {
+        const auto first = state.HostFolders.begin() + 1;
+        return {first, first + state.HostFolderCount};
+    }
+
+    PlatformFake fake;
+    MemoryFileSystem& files = fake.files;
+    SettingsState state;
+    SettingsFile file{fake.platform, state};
+};
+
+// --- Reading ------------------------------------------------------------------------------------
+
+TEST_F(SettingsFileTest, MissingFileReadsAsNothing) {
+    state.HostFolderCount = 1;
+    state.HostFolders[1] = L"C:\\Host";
+    state.VersionKnown = true;
+    for (const auto key : {setting_keys::Version, setting_keys::VmrFolder, setting_keys::Default,
+                           setting_keys::ViewFolder, setting_keys::KvaOption})
+        EXPECT_FALSE(file.ReadSetting(key)) << key;
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\Host"));
+    EXPECT_TRUE(state.VersionKnown);
+    EXPECT_EQ(state.KvaOption, L"");
+}
+
+TEST_F(SettingsFileTest, FolderOfThatNameIsNoFile) {
+    files.AddFolder(IniPath);
+    EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
+}
+
+TEST_F(SettingsFileTest, EmptyFileHasNoKeys) {
+    GivenBytes("");
+    EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
+    EXPECT_FALSE(file.ReadSetting(setting_keys::VmrFolder));
+    EXPECT_FALSE(file.ReadSetting(setting_keys::KvaOption));
+    EXPECT_EQ(state.KvaOption, L"");
+}
+
+TEST_F(SettingsFileTest, IsReadFromTheProgramFolderWhateverIsCurrent) {
+    Given({"VERSION=Ver.0.61"});
+    files.AddFile(L"C:\\Else\\tamb.ini", "VERSION=Ver.9\r\n");
+    files.SetCurrentFolder(L"C:\\Else");
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+}
+
+TEST_F(SettingsFileTest, IsFoundWhenTheProgramFolderIsADriveRoot) {
+    fake.platform.programFolder = L"C:\\";
+    files.AddFile(L"C:\\tamb.ini", "VERSION=Ver.0.60\r\n");
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+}
+
+TEST_F(SettingsFileTest, EveryCallReadsTheFileAnew) {
+    Given({"VERSION=Ver.0.61"});
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+    Given({"VERSION=Ver.0.62"});
+    EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
+    EXPECT_EQ(files.CountLogged(L"Read "), 2U);
+}
+
+struct VersionCase {
+    const char* name;
+    const char* line;
+    bool known;
+};
+
+class VersionTest : public SettingsFileTest, public testing::WithParamInterface<VersionCase> {};
+
+TEST_P(VersionTest, IsKnownOrNot) {
+    state.VersionKnown = !GetParam().known;
+    Given({"# Tamblin", GetParam().line});
+    EXPECT_EQ(file.ReadSetting(setting_keys::Version), GetParam().known);
+    EXPECT_EQ(state.VersionKnown, GetParam().known);
+}
+
+INSTANTIATE_TEST_SUITE_P(Versions, VersionTest,
+                         testing::Values(VersionCase{"Beta", "VERSION=Ver.0.60 Beta-2", true},
+                                         VersionCase{"Former", "VERSION=Ver.0.60", true},
+                                         VersionCase{"Own", "VERSION=Ver.0.61", true},
+                                         VersionCase{"Later", "VERSION=Ver.0.62", false},
+                                         VersionCase{"LowerCase", "VERSION=ver.0.61", false},
+                                         VersionCase{"Blank", "VERSION= Ver.0.61", false},
+                                         VersionCase{"TrailingBlank", "VERSION=Ver.0.61 ", false},
+                                         VersionCase{"Empty", "VERSION=", false}),
+                         CaseName);
+
+TEST_F(SettingsFileTest, MissingKeyStoresNothing) {
+    state.VersionKnown = true;
+    state.KvaOption = L"ON";
+    state.DefaultFolder = L"C:\\Old";
+    state.ViewFolder = L"C:\\OldView";
+    Given({"# VERSION=Ver.0.60", " VERSION=Ver.0.60", "version=Ver.0.60", "XVERSION=Ver.0.60"});
+    for (const auto key : {setting_keys::Version, setting_keys::Default, setting_keys::ViewFolder,
+                           setting_keys::KvaOption})
+        EXPECT_FALSE(file.ReadSetting(key)) << key;
+    EXPECT_TRUE(state.VersionKnown);
+    EXPECT_EQ(state.KvaOption, L"ON");
+    EXPECT_EQ(state.DefaultFolder, L"C:\\Old");
+    EXPECT_EQ(state.ViewFolder, L"C:\\OldView");
+}
+
+struct KvaCase {
+    const char* name;
+    const char* line;
+    const wchar_t* option;
+};
+
+class KvaOptionTest : public SettingsFileTest, public testing::WithParamInterface<KvaCase> {};
+
+TEST_P(KvaOptionTest, IsOnOrOffAndNeverASuccess) {
+    Given({GetParam().line});
+    EXPECT_FALSE(file.ReadSetting(setting_keys::KvaOption));
+    EXPECT_EQ(state.KvaOption, GetParam().option);
+}
+
+INSTANTIATE_TEST_SUITE_P(KvaOptions, KvaOptionTest,
+                         testing::Values(KvaCase{"Upper", "KVAOPTION=ON", L"ON"},
+                                         KvaCase{"Lower", "KVAOPTION=on", L"ON"},
+                                         KvaCase{"Capital", "KVAOPTION=On", L"ON"},
+                                         KvaCase{"Mixed", "KVAOPTION=oN", L"OFF"},
+                                         KvaCase{"Off", "KVAOPTION=OFF", L"OFF"},
+                                         KvaCase{"Empty", "KVAOPTION=", L"OFF"},
+                                         KvaCase{"Blank", "KVAOPTION= ON", L"OFF"},
+                                         KvaCase{"Other", "KVAOPTION=ON,1", L"OFF"}),
+                         CaseName);
+
+TEST_F(SettingsFileTest, OnlyTheFirstLineOfAKeyCounts) {
+    GivenHosts({L"C:\\Host"});
+    Given({"VERSION=Ver.9", "DEFAULT=C:\\Gone", "KVAOPTION=OFF", "VERSION=Ver.0.61",
+           "DEFAULT=C:\\Host", "KVAOPTION=ON"});
+    EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
+    EXPECT_FALSE(file.ReadSetting(setting_keys::Default));
+    file.ReadSetting(setting_keys::KvaOption);
+    EXPECT_FALSE(state.VersionKnown);
+    EXPECT_EQ(state.DefaultFolder, L"");
+    EXPECT_EQ(state.KvaOption, L"OFF");
+}
+
+TEST_F(SettingsFileTest, ReadsALastLineWithoutLineEnd) {
+    GivenBytes("KVAOPTION=ON\r\nVERSION=Ver.0.61");
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+}
+
+struct FolderCase {
+    const char* name;
+    std::vector<std::wstring> files;
+    const char* value;
+    bool taken;
+};
+
+class DefaultFolderTest : public SettingsFileTest,
+                          public testing::WithParamInterface<FolderCase> {};
+
+TEST_P(DefaultFolderTest, IsTakenWhenItIsAHostFolder) {
+    for (const std::wstring& name : GetParam().files)
+        files.AddFile(name);
+    state.DefaultFolder = L"former";
+    Given({std::string("DEFAULT=") + GetParam().value});
+    EXPECT_EQ(file.ReadSetting(setting_keys::Default), GetParam().taken);
+    EXPECT_EQ(state.DefaultFolder,
+              GetParam().taken ? fake.ansi.Decode(GetParam().value) : L"former");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Folders, DefaultFolderTest,
+    testing::Values(
+        FolderCase{"Both", {L"C:\\H\\ombrel.exe", L"C:\\H\\ombrel.rc"}, "C:\\H", true},
+        FolderCase{"OtherCase", {L"C:\\H\\OMBREL.EXE", L"C:\\H\\Ombrel.RC"}, "c:\\h", true},
+        FolderCase{"Backslash", {L"C:\\H\\ombrel.exe", L"C:\\H\\ombrel.rc"}, "C:\\H\\", true},
+        FolderCase{"Comma", {L"C:\\a,b\\ombrel.exe", L"C:\\a,b\\ombrel.rc"}, "C:\\a,b", true},
+        FolderCase{"Root", {L"C:\\ombrel.exe", L"C:\\ombrel.rc"}, "C:\\", true},
+        FolderCase{
+            "CurrentOfDrive", {L"C:\\Tamblin\\ombrel.exe", L"C:\\Tamblin\\ombrel.rc"}, "C:", true},
+        FolderCase{"Hidden", {L"C:\\H\\ombrel.exe", L"C:\\H\\ombrel.rc"}, "C:\\H", true},
+        FolderCase{"NoProgram", {L"C:\\H\\ombrel.rc"}, "C:\\H", false},
+        FolderCase{"NoStartUpFile", {L"C:\\H\\ombrel.exe"}, "C:\\H", false},
+        FolderCase{
+            "FolderForProgram", {L"C:\\H\\ombrel.exe\\x", L"C:\\H\\ombrel.rc"}, "C:\\H", false},
+        FolderCase{"Gone", {}, "C:\\Gone", false}, FolderCase{"NoDrive", {}, "Q:\\H", false},
+        FolderCase{"NoName", {}, "C:\\a?b", false}, FolderCase{"Empty", {}, "", false}),
+    CaseName);
+
+class ViewFolderTest : public SettingsFileTest, public testing::WithParamInterface<FolderCase> {};
+
+TEST_P(ViewFolderTest, IsTakenWhenItHoldsAPlainFile) {
+    for (const std::wstring& name : GetParam().files)
+        files.AddFile(name);
+    files.AddFile(L"C:\\Hidden\\a", "", {.hidden = true});
+    files.AddFile(L"C:\\Hidden\\b", "", {.system = true});
+    state.ViewFolder = L"former";
+    Given({std::string("VIEWFOLDER=") + GetParam().value});
+    EXPECT_EQ(file.ReadSetting(setting_keys::ViewFolder), GetParam().taken);
+    EXPECT_EQ(state.ViewFolder, GetParam().taken ? fake.ansi.Decode(GetParam().value) : L"former");
+    EXPECT_FALSE(file.ReadSetting(setting_keys::Default)); // reading goes on
+    files.AddFile(IniPath, "VERSION=Ver.0.61");
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Folders, ViewFolderTest,
+    testing::Values(FolderCase{"File", {L"C:\\V\\a.txt"}, "C:\\V", true},
+                    FolderCase{"Backslash", {L"C:\\V\\a.txt"}, "C:\\V\\", true},
+                    FolderCase{"Root", {L"C:\\a.txt"}, "C:\\", true},
+                    FolderCase{"OnlySubfolders", {L"C:\\V\\W\\a.txt"}, "C:\\V", false},
+                    FolderCase{"RootWithoutFiles", {}, "C:\\", false},
+                    FolderCase{"OnlyHiddenFiles", {}, "C:\\Hidden", false},
+                    FolderCase{"Gone", {}, "C:\\Gone\\", false},
+                    // Nothing stands for the current folder, which holds the settings file.
+                    FolderCase{"Empty", {}, "", true},
+                    FolderCase{"AFile", {L"C:\\V\\a.txt"}, "C:\\V\\a.txt", false},
+                    FolderCase{"NoDrive", {}, "Q:\\V\\", false},
+                    FolderCase{"NoName", {}, "C:\\a?b\\", false}),
+    CaseName);
+
+TEST_F(SettingsFileTest, FoldersLoadInFileOrderAsWritten) {
+    GivenHosts({L"C:\\A", L"C:\\b", L"C:\\"});
+    Given({"VMRFOLDER=C:\\b\\", "VERSION=Ver.0.61", "VMRFOLDER=C:\\", "#VMRFOLDER=C:\\A",
+           "VMRFOLDER=c:\\a", "VMRFOLDER=C:\\b"});
+    EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\b\\", L"C:\\", L"c:\\a", L"C:\\b"));
+}
+
+TEST_F(SettingsFileTest, RejectedFoldersAreSkippedAndDoNotCount) {
+    GivenHosts({L"C:\\A", L"C:\\Tamblin"});
+    files.AddFile(L"C:\\Half\\ombrel.exe");
+    Given({"VMRFOLDER=C:\\Half", "VMRFOLDER=C:", "VMRFOLDER=", "VMRFOLDER=Q:\\x",
+           "VMRFOLDER=C:\\a?b", "vmrfolder=C:\\A", "VMRFOLDER=C:\\A"});
+    EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+}
+
+TEST_F(SettingsFileTest, ReadingFoldersForgetsTheFormerOnes) {
+    state.HostFolderCount = 3;
+    Given({"VMRFOLDER=C:\\Gone"});
+    EXPECT_FALSE(file.ReadSetting(setting_keys::VmrFolder));
+    EXPECT_EQ(state.HostFolderCount, 0);
+}
+
+TEST_F(SettingsFileTest, TenOfTwelveFoldersLoad) {
+    std::vector<std::string> lines;
+    for (char letter = 'A'; letter <= 'L'; ++letter) {
+        AddHost(files, std::wstring(L"C:\\") + static_cast<wchar_t>(letter));
+        lines.push_back(std::string("VMRFOLDER=C:\\") + letter);
+    }
+    Given(lines);
+    EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
+    EXPECT_EQ(state.HostFolderCount, 10);
+    EXPECT_EQ(state.HostFolders[1], L"C:\\A");
+    EXPECT_EQ(state.HostFolders[10], L"C:\\J");
+    EXPECT_EQ(state.HostFolders[11], L"");
+}
+
+TEST_F(SettingsFileTest, RejectedFoldersLeaveRoomForTen) {
+    std::vector<std::string> lines(30, "VMRFOLDER=C:\\Gone");
+    for (char letter = 'A'; letter <= 'J'; ++letter) {
+        AddHost(files, std::wstring(L"C:\\") + static_cast<wchar_t>(letter));
+        lines.push_back(std::string("VMRFOLDER=C:\\") + letter);
+    }
+    Given(lines);
+    file.ReadSetting(setting_keys::VmrFolder);
+    EXPECT_EQ(state.HostFolderCount, 10);
+}
+
+TEST_F(SettingsFileTest, JapaneseFoldersLoad) {
+    GivenHosts({L"C:\\表ソ能\\ｶﾅ"});
+    Given({"VMRFOLDER=" + fake.ansi.Encode(L"C:\\表ソ能\\ｶﾅ")});
+    EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\表ソ能\\ｶﾅ"));
+}
+
+// Any failure but a malformed name ends a read with what it has reached, and the later ones too.
+TEST_F(SettingsFileTest, DriveThatIsNotReadyEndsThisReadAndAllLaterOnes) {
+    GivenHosts({L"C:\\A", L"C:\\B"});
+    files.AddDrive(L"E:");
+    files.SetReady(L"E:", false);
+    Given({"VERSION=Ver.0.61", "VMRFOLDER=C:\\A", "VMRFOLDER=E:\\x", "VMRFOLDER=C:\\B"});
+    EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+    EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
+    EXPECT_FALSE(state.VersionKnown);
+}
+
+TEST_F(SettingsFileTest, ViewFolderOnADriveThatIsNotReadyEndsAllLaterReads) {
+    files.AddDrive(L"E:");
+    files.SetReady(L"E:", false);
+    Given({"VIEWFOLDER=E:\\x\\", "KVAOPTION=ON"});
+    EXPECT_FALSE(file.ReadSetting(setting_keys::ViewFolder));
+    file.ReadSetting(setting_keys::KvaOption);
+    EXPECT_EQ(state.KvaOption, L"");
+}
+
+TEST_F(SettingsFileTest, FileInUseReadsAsNothing) {
+    Given({"VERSION=Ver.0.61"});
+    files.Lock(IniPath);
+    EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
+    EXPECT_FALSE(state.VersionKnown);
+}
+
+// --- A fresh file -------------------------------------------------------------------------------
+
+TEST_F(SettingsFileTest, FreshFileHasItsNineKindsOfLines) {
+    state.KvaOption = L"ON";
+    file.SaveSettings(Combo({L"C:\\A", L"D:\\表\\"}, 1), L"C:\\Packs\\");
+    EXPECT_EQ(Ini(), fake.ansi.Encode(L"# Tamblin\r\n# Configuration File\r\n\r\n"
+                                      L"VERSION=Ver.0.61\r\nDEFAULT=D:\\表\\\r\nKVAOPTION=ON\r\n"
+                                      L"VMRFOLDER=C:\\A\r\nVMRFOLDER=D:\\表\\\r\n"
+                                      L"VIEWFOLDER=C:\\Packs\\\r\n\r\n"));
+    EXPECT_FALSE(files.Exists(BackupPath));
+}
+
+TEST_F(SettingsFileTest, FreshFileWithoutFoldersHasNoFolderLine) {
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"# Tamblin", "# Configuration File", "", "VERSION=Ver.0.61",
+                            "DEFAULT=", "KVAOPTION=", "VIEWFOLDER=C:\\", ""}));
+}
+
+TEST_F(SettingsFileTest, KavaletOptionNeverSetReadsBackAsOff) {
+    file.SaveSettings(Combo({}), L"C:\\");
+    file.ReadSetting(setting_keys::KvaOption);
+    EXPECT_EQ(state.KvaOption, L"OFF");
+}
+
+TEST_F(SettingsFileTest, FreshFileReadsBack) {
+    GivenHosts({L"C:\\A", L"C:\\B"});
+    files.AddFile(L"C:\\Packs\\a.lzh");
+    state.KvaOption = L"ON";
+    file.SaveSettings(Combo({L"C:\\A", L"C:\\B"}, 1), L"C:\\Packs\\");
+    state = SettingsState();
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+    EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Default));
+    EXPECT_TRUE(file.ReadSetting(setting_keys::ViewFolder));
+    file.ReadSetting(setting_keys::KvaOption);
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\B"));
+    EXPECT_EQ(state.DefaultFolder, L"C:\\B");
+    EXPECT_EQ(state.ViewFolder, L"C:\\Packs\\");
+    EXPECT_EQ(state.KvaOption, L"ON");
+}
+
+// --- Rewriting ----------------------------------------------------------------------------------
+
+TEST_F(SettingsFileTest, SavingMakesTheProgramFolderCurrent) {
+    files.AddFolder(L"C:\\Else");
+    files.SetCurrentFolder(L"C:\\Else");
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
+    EXPECT_TRUE(files.Exists(IniPath));
+    EXPECT_FALSE(files.Exists(L"C:\\Else\\tamb.ini"));
+}
+
+TEST_F(SettingsFileTest, RewriteBringsEveryKeyUpToDateInItsPlace) {
+    state.KvaOption = L"OFF";
+    Given({"# my settings", "VIEWFOLDER=C:\\", "", "VMRFOLDER=C:\\Old", "KVAOPTION=ON", "UNKNOWN=1",
+           "VMRFOLDER=C:\\Older", "DEFAULT=C:\\Old", "VERSION=Ver.0.60 Beta-2", "some text"});
+    file.SaveSettings(Combo({L"C:\\A", L"C:\\B"}, 1), L"C:\\Packs\\");
+    EXPECT_EQ(Ini(), Lines({"# my settings", "VIEWFOLDER=C:\\Packs\\", "", "VMRFOLDER=C:\\A",
+                            "VMRFOLDER=C:\\B", "KVAOPTION=OFF", "UNKNOWN=1", "DEFAULT=C:\\B",
+                            "VERSION=Ver.0.61", "some text"}));
+    EXPECT_FALSE(files.Exists(BackupPath));
+}
+
+TEST_F(SettingsFileTest, OnlyFoldersAreAddedWhenTheirKeyIsMissing) {
+    Given({"VERSION=Ver.0.60", "#"});
+    file.SaveSettings(Combo({L"C:\\A", L"C:\\B"}), L"C:\\Packs\\");
+    EXPECT_EQ(Ini(), Lines({"VERSION=Ver.0.61", "#", "VMRFOLDER=C:\\A", "VMRFOLDER=C:\\B"}));
+}
+
+TEST_F(SettingsFileTest, FoldersGoWhenTheComboIsEmpty) {
+    Given({"VMRFOLDER=C:\\A", "x", "VMRFOLDER=C:\\B"});
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"x"}));
+}
+
+TEST_F(SettingsFileTest, BothDefaultLinesAreRewritten) {
+    Given({"DEFAULT=C:\\A", "DEFAULT=C:\\B", "VMRFOLDER="});
+    file.SaveSettings(Combo({L"C:\\N"}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"DEFAULT=C:\\N", "DEFAULT=C:\\N", "VMRFOLDER=C:\\N"}));
+}
+
+TEST_F(SettingsFileTest, ComboWithoutSelectionEmptiesTheDefault) {
+    Given({"DEFAULT=C:\\A", "VMRFOLDER=C:\\A"});
+    file.SaveSettings(Combo({L"C:\\A"}, std::nullopt), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"DEFAULT=", "VMRFOLDER=C:\\A"}));
+}
+
+TEST_F(SettingsFileTest, KeysInOtherCaseOrWithBlanksAreUnknown) {
+    Given({"version=Ver.0.60", "VERSION =Ver.0.60", "VERSION", "vmrfolder=C:\\A", "VMRFOLDER=x"});
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(Ini(),
+              Lines({"version=Ver.0.60", "VERSION =Ver.0.60", "VERSION", "vmrfolder=C:\\A"}));
+}
+
+TEST_F(SettingsFileTest, LowerCaseOnIsWrittenBackUpperCase) {
+    Given({"KVAOPTION=on", "VMRFOLDER="});
+    file.ReadSetting(setting_keys::KvaOption);
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"KVAOPTION=ON"}));
+}
+
+// The rewrite reads fields, not lines: a comma ends an item, and its rest becomes one of its own.
+TEST_F(SettingsFileTest, CommaCutsAnItemWhenTheFileIsRewritten) {
+    Given({"VMRFOLDER=C:\\a,b", "# one, two", "VIEWFOLDER=C:\\v,DEFAULT=C:\\x"});
+    file.SaveSettings(Combo({L"C:\\N"}), L"C:\\Packs\\");
+    EXPECT_EQ(Ini(), Lines({"VMRFOLDER=C:\\N", "b", "# one", "two", "VIEWFOLDER=C:\\Packs\\",
+                            "DEFAULT=C:\\N"}));
+}
+
+TEST_F(SettingsFileTest, QuotesAndLeadingBlanksGoWhenTheFileIsRewritten) {
+    Given({"\"VERSION=Ver.0.60\"", "  KVAOPTION=ON", "\"a, b\"", "VMRFOLDER="});
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"VERSION=Ver.0.61", "KVAOPTION=", "a, b"}));
+}
+
+TEST_F(SettingsFileTest, SavingAgainChangesNothing) {
+    const auto combo = Combo({L"C:\\A", L"C:\\B"});
+    file.SaveSettings(combo, L"C:\\Packs\\");
+    const std::string fresh = Ini();
+    file.SaveSettings(combo, L"C:\\Packs\\");
+    EXPECT_EQ(Ini(), fresh);
+}
+
+TEST_F(SettingsFileTest, FoldersThatAreGoneOrTooManyAreLostAtTheNextSave) {
+    std::vector<std::string> lines = {"VMRFOLDER=C:\\Gone"};
+    for (char letter = 'A'; letter <= 'L'; ++letter) {
+        AddHost(files, std::wstring(L"C:\\") + static_cast<wchar_t>(letter));
+        lines.push_back(std::string("VMRFOLDER=C:\\") + letter);
+    }
+    Given(lines);
+    file.ReadSetting(setting_keys::VmrFolder);
+    HostFolderCombo combo;
+    FillHostFolderCombo(combo, state);
+    file.SaveSettings(combo, L"C:\\");
+    lines.erase(lines.begin());
+    lines.resize(10);
+    EXPECT_EQ(Ini(), Lines(lines));
+}
+
+TEST_F(SettingsFileTest, FormerBackupIsDeletedFirst) {
+    Given({"VERSION=Ver.0.60"});
+    files.AddFile(BackupPath, "of an interrupted save");
+    files.ForgetOperations();
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"VERSION=Ver.0.61"}));
+    EXPECT_FALSE(files.Exists(BackupPath));
+    const auto& log = files.Log();
+    EXPECT_LT(std::find(log.begin(), log.end(), L"Delete C:\\Tamblin\\tamb.bak"),
+              std::find(log.begin(), log.end(),
+                        L"Rename C:\\Tamblin\\tamb.ini -> C:\\Tamblin\\tamb.bak"));
+}
+
+TEST_F(SettingsFileTest, TooLongALineIsNoLineTooLong) {
+    const std::string longLine(100'000, 'x');
+    Given({longLine, "VERSION=Ver.0.61"});
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({longLine, "VERSION=Ver.0.61"}));
+}
+
+// --- Files that nobody wrote on purpose ---------------------------------------------------------
+
+TEST_F(SettingsFileTest, TenThousandUnknownLinesSurvive) {
+    std::vector<std::string> lines;
+    for (int line = 0; line < 10'000; ++line)
+        lines.push_back("LINE" + std::to_string(line) + "=" + std::string(line % 90u, 'v'));
+    lines.push_back("VERSION=Ver.0.61");
+    lines.push_back("VMRFOLDER=C:\\A");
+    GivenHosts({L"C:\\A"});
+    Given(lines);
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+    EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
+    file.SaveSettings(Combo({L"C:\\A"}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines(lines));
+}
+
+// NULs, control characters, and bytes that are no characters of the code page.
+TEST_F(SettingsFileTest, UnknownBytesSurvive) {
+    std::string bytes("a\0b\r\n\x1A\x01\t\r\n\x81\r\n\xFF\xFE\xFD=\x80\xA0\r\n#\x85\xFC\x95\r\n",
+                      27);
+    GivenBytes(bytes + "VERSION=Ver.0.60\r\nVMRFOLDER=C:\\\x81");
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+    EXPECT_FALSE(file.ReadSetting(setting_keys::VmrFolder));
+    EXPECT_FALSE(file.ReadSetting(setting_keys::ViewFolder));
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(Ini(), bytes + "VERSION=Ver.0.61\r\n");
+}
+
+TEST_F(SettingsFileTest, NulsInValuesAreNoValues) {
+    for (const char* key : {"VERSION=", "VMRFOLDER=", "DEFAULT=", "VIEWFOLDER="}) {
+        GivenBytes(key + std::string("C:\\\0x\r\nVERSION=Ver.0.61\r\n", 24));
+        EXPECT_FALSE(file.ReadSetting(key)) << key;
+    }
+    EXPECT_FALSE(file.ReadSetting(setting_keys::KvaOption));
+}
+
+TEST_F(SettingsFileTest, EmptyFileGetsTheFolders) {
+    GivenBytes("");
+    file.SaveSettings(Combo({L"C:\\A"}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"VMRFOLDER=C:\\A"}));
+}
+
+TEST_F(SettingsFileTest, LastLineWithoutEndSurvives) {
+    GivenBytes("VMRFOLDER=\r\nlast");
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"last"}));
+}
+
+TEST_F(SettingsFileTest, SavingOverAFolderOfThatNameFailsAndTouchesNothing) {
+    files.AddFile(L"C:\\Tamblin\\tamb.ini\\inside", "1");
+    const auto before = files.Snapshot();
+    try {
+        file.SaveSettings(Combo({}), L"C:\\");
+        FAIL();
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::PathFileAccess);
+        EXPECT_TRUE(error.IsFatal());
+    }
+    EXPECT_EQ(files.Snapshot(), before);
+}
+
+TEST_F(SettingsFileTest, FolderInTheBackupsPlaceFailsAndTouchesNothing) {
+    Given({"VERSION=Ver.0.60"});
+    files.AddFolder(BackupPath);
+    const auto before = files.Snapshot();
+    EXPECT_EQ(ErrorOf([&] { file.SaveSettings(Combo({}), L"C:\\"); }),
+              ErrorNumber::FileAlreadyExists);
+    EXPECT_EQ(files.Snapshot(), before);
+}
+
+} // namespace
+} // namespace tamblin

@@ -1,0 +1,191 @@
+// From the splash to the first working window, tick by tick.
+#include "app/start_up.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class StartUpTest : public testing::Test {
+  protected:
+    StartUpTest() {
+        AddHost(files, L"C:\\Host");
+        files.AddFile(L"C:\\Packs\\a.lzh");
+    }
+    void Given(std::string_view ini) { files.AddFile(L"C:\\Tamblin\\tamb.ini", ini); }
+    // Runs the whole splash; a window before tick 12 is a failure.
+    FirstWindow Run() {
+        for (int tick = 1; tick < 12; ++tick)
+            EXPECT_EQ(startUp.Tick(), FirstWindow::None) << tick;
+        return startUp.Tick();
+    }
+
+    PlatformFake fake;
+    MemoryFileSystem& files = fake.files;
+    SettingsState state;
+    SettingsFile file{fake.platform, state};
+    StartUp startUp{fake.platform, state, file};
+};
+
+TEST_F(StartUpTest, SecondCopyIsToldAndReadsNothing) {
+    Given("VERSION=Ver.0.60\r\n");
+    files.SetCurrentFolder(L"C:\\Host");
+    files.ForgetOperations();
+    EXPECT_FALSE(startUp.Load(true));
+    EXPECT_THAT(fake.messages.shown,
+                ElementsAre(MessageBoxesFake::Box{MessageBoxesFake::Kind::Inform,
+                                                  L"すでに起動されています。"}));
+    EXPECT_EQ(files.OperationCount(), 0U);
+}
+
+TEST_F(StartUpTest, FirstCopyMakesTheProgramFolderCurrent) {
+    files.SetCurrentFolder(L"C:\\Host");
+    EXPECT_TRUE(startUp.Load(false));
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
+TEST_F(StartUpTest, TicksComeFiveTimesASecond) {
+    EXPECT_EQ(StartUpTickMilliseconds, 200U);
+}
+
+TEST_F(StartUpTest, ProgressLineIsSeenFromTickThreeToTickEleven) {
+    std::vector<int> visible;
+    for (int tick = 1; tick <= 12; ++tick) {
+        startUp.Tick();
+        if (startUp.ProgressLineVisible())
+            visible.push_back(tick);
+    }
+    EXPECT_THAT(visible, ElementsAre(3, 4, 5, 6, 7, 8, 9, 10));
+}
+
+// The ticks at which the settings file is read.
+std::vector<int> ReadingTicks(StartUp& startUp, MemoryFileSystem& files) {
+    std::vector<int> ticks;
+    for (int tick = 1; tick <= 12; ++tick) {
+        files.ForgetOperations();
+        startUp.Tick();
+        for (size_t reads = files.CountLogged(L"Read "); reads > 0; --reads)
+            ticks.push_back(tick);
+    }
+    return ticks;
+}
+
+TEST_F(StartUpTest, ReadsOneKeyPerStep) {
+    Given("VERSION=Ver.0.61\r\n");
+    EXPECT_THAT(ReadingTicks(startUp, files), ElementsAre(4, 5, 7, 9, 12));
+}
+
+TEST_F(StartUpTest, UnknownVersionSkipsAllButTheKavaletOption) {
+    Given("VERSION=Ver.0.7\r\nVMRFOLDER=C:\\Host\r\nKVAOPTION=ON\r\n");
+    EXPECT_THAT(ReadingTicks(startUp, files), ElementsAre(4, 12));
+    EXPECT_EQ(state.KvaOption, L"ON");
+    EXPECT_EQ(state.HostFolderCount, 0);
+}
+
+TEST_F(StartUpTest, StepsReadTheirKeysInOrder) {
+    Given(
+        "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Host\r\nDEFAULT=C:\\Host\r\n"
+        "VIEWFOLDER=C:\\Packs\\\r\nKVAOPTION=ON\r\n");
+    int tick = 0;
+    const auto tickTo = [&](int last) {
+        for (; tick < last; ++tick)
+            startUp.Tick();
+    };
+    tickTo(3);
+    EXPECT_FALSE(state.VersionKnown);
+    tickTo(4);
+    EXPECT_TRUE(state.VersionKnown);
+    EXPECT_EQ(state.HostFolderCount, 0);
+    tickTo(5);
+    EXPECT_EQ(state.HostFolderCount, 1);
+    tickTo(6);
+    EXPECT_EQ(state.DefaultFolder, L"");
+    tickTo(7);
+    EXPECT_EQ(state.DefaultFolder, L"C:\\Host");
+    tickTo(8);
+    EXPECT_EQ(state.ViewFolder, L"");
+    tickTo(9);
+    EXPECT_EQ(state.ViewFolder, L"C:\\Packs\\");
+    tickTo(11);
+    EXPECT_EQ(state.KvaOption, L"");
+    tickTo(12);
+    EXPECT_EQ(state.KvaOption, L"ON");
+}
+
+struct DecisionCase {
+    const char* name;
+    const char* ini; // null: no file
+    FirstWindow window;
+};
+
+class DecisionTest : public StartUpTest, public testing::WithParamInterface<DecisionCase> {};
+
+TEST_P(DecisionTest, OpensTheWindow) {
+    if (GetParam().ini)
+        Given(GetParam().ini);
+    EXPECT_TRUE(startUp.Load(false));
+    const auto before = files.Snapshot();
+    EXPECT_EQ(Run(), GetParam().window);
+    EXPECT_EQ(state.BrowseStartFolder,
+              GetParam().window == FirstWindow::SetUpWizard ? L"C:\\Tamblin" : L"");
+    EXPECT_EQ(files.Snapshot(), before); // nothing is written during start-up
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
+constexpr auto Main = FirstWindow::MainWindow;
+constexpr auto Wizard = FirstWindow::SetUpWizard;
+
+INSTANTIATE_TEST_SUITE_P(
+    Decisions, DecisionTest,
+    testing::Values(
+        DecisionCase{"NoFile", nullptr, Wizard}, DecisionCase{"EmptyFile", "", Wizard},
+        DecisionCase{"FormerVersion", "VERSION=Ver.0.60\r\nVMRFOLDER=C:\\Host\r\n", Main},
+        DecisionCase{"BetaVersion", "VERSION=Ver.0.60 Beta-2\r\nVMRFOLDER=C:\\Host\r\n", Main},
+        DecisionCase{"UnknownVersion", "VERSION=Ver.0.5\r\nVMRFOLDER=C:\\Host\r\n", Wizard},
+        DecisionCase{"NoVersion", "VMRFOLDER=C:\\Host\r\nDEFAULT=C:\\Host\r\n", Wizard},
+        DecisionCase{"OnlyDefault", "VERSION=Ver.0.61\r\nDEFAULT=C:\\Host\r\n", Main},
+        DecisionCase{"OnlyView", "VERSION=Ver.0.61\r\nVIEWFOLDER=C:\\Packs\\\r\n", Main},
+        // The version alone is no reason: its result is replaced by that of the folders.
+        DecisionCase{"OnlyVersion", "VERSION=Ver.0.61\r\n", Wizard},
+        DecisionCase{
+            "AllGone",
+            "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\x\r\nDEFAULT=C:\\x\r\nVIEWFOLDER=C:\\x\\\r\n"
+            "KVAOPTION=ON\r\n",
+            Wizard}),
+    CaseName);
+
+TEST_F(StartUpTest, LostHostStillOpensTheMainWindowWithAnEmptyCombo) {
+    files.AddFile(L"C:\\Lost\\ombrel.exe");
+    Given(
+        "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Lost\r\nDEFAULT=C:\\Lost\r\n"
+        "VIEWFOLDER=C:\\Packs\\\r\n");
+    EXPECT_EQ(Run(), FirstWindow::MainWindow);
+    HostFolderCombo combo;
+    FillHostFolderCombo(combo, state);
+    EXPECT_THAT(combo.entries, IsEmpty());
+}
+
+TEST_F(StartUpTest, UnreadableFileOpensTheWizard) {
+    Given("VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Host\r\n");
+    files.Lock(L"C:\\Tamblin\\tamb.ini");
+    EXPECT_EQ(Run(), FirstWindow::SetUpWizard);
+}
+
+TEST_F(StartUpTest, FolderOnADriveThatIsGoneDoesNotHideTheRest) {
+    Given(
+        "VERSION=Ver.0.61\r\nVMRFOLDER=Q:\\Host\r\nVMRFOLDER=C:\\Host\r\nDEFAULT=Q:\\Host\r\n"
+        "VIEWFOLDER=Q:\\Packs\\\r\nKVAOPTION=ON\r\n");
+    EXPECT_EQ(Run(), FirstWindow::MainWindow);
+    EXPECT_EQ(state.HostFolderCount, 1);
+    EXPECT_EQ(state.KvaOption, L"ON");
+}
+
+} // namespace
+} // namespace tamblin
