@@ -1,0 +1,60 @@
+// The entry point: puts the program together and shows the splash window.
+#include <objbase.h>
+
+#include "app/program_windows.h"
+#include "platform/win32/program_folder.h"
+#include "platform/win32/program_instance.h"
+#include "platform/win32/win32_ansi_code_page.h"
+#include "platform/win32/win32_desktop_shell.h"
+#include "platform/win32/win32_event_loop.h"
+#include "platform/win32/win32_file_system.h"
+#include "platform/win32/win32_message_boxes.h"
+#include "platform/win32/win32_program_starter.h"
+#include "platform/win32/win32_unlha.h"
+#include "ui/application.h"
+
+namespace tamblin {
+namespace {
+
+class Apartment {
+  public:
+    Apartment() : result(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+    ~Apartment() {
+        if (SUCCEEDED(result))
+            CoUninitialize();
+    }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+
+  private:
+    HRESULT result;
+};
+
+void RunProgram() {
+    const Apartment apartment;
+    const ProgramInstance instance;
+    Application* windows = nullptr;
+    Win32MessageBoxes messages([&] { return windows ? windows->BoxOwner() : nullptr; });
+    Application application(messages, [] { ExitProcess(1); });
+    windows = &application;
+
+    Win32FileSystem files;
+    Win32DesktopShell shell;
+    Win32ProgramStarter starter;
+    Win32EventLoop events([&](MSG& message) { return application.TakesMessage(message); });
+    Win32Unlha unlha;
+    Win32AnsiCodePage ansi;
+    Platform platform{files, shell, starter, messages, events, unlha, ansi, ProgramFolder()};
+
+    ProgramWindows program(application, platform, [&] { return !instance.IsFirst(); });
+    program.ShowSplash();
+    application.Run();
+}
+
+} // namespace
+} // namespace tamblin
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+    tamblin::RunProgram();
+    return 0;
+}

@@ -1,0 +1,159 @@
+#include "app/main_window.h"
+
+#include "install/confirmation_window.h"
+#include "ui/at_exit.h"
+#include "ui/busy_pointer.h"
+
+namespace tamblin {
+
+Form1::Form1(Application& owner, Platform& surroundings, SettingsState& settings,
+             SettingsFile& settingsFile, HandOver& windows)
+    : Form(owner, 1, L"Tamblin Ver.0.61", FormFrame::Resizable),
+      platform(surroundings),
+      handOver(windows),
+      screen(surroundings, settings, settingsFile) {
+    text2.SetText(MainScreen::InitialStatusText());
+    NameForScreenReaders();
+    ConnectCommands();
+    ConnectLists();
+    SetFirstFocus(list1);
+    SetLayout(MakeLayout());
+    ShowModel();
+}
+
+void Form1::NameForScreenReaders() {
+    combo1.SetAccessibleName(L"Vimoraフォルダ");
+    list3.SetAccessibleName(L"導入済オンブレル一覧");
+    text1.SetAccessibleName(L"表示中のフォルダ");
+    list1.SetAccessibleName(L"すべてのフォルダ");
+    list2.SetAccessibleName(L"表示中のフォルダのファイル");
+    text2.SetAccessibleName(L"説明");
+}
+
+// Events
+
+void Form1::ConnectCommands() {
+    const auto press = [this](Button& button, void (MainScreen::*event)()) {
+        button.onClick = [this, event] {
+            Run([this, event] { (screen.*event)(); });
+        };
+    };
+    command1.onClick = [this] {
+        Run([this] { screen.InstallPressed(*this); });
+    };
+    press(command2, &MainScreen::PrepareStagingPressed);
+    press(command3, &MainScreen::UpdateHostPressed);
+    press(command4, &MainScreen::UpdateDefinitionPressed);
+    press(command5, &MainScreen::UninstallPressed);
+    press(command7, &MainScreen::DeselectInstalledPressed);
+    command8.onClick = [this] {
+        bool leave = false;
+        Run([&] { leave = screen.ExitPressed(); });
+        if (leave)
+            Close();
+    };
+    press(command9, &MainScreen::DeselectFilesPressed);
+    press(command11, &MainScreen::SetStartUpCharacterPressed);
+    press(command13, &MainScreen::LaunchPressed);
+    press(command14, &MainScreen::ShowReadmePressed);
+    for (Button* button : {static_cast<Button*>(&command6), &command10, &command12})
+        button->onClick = [this] {
+            NotBuiltYet();
+        };
+}
+
+void Form1::ConnectLists() {
+    combo1.onSelect = [this](size_t entry) {
+        Run([&] { screen.ComboSelected(entry); });
+    };
+    list1.onOpen = [this](size_t row) {
+        Run([&] { screen.TreeRowOpened(row); });
+    };
+    list2.onSelect = [this] {
+        Run([this] { screen.FileListClicked(); });
+    };
+    list3.onSelect = [this] {
+        Run([this] { screen.InstalledListClicked(); });
+    };
+}
+
+// Commands that have no operation yet say so, in one place.
+void Form1::NotBuiltYet() {
+    platform.messages.Inform(L"この機能は、このバージョンではまだ使えません。");
+}
+
+void Form1::Load() {
+    Run([this] { screen.Load(); });
+}
+
+void Form1::Activated() {
+    Run([this] { screen.Activate(); });
+}
+
+bool Form1::MayClose(CloseReason reason) {
+    if (reason == CloseReason::Program)
+        return true;
+    bool leave = false;
+    Run([&] { leave = screen.CloseBoxPressed(); });
+    return leave;
+}
+
+void Form1::Closing() {
+    App().CloseAll();
+}
+
+void Form1::PointerOver(Control* control) {
+    if (!control) {
+        text2.SetText(L"");
+        return;
+    }
+    if (control->Name().kind != ControlKind::Command)
+        return;
+    if (const auto text = MainScreen::StatusText(static_cast<size_t>(control->Name().number)))
+        text2.SetText(*text);
+}
+
+// The install asks
+
+void Form1::SetMainWindowEnabled(bool enabled) {
+    if (enabled == !installHolds)
+        return;
+    installHolds = !enabled;
+    enabled ? Release() : Hold();
+}
+
+void Form1::ShowConfirmation(const InstallConfirmation& lists, std::int16_t& InstallAnswer) {
+    Form7 confirmation(App(), lists, InstallAnswer, Handle());
+    confirmation.ShowModal();
+}
+
+// Mirroring
+
+void Form1::Run(const std::function<void()>& event) {
+    ReadSelections();
+    const BusyPointer busy;
+    const AtExit mirror([this] {
+        if (IsOpen())
+            ShowModel();
+    });
+    event();
+}
+
+void Form1::ReadSelections() {
+    list2.ReadSelections(screen.Model().browser.Files());
+    list3.ReadSelections(screen.Model().installed.names);
+}
+
+void Form1::ShowModel() {
+    const MainModel& model = screen.Model();
+    combo1.Show(model.combo.entries, model.combo.selected);
+    list3.Show(model.installed.names);
+    text1.SetText(model.browser.PathText());
+    list1.Show(model.browser.Rows(), model.browser.SelectedRow());
+    list2.Show(model.browser.Files());
+    for (Control* control : Controls())
+        if (control->Name().kind == ControlKind::Command)
+            control->SetEnabled(model.buttons[static_cast<size_t>(control->Name().number)]);
+}
+
+} // namespace tamblin

@@ -1,0 +1,82 @@
+#include "app/splash_window.h"
+
+namespace tamblin {
+
+constexpr COLORREF LabelColour = RGB(0xFF, 0xF4, 0xE0);
+
+Form6::Form6(Application& owner, StartUp& steps, HandOver& windows,
+             std::function<bool()> anotherCopyIsRunning)
+    : Form(owner, 6, L"Tamblin", FormFrame::Borderless),
+      startUp(steps),
+      handOver(windows),
+      isAnotherCopyRunning(std::move(anotherCopyIsRunning)) {
+    label4.SetVisible(false);
+    SetLayout(MakeLayout());
+}
+
+Form6::~Form6() {
+    DeleteObject(backgroundBrush);
+}
+
+std::unique_ptr<LayoutItem> Form6::MakeLayout() {
+    auto texts = Column();
+    texts->Gap(4, 1);
+    texts->Add(image2, 0, Across::Start).Gap(3).Add(label2, 0, Across::Start).Gap(8);
+    texts->Add(label3, 0, Across::Start).Gap(4).Add(label4, 0, Across::Start).Gap(4, 1);
+    texts->Add(label6, 0, Across::Start);
+    auto whole = Row();
+    whole->Margin(16, 14).Add(image1, 0, Across::Centre).Gap(16).Add(std::move(texts), 1);
+    return whole;
+}
+
+void Form6::Load() {
+    if (startUp.Load(isAnotherCopyRunning()))
+        StartTimer(StartUpTickMilliseconds);
+    else
+        handOver.Show(NextWindow::EndProgram);
+}
+
+void Form6::Tick() {
+    const FirstWindow next = startUp.Tick();
+    label4.SetVisible(startUp.ProgressLineVisible());
+    if (next == FirstWindow::None)
+        return;
+    StopTimer();
+    // The splash goes whatever becomes of the window that follows.
+    handOver.Show(next == FirstWindow::MainWindow ? NextWindow::MainWindow
+                                                  : NextWindow::SetUpWizard);
+    Close();
+}
+
+// The background is as large as the window and its pattern begins at the window's corner.
+void Form6::Arranged() {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    if (client.right == 0)
+        return;
+    const auto unit = static_cast<float>(Measure().LineHeight()) / 8;
+    Picture picture(client.right, client.bottom);
+    picture.SetUnit(unit);
+    artwork::DrawSplashBackground(picture, static_cast<float>(client.right) / unit,
+                                  static_cast<float>(client.bottom) / unit);
+    background = std::make_unique<Bitmap>(picture);
+    DeleteObject(backgroundBrush);
+    backgroundBrush = CreatePatternBrush(background->Handle());
+}
+
+bool Form6::PaintBackground(HDC target) {
+    if (background)
+        background->Draw(target, 0, 0);
+    return background != nullptr;
+}
+
+HBRUSH Form6::LabelBackground(HDC target, HWND label) {
+    POINT corner{};
+    MapWindowPoints(label, Handle(), &corner, 1);
+    SetBrushOrgEx(target, -corner.x, -corner.y, nullptr);
+    SetBkMode(target, TRANSPARENT);
+    SetTextColor(target, LabelColour);
+    return backgroundBrush;
+}
+
+} // namespace tamblin

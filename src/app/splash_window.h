@@ -1,0 +1,51 @@
+// The splash window: what is seen while the program starts.
+#pragma once
+
+#include "app/artwork.h"
+#include "app/start_up.h"
+#include "ui/bitmap.h"
+#include "ui/form.h"
+#include "ui/hand_over.h"
+#include "ui/label.h"
+#include "ui/picture_box.h"
+
+namespace tamblin {
+
+class Form6 : public Form {
+  public:
+    // `anotherCopyIsRunning` is asked when the window is loaded.
+    Form6(Application& owner, StartUp& steps, HandOver& windows,
+          std::function<bool()> anotherCopyIsRunning);
+    ~Form6() override;
+
+  private:
+    void Load() override;
+    void Tick() override;
+    void Arranged() override;
+    bool PaintBackground(HDC target) override;
+    HBRUSH LabelBackground(HDC target, HWND label) override;
+    std::unique_ptr<LayoutItem> MakeLayout();
+
+    StartUp& startUp;
+    HandOver& handOver;
+    std::function<bool()> isAnotherCopyRunning;
+    std::unique_ptr<Bitmap> background;
+    HBRUSH backgroundBrush = nullptr;
+
+    PictureBox image1{*this,
+                      1,
+                      L"Tamblin の絵",
+                      artwork::DrawEmblem,
+                      {artwork::EmblemUnits, artwork::EmblemUnits}};
+    PictureBox image2{*this,
+                      2,
+                      L"Tamblin",
+                      artwork::DrawLetters,
+                      {artwork::LettersWidth, artwork::LettersHeight}};
+    Label label2{*this, 2, L"Version 0.61"};
+    Label label3{*this, 3, L"support to install && uninstall ombrels", Label::Ampersands::Markers};
+    Label label4{*this, 4, L"system files are checking..."};
+    Label label6{*this, 6, L"a small helper for people who keep many ombrels"};
+};
+
+} // namespace tamblin

@@ -1,0 +1,71 @@
+#include "install/confirmation_window.h"
+
+#include <algorithm>
+
+namespace tamblin {
+
+Form7::Form7(Application& owner, const InstallConfirmation& lists, std::int16_t& answer,
+             HWND ownerWindow)
+    : Form(owner, 7, L"インストールするオンブレルの確認 - Tamblin - ", FormFrame::ResizableAsk,
+           ownerWindow),
+      confirmation(lists),
+      InstallAnswer(answer) {
+    list1.SetAccessibleName(label2.Text());
+    list2.SetAccessibleName(label3.Text());
+    list3.SetAccessibleName(label7.Text());
+    command1.onClick = [this] {
+        Answer(AnswerInstall);
+    };
+    command2.onClick = [this] {
+        Answer(AnswerCancel);
+    };
+    SetFirstFocus(command1);
+    label6.SetText(InstallConfirmation::Note());
+    SetLayout(MakeLayout());
+}
+
+std::unique_ptr<LayoutItem> Form7::MakeLayout() {
+    auto answers = Row();
+    command1.JoinWidth(buttons);
+    command2.JoinWidth(buttons);
+    answers->Gap(0, 1).Add(label4, 0, Across::Centre).Gap(4).Add(command1).Gap(4).Add(command2);
+    auto whole = Column();
+    whole->Margin(7, 7).Add(label1).Gap(7);
+    whole->Add(label2).Gap(2).Add(list1, 2).Gap(7);
+    whole->Add(label3).Gap(2).Add(list2, 1).Gap(2).Add(label6).Gap(7);
+    whole->Add(label7).Gap(2).Add(list3, 1).Gap(7);
+    whole->Add(std::move(answers));
+    return whole;
+}
+
+Size Form7::FirstSize() const {
+    const Size least = MinimumSize();
+    return {std::max(least.width, Measure().Across(230)), least.height};
+}
+
+void Form7::Load() {
+    list1.Show(confirmation.toInstall);
+    list2.Show(confirmation.cannotInstall);
+    list3.Show(confirmation.alreadyInstalled);
+    command1.SetEnabled(confirmation.installNowEnabled);
+}
+
+void Form7::Activated() {
+    label6.SetVisible(confirmation.NoteVisible());
+}
+
+void Form7::ReturnPressed() {
+    if (command1.IsEnabled())
+        Answer(AnswerInstall);
+}
+
+void Form7::EscapePressed() {
+    Answer(AnswerCancel);
+}
+
+void Form7::Answer(std::int16_t value) {
+    InstallAnswer = value;
+    Close();
+}
+
+} // namespace tamblin

@@ -1,0 +1,31 @@
+#include "ui/button.h"
+
+#include <algorithm>
+
+#include "ui/form.h"
+
+namespace tamblin {
+
+Button::Button(Form& owner, int number, const std::wstring& caption)
+    : Button(owner, number, caption, BS_PUSHBUTTON) {}
+
+Button::Button(Form& owner, int number, const std::wstring& caption, DWORD style)
+    : Control(owner, {ControlKind::Command, number}, WC_BUTTONW, caption, style | WS_TABSTOP) {}
+
+Size Button::NaturalSize(const TextMeasure& measure) const {
+    const int width = measure.Width(Text()) + measure.Across(10);
+    return {std::max(width, measure.Across(42)), measure.Down(14)};
+}
+
+void Button::Notified(UINT code) {
+    if (code == BN_CLICKED && onClick)
+        onClick();
+}
+
+bool Button::TakeReturn() {
+    if (IsEnabled())
+        ::SendMessageW(Handle(), BM_CLICK, 0, 0);
+    return true;
+}
+
+} // namespace tamblin

@@ -1,0 +1,81 @@
+#include "ui/combo_box.h"
+
+#include <algorithm>
+
+#include "ui/form.h"
+
+namespace tamblin {
+
+constexpr int VisibleEntries = 12;
+
+ComboBox::ComboBox(Form& owner, int number)
+    : Control(owner, {ControlKind::Combo, number}, WC_COMBOBOXW, L"",
+              CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP) {
+    ComboBox::SetFont(form.Measure());
+}
+
+void ComboBox::Show(const std::vector<std::wstring>& newEntries, std::optional<size_t> selected) {
+    if (newEntries != entries) {
+        ::SendMessageW(Handle(), CB_RESETCONTENT, 0, 0);
+        for (const std::wstring& entry : newEntries)
+            ::SendMessageW(Handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
+        entries = newEntries;
+        const int widest = form.Measure().Widest(entries) + form.Measure().Across(16);
+        ::SendMessageW(Handle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest), 0);
+    }
+    if (selected != Selected())
+        ::SendMessageW(Handle(), CB_SETCURSEL,
+                       selected ? static_cast<WPARAM>(*selected) : static_cast<WPARAM>(-1), 0);
+}
+
+std::optional<size_t> ComboBox::Selected() const {
+    const LRESULT entry = ::SendMessageW(Handle(), CB_GETCURSEL, 0, 0);
+    return entry == CB_ERR ? std::nullopt : std::optional(static_cast<size_t>(entry));
+}
+
+Size ComboBox::NaturalSize(const TextMeasure& measure) const {
+    RECT closed{};
+    GetWindowRect(Handle(), &closed);
+    return {measure.Across(60), closed.bottom - closed.top};
+}
+
+// The height given to a combo box is that of its open list; closed it takes the font's.
+void ComboBox::Arrange(const Place& place, const TextMeasure& measure, Placement& placement) {
+    Place open = place;
+    open.height += VisibleEntries * measure.LineHeight() + measure.Down(2);
+    placement.Put(Handle(), open);
+}
+
+void ComboBox::SetFont(const TextMeasure& measure) {
+    Control::SetFont(measure);
+    ::SendMessageW(Handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
+                   measure.LineHeight() + measure.Down(3));
+    ::SendMessageW(Handle(), CB_SETITEMHEIGHT, 0, measure.LineHeight() + measure.Down(1));
+}
+
+void ComboBox::Notified(UINT code) {
+    const auto entry = Selected();
+    if (code == CBN_SELCHANGE && entry && onSelect)
+        onSelect(*entry);
+}
+
+bool ComboBox::IsDropped() const {
+    return ::SendMessageW(Handle(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+void ComboBox::CloseList() {
+    ::SendMessageW(Handle(), CB_SHOWDROPDOWN, FALSE, 0);
+}
+
+bool ComboBox::TakeReturn() {
+    if (!IsDropped())
+        return false;
+    CloseList();
+    return true;
+}
+
+bool ComboBox::TakeEscape() {
+    return TakeReturn();
+}
+
+} // namespace tamblin

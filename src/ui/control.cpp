@@ -1,0 +1,101 @@
+#include "ui/control.h"
+
+#include <algorithm>
+
+#include "ui/accessible_name.h"
+#include "ui/form.h"
+
+namespace tamblin {
+
+Control::Control(Form& owner, ControlName controlName, const wchar_t* windowClass,
+                 const std::wstring& text, DWORD style, DWORD extendedStyle)
+    : form(owner), name(controlName) {
+    const auto id = static_cast<INT_PTR>(ControlId(name));
+    handle = CreateWindowExW(extendedStyle, windowClass, text.c_str(),
+                             style | WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, form.Handle(),
+                             reinterpret_cast<HMENU>(id), GetModuleHandleW(nullptr), nullptr);
+    SetWindowSubclass(handle, Procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    form.Adopt(*this);
+}
+
+Control::~Control() {
+    form.Disown(*this);
+    if (IsWindow(handle))
+        DestroyWindow(handle);
+}
+
+LRESULT CALLBACK Control::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                    UINT_PTR, DWORD_PTR data) {
+    auto* control = reinterpret_cast<Control*>(data);
+    if (message == WM_MOUSEMOVE) {
+        POINT pointer{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+        ClientToScreen(window, &pointer);
+        control->form.PointerMoved(pointer, control);
+    } else if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(window, Procedure, 1);
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+    bool taken = false;
+    control->form.App().Guard([&] { taken = control->Received(message, wParam, lParam); });
+    if (taken)
+        return 0;
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+void Control::SetText(const std::wstring& text) {
+    if (text != Text())
+        SetWindowTextW(handle, text.c_str());
+}
+
+std::wstring Control::Text() const {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(handle)), L'\0');
+    const int length = GetWindowTextW(handle, text.data(), static_cast<int>(text.size()) + 1);
+    text.resize(static_cast<size_t>(length));
+    return text;
+}
+
+bool Control::IsEnabled() const {
+    return (GetWindowLongW(handle, GWL_STYLE) & WS_DISABLED) == 0;
+}
+
+void Control::SetEnabled(bool on) {
+    if (on != IsEnabled())
+        EnableWindow(handle, on);
+}
+
+bool Control::IsVisible() const {
+    return (GetWindowLongW(handle, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+void Control::SetVisible(bool on) {
+    if (on != IsVisible())
+        ShowWindow(handle, on ? SW_SHOWNA : SW_HIDE);
+}
+
+void Control::SetAccessibleName(const std::wstring& newName) {
+    accessibleName = newName;
+    AnnotateAccessibleName(handle, newName);
+}
+
+void Control::JoinWidth(WidthGroup& group) {
+    group.push_back(this);
+    widthGroup = &group;
+}
+
+Size Control::Minimum(const TextMeasure& measure) const {
+    Size size = NaturalSize(measure);
+    if (widthGroup)
+        for (const Control* other : *widthGroup)
+            size.width = std::max(size.width, other->NaturalSize(measure).width);
+    return size;
+}
+
+void Control::Arrange(const Place& place, const TextMeasure&, Placement& placement) {
+    placement.Put(handle, place);
+}
+
+void Control::SetFont(const TextMeasure& measure) {
+    ::SendMessageW(handle, WM_SETFONT, reinterpret_cast<WPARAM>(measure.Font()), TRUE);
+}
+
+} // namespace tamblin

@@ -1,0 +1,483 @@
+#include "ui/form.h"
+
+#include <algorithm>
+
+#include "ui/at_exit.h"
+#include "ui/busy_pointer.h"
+#include "ui/dpi.h"
+
+namespace tamblin {
+namespace {
+
+constexpr UINT_PTR TheTimer = 1;
+constexpr int ProgramIcon = 1;
+constexpr int FirstMenuId = 9000; // above all control IDs
+
+DWORD StyleOf(FormFrame frame) {
+    switch (frame) {
+        case FormFrame::Resizable:
+            return WS_OVERLAPPEDWINDOW;
+        case FormFrame::ResizableAsk:
+            return WS_POPUP | WS_CAPTION | WS_THICKFRAME;
+        case FormFrame::Fixed:
+            return WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
+        case FormFrame::Borderless:
+            return WS_POPUP;
+    }
+    return 0;
+}
+
+DWORD ExtendedStyleOf(FormFrame frame) {
+    switch (frame) {
+        case FormFrame::ResizableAsk:
+            return WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
+        case FormFrame::Borderless:
+            return WS_EX_CONTROLPARENT | WS_EX_APPWINDOW;
+        default:
+            return WS_EX_CONTROLPARENT;
+    }
+}
+
+class MoveTogether : public Placement {
+  public:
+    explicit MoveTogether(size_t count) : moves(BeginDeferWindowPos(static_cast<int>(count))) {}
+    ~MoveTogether() override { EndDeferWindowPos(moves); }
+    void Put(HWND control, const Place& place) override {
+        moves = DeferWindowPos(moves, control, nullptr, place.left, place.top, place.width,
+                               place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+  private:
+    HDWP moves;
+};
+
+bool SamePoint(POINT a, POINT b) {
+    return a.x == b.x && a.y == b.y;
+}
+
+} // namespace
+
+void Form::RegisterClass(const std::wstring& name) {
+    const HINSTANCE program = GetModuleHandleW(nullptr);
+    WNDCLASSEXW existing{};
+    existing.cbSize = sizeof existing;
+    if (GetClassInfoExW(program, name.c_str(), &existing))
+        return;
+    WNDCLASSEXW formClass{};
+    formClass.cbSize = sizeof formClass;
+    formClass.lpfnWndProc = Procedure;
+    formClass.hInstance = program;
+    formClass.hIcon = LoadIconW(program, MAKEINTRESOURCEW(ProgramIcon));
+    formClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    formClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    formClass.lpszClassName = name.c_str();
+    RegisterClassExW(&formClass);
+}
+
+Form::Form(Application& owner, int number, const std::wstring& title, FormFrame frame,
+           HWND ownerWindow)
+    : application(owner), ownerHandle(ownerWindow) {
+    const std::wstring name = L"Tamblin.Form" + std::to_wstring(number);
+    RegisterClass(name);
+    CreateWindowExW(ExtendedStyleOf(frame), name.c_str(), title.c_str(),
+                    StyleOf(frame) | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 0, 0,
+                    ownerHandle, nullptr, GetModuleHandleW(nullptr), this);
+    SetDensity(DpiOf(handle));
+    // Focus marks stay hidden until the keyboard is used.
+    ::SendMessageW(handle, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
+    application.Opened(*this);
+}
+
+Form::~Form() {
+    if (handle)
+        DestroyWindow(handle);
+    measure.reset();
+    DeleteObject(font);
+}
+
+void Form::Adopt(Control& control) {
+    controls.push_back(&control);
+    control.SetFont(*measure);
+}
+
+// Showing, hiding and closing
+
+void Form::Show() {
+    if (!loaded) {
+        loaded = true;
+        application.Guard([this] { Load(); });
+        if (!IsOpen())
+            return;
+        PutInPlace();
+    }
+    GetCursorPos(&lastPointer);
+    ShowWindow(handle, SW_SHOW);
+    SetForegroundWindow(handle);
+    if (application.lastActive != this && IsOpen())
+        Focused();
+}
+
+void Form::Hide() {
+    ShowWindow(handle, SW_HIDE);
+    if (application.lastActive == this)
+        application.lastActive = nullptr;
+}
+
+void Form::ShowModal() {
+    for (const Form* other : application.OpenForms()) {
+        if (other == this || !IsWindowEnabled(other->Handle()))
+            continue;
+        disabledByModal.push_back(other->Handle());
+        EnableWindow(other->Handle(), FALSE);
+    }
+    modal = true;
+    const BusyPointer::Pause usable;
+    Show();
+    application.RunUntilClosed(*this);
+}
+
+// Hands the focus back to the owner while this window still exists; otherwise the system would pick
+// a window of another program. An owner that an operation holds is enabled for that moment.
+void Form::EndModal() {
+    modal = false;
+    for (const HWND other : disabledByModal)
+        EnableWindow(other, TRUE);
+    disabledByModal.clear();
+    if (!ownerHandle || GetActiveWindow() != handle)
+        return;
+    const bool heldOwner = !IsWindowEnabled(ownerHandle);
+    if (heldOwner)
+        EnableWindow(ownerHandle, TRUE);
+    SetActiveWindow(ownerHandle);
+    if (heldOwner)
+        EnableWindow(ownerHandle, FALSE);
+}
+
+void Form::CloseFor(CloseReason reason) {
+    if (IsOpen() && !closing && MayClose(reason))
+        Destroy();
+}
+
+void Form::Destroy() {
+    if (!IsOpen() || closing)
+        return;
+    closing = true;
+    Closing();
+    if (modal)
+        EndModal();
+    DestroyWindow(handle);
+}
+
+void Form::Hold() {
+    application.Held(*this);
+    if (holds++ == 0)
+        EnableWindow(handle, FALSE);
+}
+
+void Form::Release() {
+    if (holds == 0)
+        return;
+    application.Released(*this);
+    if (--holds == 0 && IsOpen()) {
+        EnableWindow(handle, TRUE);
+        if (GetActiveWindow() == handle)
+            GiveFocusBack();
+    }
+}
+
+// Activation and focus
+
+void Form::ActivationChanged(WPARAM wParam) {
+    if (LOWORD(wParam) == WA_INACTIVE) {
+        const HWND focus = GetFocus();
+        if (focus && IsChild(handle, focus))
+            lastFocus = focus;
+        return;
+    }
+    if (HIWORD(wParam) != 0) // minimised
+        return;
+    GiveFocusBack();
+    Focused();
+}
+
+void Form::Focused() {
+    const bool fromElsewhere = application.lastActive != this;
+    application.lastActive = this;
+    if (fromElsewhere && !IsHeld() && !closing)
+        application.Guard([this] { Activated(); });
+}
+
+void Form::GiveFocusBack() {
+    if (!lastFocus || !IsWindow(lastFocus))
+        lastFocus = firstFocus ? firstFocus->Handle() : nullptr;
+    if (lastFocus)
+        SetFocus(lastFocus);
+    KeepFocusUsable();
+}
+
+// A command may have disabled or hidden the control that has the focus, which would leave the
+// keyboard dead.
+void Form::KeepFocusUsable() {
+    const HWND focus = GetFocus();
+    if (!IsOpen() || GetActiveWindow() != handle || IsHeld())
+        return;
+    const bool usable = focus && IsChild(handle, focus) && IsWindowEnabled(focus) &&
+                        (GetWindowLongW(focus, GWL_STYLE) & WS_VISIBLE);
+    if (usable)
+        return;
+    const HWND first = firstFocus ? firstFocus->Handle() : nullptr;
+    if (first && IsWindowEnabled(first) && firstFocus->IsVisible())
+        SetFocus(first);
+    else if (const HWND next = GetNextDlgTabItem(handle, nullptr, FALSE))
+        SetFocus(next);
+}
+
+// Keys
+
+bool Form::TakesKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || !IsWindowEnabled(handle))
+        return false;
+    Control* const control = Find(message.hwnd);
+    bool taken = false;
+    if (message.wParam == VK_RETURN) {
+        taken = true;
+        application.Guard([&] {
+            if (!control || !control->TakeReturn())
+                ReturnPressed();
+        });
+    } else if (message.wParam == VK_ESCAPE) {
+        taken = true;
+        application.Guard([&] {
+            if (!control || !control->TakeEscape())
+                EscapePressed();
+        });
+    }
+    if (taken)
+        KeepFocusUsable();
+    return taken;
+}
+
+// Pointer
+
+Control* Form::Find(HWND window) const {
+    const auto found = std::find_if(controls.begin(), controls.end(), [&](const Control* control) {
+        return control->Handle() == window;
+    });
+    return window && found != controls.end() ? *found : nullptr;
+}
+
+// The system gives the pointer's moves over a disabled control to the form.
+Control* Form::ControlUnder(POINT screenPosition) const {
+    POINT position = screenPosition;
+    ScreenToClient(handle, &position);
+    return Find(ChildWindowFromPointEx(handle, position, CWP_SKIPINVISIBLE));
+}
+
+void Form::PointerMoved(POINT screenPosition, Control* control) {
+    // A move to where the pointer already was is the system's echo of a window that has changed.
+    if (SamePoint(screenPosition, lastPointer))
+        return;
+    lastPointer = screenPosition;
+    if (IsWindowEnabled(handle))
+        application.Guard([&] { PointerOver(control); });
+}
+
+// Timer
+
+void Form::StartTimer(unsigned milliseconds) {
+    SetTimer(handle, TheTimer, milliseconds, nullptr);
+}
+
+void Form::StopTimer() {
+    KillTimer(handle, TheTimer);
+}
+
+void Form::TimerRang() {
+    if (ticking)
+        return;
+    ticking = true;
+    const AtExit over([this] { ticking = false; });
+    Tick();
+}
+
+// Size, font and density
+
+void Form::SetDensity(unsigned newDpi) {
+    dpi = newDpi;
+    const HFONT former = font;
+    font = CreateMessageFont(dpi);
+    measure = std::make_unique<TextMeasure>(font);
+    for (Control* control : controls)
+        control->SetFont(*measure);
+    DeleteObject(former);
+}
+
+void Form::DensityChanged(unsigned newDpi, const RECT& suggested) {
+    SetDensity(newDpi);
+    const RECT least = FrameAround(MinimumSize());
+    const LONG width = std::max(suggested.right - suggested.left, least.right - least.left);
+    const LONG height = std::max(suggested.bottom - suggested.top, least.bottom - least.top);
+    SetWindowPos(handle, nullptr, suggested.left, suggested.top, width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    Arrange();
+    InvalidateRect(handle, nullptr, TRUE);
+}
+
+Size Form::MinimumSize() const {
+    return layout ? layout->Minimum(*measure) : Size{};
+}
+
+RECT Form::FrameAround(Size clientSize) const {
+    const RECT client{0, 0, clientSize.width, clientSize.height};
+    const auto style = static_cast<DWORD>(GetWindowLongW(handle, GWL_STYLE));
+    const auto extendedStyle = static_cast<DWORD>(GetWindowLongW(handle, GWL_EXSTYLE));
+    return AroundClientArea(client, style, extendedStyle, dpi);
+}
+
+void Form::Arrange() {
+    if (!layout)
+        return;
+    RECT client{};
+    GetClientRect(handle, &client);
+    {
+        MoveTogether together(controls.size());
+        layout->Arrange({0, 0, client.right, client.bottom}, *measure, together);
+    }
+    Arranged();
+}
+
+// The first time a form is shown it stands in the middle of its owner or of the screen.
+void Form::PutInPlace() {
+    const RECT frame = FrameAround(FirstSize());
+    const RECT work = WorkAreaOf(ownerHandle ? ownerHandle : handle);
+    const LONG width = std::min(frame.right - frame.left, work.right - work.left);
+    const LONG height = std::min(frame.bottom - frame.top, work.bottom - work.top);
+    RECT around = work;
+    if (ownerHandle)
+        GetWindowRect(ownerHandle, &around);
+    const LONG left = (around.left + around.right - width) / 2;
+    const LONG top = (around.top + around.bottom - height) / 2;
+    SetWindowPos(handle, nullptr, std::clamp(left, work.left, work.right - width),
+                 std::clamp(top, work.top, work.bottom - height), width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    Arrange();
+}
+
+void Form::KeepSizeInBounds(MINMAXINFO& info) const {
+    if (!measure || !layout)
+        return;
+    const RECT least = FrameAround(MinimumSize());
+    const RECT work = WorkAreaOf(handle);
+    info.ptMinTrackSize = {std::min(least.right - least.left, work.right - work.left),
+                           std::min(least.bottom - least.top, work.bottom - work.top)};
+}
+
+void Form::PaintBehind(HDC target, HWND control, const RECT& area) {
+    const HBRUSH brush = LabelBackground(target, control);
+    FillRect(target, &area, brush ? brush : GetSysColorBrush(COLOR_BTNFACE));
+}
+
+// Messages
+
+LRESULT CALLBACK Form::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCCREATE) {
+        const auto* creation = reinterpret_cast<CREATESTRUCTW*>(lParam);
+        auto* form = static_cast<Form*>(creation->lpCreateParams);
+        form->handle = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(form));
+    }
+    auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (!form)
+        return DefWindowProcW(window, message, wParam, lParam);
+    LRESULT result = 0;
+    form->application.Guard([&] { result = form->HandleMessage(message, wParam, lParam); });
+    return result;
+}
+
+void Form::Commanded(WPARAM wParam, LPARAM lParam) {
+    auto* window = reinterpret_cast<HWND>(lParam);
+    if (!window && LOWORD(wParam) >= FirstMenuId && !IsHeld()) {
+        MenuChosen(LOWORD(wParam));
+        return;
+    }
+    Control* const control = Find(window ? window : GetDlgItem(handle, LOWORD(wParam)));
+    if (!control || !control->IsEnabled() || IsHeld())
+        return;
+    const AtExit over([this] { KeepFocusUsable(); });
+    control->Notified(HIWORD(wParam));
+}
+
+LRESULT Form::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND:
+            Commanded(wParam, lParam);
+            return 0;
+        case WM_TIMER:
+            TimerRang();
+            return 0;
+        case WM_ACTIVATE:
+            ActivationChanged(wParam);
+            return 0;
+        case WM_MOUSEMOVE: {
+            POINT pointer{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+            ClientToScreen(handle, &pointer);
+            PointerMoved(pointer, ControlUnder(pointer));
+            return 0;
+        }
+        case WM_CLOSE:
+            if (IsWindowEnabled(handle))
+                CloseFor(CloseReason::User);
+            return 0;
+        case WM_ENDSESSION:
+            if (wParam)
+                application.CloseAll();
+            return 0;
+        case WM_DPICHANGED:
+            DensityChanged(LOWORD(wParam), *reinterpret_cast<RECT*>(lParam));
+            return 0;
+        default:
+            return HandleSystemMessage(message, wParam, lParam);
+    }
+}
+
+LRESULT Form::HandleSystemMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SIZE:
+            if (wParam != SIZE_MINIMIZED)
+                Arrange();
+            return 0;
+        case WM_GETMINMAXINFO:
+            KeepSizeInBounds(*reinterpret_cast<MINMAXINFO*>(lParam));
+            return 0;
+        case WM_SETCURSOR:
+            if (!BusyPointer::IsShown() || LOWORD(lParam) != HTCLIENT)
+                break;
+            SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+            return TRUE;
+        case WM_ERASEBKGND:
+            if (PaintBackground(reinterpret_cast<HDC>(wParam)))
+                return 1;
+            break;
+        case WM_CTLCOLORSTATIC:
+            if (const HBRUSH brush =
+                    LabelBackground(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)))
+                return reinterpret_cast<LRESULT>(brush);
+            break;
+        case WM_DRAWITEM: {
+            const auto* drawing = reinterpret_cast<DRAWITEMSTRUCT*>(lParam);
+            if (Control* const control = Find(drawing->hwndItem))
+                control->Draw(*drawing);
+            return TRUE;
+        }
+        case WM_NCDESTROY:
+            SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
+            handle = nullptr;
+            application.Closed(*this);
+            return 0;
+        default:
+            break;
+    }
+    return DefWindowProcW(handle, message, wParam, lParam);
+}
+
+} // namespace tamblin

@@ -1,0 +1,147 @@
+// A top-level window of the program: its controls, their layout, and its events. Form N has the
+// window class "Tamblin.FormN". A form is hidden until it is shown, and open until it is closed.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/application.h"
+#include "ui/control.h"
+#include "ui/layout.h"
+#include "ui/windows_headers.h"
+
+namespace tamblin {
+
+enum class FormFrame {
+    Resizable,    // caption, close box, minimise and maximise boxes
+    ResizableAsk, // resizable, but left by its buttons only: no close box
+    Fixed,        // caption, close box
+    Borderless,   // no caption
+};
+
+enum class CloseReason { User, Program };
+
+class Form {
+  public:
+    virtual ~Form();
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    HWND Handle() const { return handle; }
+    bool IsOpen() const { return handle != nullptr; }
+    bool IsClosing() const { return closing; }
+    Application& App() const { return application; }
+    const TextMeasure& Measure() const { return *measure; }
+
+    void Show();
+    void Hide();
+    // Shows the form and returns when it has been closed. Until then no other form can be used.
+    void ShowModal();
+
+    // Closes the form, unless MayClose says no.
+    void Close() { CloseFor(CloseReason::Program); }
+
+    // While an operation holds the form it is disabled, and activation does nothing.
+    void Hold();
+    void Release();
+    bool IsHeld() const { return holds > 0; }
+
+    // In tab order.
+    const std::vector<Control*>& Controls() const { return controls; }
+
+    // For the controls.
+    void Adopt(Control& control);
+    void Disown(Control& control) { std::erase(controls, &control); }
+    void PointerMoved(POINT screenPosition, Control* control);
+
+    // Paints into part of a control what lies behind it.
+    void PaintBehind(HDC target, HWND control, const RECT& area);
+
+    // Return and Escape, before the system's own keyboard handling of dialog boxes sees them.
+    bool TakesKey(const MSG& message);
+
+    // Closes without asking.
+    void Destroy();
+
+  protected:
+    Form(Application& owner, int number, const std::wstring& title, FormFrame frame,
+         HWND ownerWindow = nullptr);
+
+    // Before the form is shown for the first time.
+    virtual void Load() {}
+    // The focus has come from another form of the program, or the form has been shown.
+    virtual void Activated() {}
+    // False keeps the form open.
+    virtual bool MayClose(CloseReason) { return true; }
+    // Once it is certain that the form closes.
+    virtual void Closing() {}
+    virtual void Tick() {}
+    // The pointer has moved: over a button or other control, enabled or not, or over the form's
+    // own surface (null).
+    virtual void PointerOver(Control*) {}
+    // An item of a menu that the form has opened.
+    virtual void MenuChosen(int) {}
+    virtual void ReturnPressed() {}
+    virtual void EscapePressed() {}
+    // Font, density or size have changed.
+    virtual void Arranged() {}
+    // Paints what lies behind the controls. False leaves it to the system.
+    virtual bool PaintBackground(HDC) { return false; }
+    // The brush behind a label; null leaves it to the system.
+    virtual HBRUSH LabelBackground(HDC, HWND) { return nullptr; }
+    // The client area's size when the form is shown for the first time.
+    virtual Size FirstSize() const { return MinimumSize(); }
+
+    void SetLayout(std::unique_ptr<LayoutItem> newLayout) { layout = std::move(newLayout); }
+    Size MinimumSize() const;
+    void Arrange();
+    // Where the keyboard is when the form is shown.
+    void SetFirstFocus(Control& control) { firstFocus = &control; }
+    // One tick each so many milliseconds; no tick comes while one is being handled.
+    void StartTimer(unsigned milliseconds);
+    void StopTimer();
+    unsigned Dpi() const { return dpi; }
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static void RegisterClass(const std::wstring& name);
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT HandleSystemMessage(UINT message, WPARAM wParam, LPARAM lParam);
+
+    void CloseFor(CloseReason reason);
+    void EndModal();
+    void GiveFocusBack();
+    void ActivationChanged(WPARAM wParam);
+    void Focused();
+    void Commanded(WPARAM wParam, LPARAM lParam);
+    void TimerRang();
+    void SetDensity(unsigned newDpi);
+    void DensityChanged(unsigned newDpi, const RECT& suggested);
+    void PutInPlace();
+    void KeepSizeInBounds(MINMAXINFO& info) const;
+    RECT FrameAround(Size clientSize) const;
+    void KeepFocusUsable();
+    Control* Find(HWND window) const;
+    Control* ControlUnder(POINT screenPosition) const;
+
+    Application& application;
+    HWND handle = nullptr;
+    HWND ownerHandle;
+    std::vector<Control*> controls;
+    std::unique_ptr<LayoutItem> layout;
+    HFONT font = nullptr;
+    std::unique_ptr<TextMeasure> measure;
+    unsigned dpi = 96;
+    Control* firstFocus = nullptr;
+    HWND lastFocus = nullptr;
+    POINT lastPointer{};
+    int holds = 0;
+    bool loaded = false;
+    bool closing = false;
+    bool ticking = false;
+    bool modal = false;
+    std::vector<HWND> disabledByModal;
+};
+
+} // namespace tamblin

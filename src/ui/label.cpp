@@ -1,0 +1,24 @@
+#include "ui/label.h"
+
+namespace tamblin {
+
+Label::Label(Form& owner, int number, const std::wstring& text, Ampersands ampersands)
+    : Label(owner, {ControlKind::Label, number}, text, ampersands) {}
+
+Label::Label(Form& owner, int number, const std::wstring& text, int index)
+    : Label(owner, {ControlKind::Label, number, index}, text, Ampersands::Plain) {}
+
+Label::Label(Form& owner, ControlName controlName, const std::wstring& text, Ampersands ampersands)
+    : Control(owner, controlName, WC_STATICW, text,
+              SS_LEFT | (ampersands == Ampersands::Plain ? SS_NOPREFIX : 0u)),
+      hasMarkers(ampersands == Ampersands::Markers) {}
+
+Size Label::NaturalSize(const TextMeasure& measure) const {
+    std::wstring text = Text();
+    if (hasMarkers)
+        for (size_t at = text.find(L"&&"); at != std::wstring::npos; at = text.find(L"&&", at + 1))
+            text.erase(at, 1);
+    return text.empty() ? Size{0, measure.LineHeight()} : measure.Of(text);
+}
+
+} // namespace tamblin

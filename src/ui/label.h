@@ -1,0 +1,25 @@
+// A text that the user only reads, on one or more lines.
+#pragma once
+
+#include "ui/control.h"
+
+namespace tamblin {
+
+class Label : public Control {
+  public:
+    // With `markers`, "&&" displays as "&"; otherwise every "&" displays as it is.
+    enum class Ampersands { Plain, Markers };
+    Label(Form& owner, int number, const std::wstring& text,
+          Ampersands ampersands = Ampersands::Plain);
+    // One of a row of equal labels.
+    Label(Form& owner, int number, const std::wstring& text, int index);
+
+    Size NaturalSize(const TextMeasure& measure) const override;
+
+  private:
+    Label(Form& owner, ControlName controlName, const std::wstring& text, Ampersands ampersands);
+
+    bool hasMarkers;
+};
+
+} // namespace tamblin

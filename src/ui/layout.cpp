@@ -1,0 +1,110 @@
+#include "ui/layout.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace tamblin {
+
+std::unique_ptr<BoxLayout> Row() {
+    return std::make_unique<BoxLayout>(BoxLayout::Direction::Row);
+}
+
+std::unique_ptr<BoxLayout> Column() {
+    return std::make_unique<BoxLayout>(BoxLayout::Direction::Column);
+}
+
+BoxLayout& BoxLayout::Add(LayoutItem& item, int weight, Across across) {
+    children.push_back({&item, 0, weight, across});
+    return *this;
+}
+
+BoxLayout& BoxLayout::Add(std::unique_ptr<LayoutItem> item, int weight, Across across) {
+    owned.push_back(std::move(item));
+    return Add(*owned.back(), weight, across);
+}
+
+BoxLayout& BoxLayout::Gap(int units, int weight) {
+    children.push_back({nullptr, units, weight, Across::Fill});
+    return *this;
+}
+
+BoxLayout& BoxLayout::Margin(int acrossUnits, int downUnits) {
+    marginAcross = acrossUnits;
+    marginDown = downUnits;
+    return *this;
+}
+
+Size BoxLayout::MinimumOf(const Child& child, const TextMeasure& measure) const {
+    if (child.item)
+        return child.item->Minimum(measure);
+    return direction == Direction::Row ? Size{measure.Across(child.gapUnits), 0}
+                                       : Size{0, measure.Down(child.gapUnits)};
+}
+
+Size BoxLayout::Minimum(const TextMeasure& measure) const {
+    int along = 0;
+    int crosswise = 0;
+    for (const Child& child : children) {
+        const Size size = MinimumOf(child, measure);
+        along += Along(size);
+        crosswise = std::max(crosswise, Crosswise(size));
+    }
+    const Size inner =
+        direction == Direction::Row ? Size{along, crosswise} : Size{crosswise, along};
+    return {inner.width + 2 * measure.Across(marginAcross),
+            inner.height + 2 * measure.Down(marginDown)};
+}
+
+// The lengths of the children along the box, which together are `room`.
+std::vector<int> BoxLayout::ShareOut(int room, const TextMeasure& measure) const {
+    std::vector<int> lengths;
+    int weights = 0;
+    for (const Child& child : children) {
+        lengths.push_back(Along(MinimumOf(child, measure)));
+        weights += child.weight;
+    }
+    int spare = room - std::accumulate(lengths.begin(), lengths.end(), 0);
+    for (size_t i = 0; i < children.size() && weights > 0; ++i) {
+        if (children[i].weight == 0)
+            continue;
+        const int share = MulDiv(spare, children[i].weight, weights);
+        lengths[i] = std::max(0, lengths[i] + share);
+        spare -= share;
+        weights -= children[i].weight;
+    }
+    return lengths;
+}
+
+Place BoxLayout::PlaceOf(const Child& child, const Place& area, int offset, int length,
+                         const TextMeasure& measure) const {
+    const bool row = direction == Direction::Row;
+    const int room = row ? area.height : area.width;
+    const int thickness = child.across == Across::Fill
+                              ? room
+                              : std::min(room, Crosswise(child.item->Minimum(measure)));
+    int shift = 0;
+    if (child.across == Across::Centre)
+        shift = (room - thickness) / 2;
+    else if (child.across == Across::End)
+        shift = room - thickness;
+    if (row)
+        return {area.left + offset, area.top + shift, length, thickness};
+    return {area.left + shift, area.top + offset, thickness, length};
+}
+
+void BoxLayout::Arrange(const Place& place, const TextMeasure& measure, Placement& placement) {
+    const int across = measure.Across(marginAcross);
+    const int down = measure.Down(marginDown);
+    const Place area{place.left + across, place.top + down, place.width - 2 * across,
+                     place.height - 2 * down};
+    const auto lengths = ShareOut(Along({area.width, area.height}), measure);
+    int offset = 0;
+    for (size_t i = 0; i < children.size(); ++i) {
+        if (children[i].item)
+            children[i].item->Arrange(PlaceOf(children[i], area, offset, lengths[i], measure),
+                                      measure, placement);
+        offset += lengths[i];
+    }
+}
+
+} // namespace tamblin

@@ -1,0 +1,53 @@
+// A list of lines, of which the user selects one, or several the way Explorer does it.
+#pragma once
+
+#include "base/selection_list.h"
+#include "ui/control.h"
+
+namespace tamblin {
+
+class ListBox : public Control {
+  public:
+    enum class Selecting { One, Several };
+    // `columns` and `rows` are the characters and lines that must be seen at the least.
+    ListBox(Form& owner, int number, Selecting mode, int columns, int rows);
+
+    std::function<void()> onSelect;
+    std::function<void(size_t row)> onOpen; // double-click or Return
+    // The right button alone, or the keyboard's menu key; the position is the screen's.
+    std::function<void(POINT position)> onMenu;
+
+    // Shows entries and selections. Where the same entries stand, the list stays scrolled as it is.
+    void Show(const SelectionList& list);
+    void Show(const std::vector<std::wstring>& rows, size_t selectedRow);
+
+    // Takes the selections that the user has made over into the list shown last.
+    void ReadSelections(SelectionList& list) const;
+
+    Size NaturalSize(const TextMeasure& measure) const override;
+    void SetFont(const TextMeasure& measure) override;
+    void Notified(UINT code) override;
+    bool TakeReturn() override;
+
+  protected:
+    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    POINT MenuKeyPosition() const;
+    void ShowEntries(const std::vector<std::wstring>& newEntries);
+    void ScrollBackTo(const std::wstring& topEntry);
+    void SetHorizontalExtent(const TextMeasure& measure);
+    void ShowSelections(const SelectionList& list);
+    std::vector<bool> Selections() const;
+    void Open();
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return ::SendMessageW(Handle(), message, wParam, lParam);
+    }
+
+    bool several;
+    int minimumColumns;
+    int minimumRows;
+    std::vector<std::wstring> entries;
+};
+
+} // namespace tamblin

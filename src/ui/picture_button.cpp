@@ -1,0 +1,124 @@
+#include "ui/picture_button.h"
+
+#include <uxtheme.h>
+#include <vsstyle.h>
+
+#include <algorithm>
+
+#include "ui/form.h"
+
+namespace tamblin {
+
+constexpr UINT_PTR HoverSubclass = 2;
+constexpr BYTE DisabledStrength = 90;
+
+PictureButton::PictureButton(Form& owner, int number, const std::wstring& text, Glyph drawing,
+                             Caption caption)
+    : Button(owner, number, text, BS_OWNERDRAW),
+      glyph(drawing),
+      captionShown(caption == Caption::Shown) {
+    SetWindowSubclass(Handle(), HoverProcedure, HoverSubclass, reinterpret_cast<DWORD_PTR>(this));
+    PictureButton::SetFont(form.Measure());
+}
+
+PictureButton::~PictureButton() {
+    RemoveWindowSubclass(Handle(), HoverProcedure, HoverSubclass);
+}
+
+Size PictureButton::NaturalSize(const TextMeasure& measure) const {
+    const int side = bitmap ? bitmap->Height() : 0;
+    Size size{side + measure.Across(8), std::max(side + measure.Down(4), measure.Down(14))};
+    if (captionShown)
+        size.width += measure.Width(Text()) + measure.Across(4);
+    return size;
+}
+
+void PictureButton::SetFont(const TextMeasure& measure) {
+    Button::SetFont(measure);
+    const int side = captionShown ? measure.LineHeight() * 5 / 4 : measure.LineHeight() * 2;
+    Picture picture(side, side);
+    picture.SetUnit(static_cast<float>(side) / GlyphUnits);
+    glyph(picture);
+    bitmap = std::make_unique<Bitmap>(picture);
+}
+
+// An owner-drawn button turns the second of two quick clicks into a double-click.
+void PictureButton::Notified(UINT code) {
+    Button::Notified(code == BN_DBLCLK ? static_cast<UINT>(BN_CLICKED) : code);
+}
+
+LRESULT CALLBACK PictureButton::HoverProcedure(HWND window, UINT message, WPARAM wParam,
+                                               LPARAM lParam, UINT_PTR, DWORD_PTR data) {
+    auto* button = reinterpret_cast<PictureButton*>(data);
+    if (message == WM_MOUSEMOVE)
+        button->SetHovered(true);
+    else if (message == WM_MOUSELEAVE)
+        button->SetHovered(false);
+    else if (message == WM_ENABLE)
+        button->hovered = false;
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+void PictureButton::SetHovered(bool on) {
+    if (on == hovered)
+        return;
+    hovered = on;
+    if (hovered) {
+        TRACKMOUSEEVENT leave{sizeof leave, TME_LEAVE, Handle(), 0};
+        TrackMouseEvent(&leave);
+    }
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void PictureButton::Draw(const DRAWITEMSTRUCT& drawing) {
+    const bool enabled = (drawing.itemState & ODS_DISABLED) == 0;
+    const bool pressed = (drawing.itemState & ODS_SELECTED) != 0;
+    DrawSurface(drawing, enabled, pressed);
+    DrawContents(drawing, enabled, pressed);
+    if ((drawing.itemState & ODS_FOCUS) && !(drawing.itemState & ODS_NOFOCUSRECT)) {
+        RECT inner = drawing.rcItem;
+        InflateRect(&inner, -3, -3);
+        DrawFocusRect(drawing.hDC, &inner);
+    }
+}
+
+void PictureButton::DrawSurface(const DRAWITEMSTRUCT& drawing, bool enabled, bool pressed) const {
+    RECT area = drawing.rcItem;
+    FillRect(drawing.hDC, &area, GetSysColorBrush(COLOR_BTNFACE));
+    const HTHEME theme = OpenThemeData(Handle(), L"Button");
+    if (!theme) {
+        const UINT state = (pressed ? DFCS_PUSHED : 0u) | (enabled ? 0u : DFCS_INACTIVE);
+        DrawFrameControl(drawing.hDC, &area, DFC_BUTTON, DFCS_BUTTONPUSH | state);
+        return;
+    }
+    int state = hovered ? PBS_HOT : PBS_NORMAL;
+    if (!enabled)
+        state = PBS_DISABLED;
+    else if (pressed)
+        state = PBS_PRESSED;
+    DrawThemeBackground(theme, drawing.hDC, BP_PUSHBUTTON, state, &area, nullptr);
+    CloseThemeData(theme);
+}
+
+void PictureButton::DrawContents(const DRAWITEMSTRUCT& drawing, bool enabled, bool pressed) const {
+    const TextMeasure& measure = form.Measure();
+    const RECT& area = drawing.rcItem;
+    const std::wstring text = captionShown ? Text() : std::wstring();
+    const int gap = captionShown ? measure.Across(4) : 0;
+    const int width = bitmap->Width() + gap + (captionShown ? measure.Width(text) : 0);
+    const int shift = pressed ? 1 : 0;
+    const int left = static_cast<int>(area.left + area.right - width) / 2 + shift;
+    const int middle = static_cast<int>(area.top + area.bottom) / 2 + shift;
+    bitmap->Draw(drawing.hDC, left, middle - bitmap->Height() / 2,
+                 enabled ? BYTE{255} : DisabledStrength);
+    if (!captionShown)
+        return;
+    const HGDIOBJ former = SelectObject(drawing.hDC, measure.Font());
+    SetBkMode(drawing.hDC, TRANSPARENT);
+    SetTextColor(drawing.hDC, GetSysColor(enabled ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+    TextOutW(drawing.hDC, left + bitmap->Width() + gap, middle - measure.LineHeight() / 2,
+             text.c_str(), static_cast<int>(text.size()));
+    SelectObject(drawing.hDC, former);
+}
+
+} // namespace tamblin
