@@ -1,0 +1,34 @@
+// Walks through the entries of an archive: finds the first one, behind leading bytes if need be,
+// and tells the end of the archive from damage.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/lzh/archive_source.h"
+#include "platform/lzh/entry_header.h"
+#include "platform/lzh/header_parser.h"
+
+namespace tamblin::lzh {
+
+class EntryList {
+  public:
+    explicit EntryList(ArchiveSource& archive) : source(archive), parser(archive) {}
+
+    // The next entry, or nothing behind the last one. Throws LzhError: NotAnArchive when there is
+    // not a single entry, and as HeaderParser does.
+    std::optional<EntryHeader> Next();
+
+  private:
+    EntryHeader First();
+    std::optional<EntryHeader> Search();
+    bool IsEnd();
+    EntryHeader Take(EntryHeader entry);
+
+    ArchiveSource& source;
+    HeaderParser parser;
+    bool started = false;
+    std::uint64_t offset = 0; // where the next header is expected
+};
+
+} // namespace tamblin::lzh

@@ -1,0 +1,62 @@
+#include "platform/posix/iconv_code_pages.h"
+
+#include <iconv.h>
+
+#include <string>
+
+namespace tamblin {
+namespace {
+
+// One conversion into wchar_t.
+class Conversion {
+  public:
+    explicit Conversion(const std::string& encoding)
+        : handle(iconv_open("WCHAR_T", encoding.c_str())) {}
+    ~Conversion() {
+        if (IsOpen())
+            iconv_close(handle);
+    }
+    Conversion(const Conversion&) = delete;
+    Conversion& operator=(const Conversion&) = delete;
+
+    bool IsOpen() const { return handle != reinterpret_cast<iconv_t>(-1); }
+
+    std::optional<std::wstring> Decode(std::string_view bytes) {
+        iconv(handle, nullptr, nullptr, nullptr, nullptr);
+        std::wstring text(bytes.size(), L'\0'); // no encoding has more characters than bytes
+        char* from = const_cast<char*>(bytes.data());
+        std::size_t fromLeft = bytes.size();
+        char* to = reinterpret_cast<char*>(text.data());
+        std::size_t toLeft = text.size() * sizeof(wchar_t);
+        if (iconv(handle, &from, &fromLeft, &to, &toLeft) != 0)
+            return std::nullopt;
+        text.resize(text.size() - toLeft / sizeof(wchar_t));
+        return text;
+    }
+
+  private:
+    iconv_t handle;
+};
+
+std::string EncodingOf(unsigned codePage) {
+    if (codePage == 65001)
+        return "UTF-8";
+    if (codePage == 20932)
+        return "EUC-JP";
+    return "CP" + std::to_string(codePage);
+}
+
+} // namespace
+
+bool IconvCodePages::Knows(unsigned codePage) {
+    return Conversion(EncodingOf(codePage)).IsOpen();
+}
+
+std::optional<std::wstring> IconvCodePages::Decode(unsigned codePage, std::string_view bytes) {
+    Conversion conversion(EncodingOf(codePage));
+    if (!conversion.IsOpen())
+        return std::nullopt;
+    return conversion.Decode(bytes);
+}
+
+} // namespace tamblin

@@ -1,0 +1,15 @@
+// Unpacks an archive in a file into the current folder.
+#pragma once
+
+#include <string>
+
+#include "platform/lzh/extraction_progress.h"
+#include "platform/lzh/extractor.h"
+
+namespace tamblin {
+
+// Never throws.
+lzh::ExtractionResult ExtractIntoCurrentFolder(const std::wstring& archive,
+                                               lzh::ExtractionProgress* progress = nullptr);
+
+} // namespace tamblin

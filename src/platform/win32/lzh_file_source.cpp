@@ -1,0 +1,39 @@
+#include "platform/win32/lzh_file_source.h"
+
+#include "platform/lzh/lzh_error.h"
+#include "platform/win32/win32_path.h"
+
+namespace tamblin {
+
+using lzh::LzhError;
+using lzh::LzhFailure;
+
+LzhFileSource::LzhFileSource(const std::wstring& path)
+    : file(NullIfInvalid(CreateFileW(PathForWindows(FullPath(path)).c_str(), GENERIC_READ,
+                                     FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                     FILE_FLAG_SEQUENTIAL_SCAN, nullptr))) {
+    LARGE_INTEGER fileSize{};
+    if (!file || !GetFileSizeEx(file.get(), &fileSize))
+        throw LzhError(LzhFailure::CannotOpenArchive);
+    size = static_cast<std::uint64_t>(fileSize.QuadPart);
+}
+
+std::size_t LzhFileSource::Read(std::uint64_t offset, void* buffer, std::size_t wanted) {
+    std::size_t done = 0;
+    while (done < wanted && offset + done < size) {
+        OVERLAPPED place{};
+        place.Offset = static_cast<DWORD>((offset + done) & 0xFFFFFFFF);
+        place.OffsetHigh = static_cast<DWORD>((offset + done) >> 32);
+        DWORD got = 0;
+        if (!ReadFile(file.get(), static_cast<char*>(buffer) + done,
+                      static_cast<DWORD>(wanted - done), &got, &place) &&
+            GetLastError() != ERROR_HANDLE_EOF)
+            throw LzhError(LzhFailure::CannotReadArchive);
+        if (got == 0)
+            break;
+        done += got;
+    }
+    return done;
+}
+
+} // namespace tamblin

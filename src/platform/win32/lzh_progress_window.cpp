@@ -1,0 +1,100 @@
+#include "platform/win32/lzh_progress_window.h"
+
+#include <commctrl.h>
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t className[] = L"Tamblin.Extraction";
+constexpr wchar_t text[] = L"パッケージを展開しています...";
+
+// Sizes in quarters of the font's height, so that they follow the user's font and density.
+constexpr int widthUnits = 92;
+constexpr int marginUnits = 4;
+constexpr int textUnits = 6;
+constexpr int gapUnits = 2;
+constexpr int barUnits = 5;
+
+void RegisterOnce() {
+    static const bool registered = [] {
+        const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_PROGRESS_CLASS};
+        InitCommonControlsEx(&controls);
+        WNDCLASSEXW windowClass{};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.lpfnWndProc = DefWindowProcW;
+        windowClass.hInstance = GetModuleHandleW(nullptr);
+        windowClass.hCursor = LoadCursorW(nullptr, IDC_WAIT);
+        windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+        windowClass.lpszClassName = className;
+        return RegisterClassExW(&windowClass) != 0;
+    }();
+    static_cast<void>(registered);
+}
+
+HFONT MessageFont() {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    return CreateFontIndirectW(&metrics.lfMessageFont);
+}
+
+int HeightOf(HFONT font) {
+    LOGFONTW description{};
+    GetObjectW(font, sizeof description, &description);
+    const LONG height = description.lfHeight < 0 ? -description.lfHeight : description.lfHeight;
+    return height == 0 ? 12 : static_cast<int>(height);
+}
+
+} // namespace
+
+LzhProgressWindow::LzhProgressWindow(HWND owner) : font(MessageFont()) {
+    RegisterOnce();
+    window = CreateWindowExW(WS_EX_DLGMODALFRAME, className, L"Tamblin", WS_POPUP | WS_CAPTION, 0,
+                             0, 0, 0, owner, nullptr, GetModuleHandleW(nullptr), nullptr);
+    AddControls((HeightOf(font) + 3) / 4);
+    PlaceOver(owner);
+    ShowWindow(window, SW_SHOWNOACTIVATE);
+    UpdateWindow(window);
+}
+
+LzhProgressWindow::~LzhProgressWindow() {
+    DestroyWindow(window);
+    DeleteObject(font);
+}
+
+void LzhProgressWindow::AddControls(int unit) {
+    const int width = (widthUnits - 2 * marginUnits) * unit;
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    const HWND label = CreateWindowExW(0, L"STATIC", text, WS_CHILD | WS_VISIBLE | SS_NOPREFIX,
+                                       marginUnits * unit, marginUnits * unit, width,
+                                       textUnits * unit, window, nullptr, instance, nullptr);
+    SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    bar = CreateWindowExW(0, PROGRESS_CLASSW, nullptr, WS_CHILD | WS_VISIBLE, marginUnits * unit,
+                          (marginUnits + textUnits + gapUnits) * unit, width, barUnits * unit,
+                          window, nullptr, instance, nullptr);
+    SendMessageW(bar, PBM_SETRANGE32, 0, fullBar);
+    RECT frame{0, 0, widthUnits * unit, (2 * marginUnits + textUnits + gapUnits + barUnits) * unit};
+    AdjustWindowRectEx(&frame, WS_POPUP | WS_CAPTION, FALSE, WS_EX_DLGMODALFRAME);
+    SetWindowPos(window, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void LzhProgressWindow::PlaceOver(HWND owner) {
+    RECT around{};
+    if (owner == nullptr || !GetWindowRect(owner, &around))
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
+    RECT own{};
+    GetWindowRect(window, &own);
+    const auto middle = [](LONG begin, LONG end, LONG size) {
+        return (begin + end - size) / 2;
+    };
+    SetWindowPos(window, nullptr, middle(around.left, around.right, own.right - own.left),
+                 middle(around.top, around.bottom, own.bottom - own.top), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void LzhProgressWindow::Show(int part) {
+    SendMessageW(bar, PBM_SETPOS, static_cast<WPARAM>(part), 0);
+}
+
+} // namespace tamblin

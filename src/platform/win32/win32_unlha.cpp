@@ -1,0 +1,118 @@
+#include "platform/win32/win32_unlha.h"
+
+#include <windows.h>
+
+#include <atomic>
+#include <exception>
+#include <memory>
+#include <thread>
+
+#include "platform/lzh/unlha_command.h"
+#include "platform/win32/lzh_extraction.h"
+#include "platform/win32/lzh_progress_window.h"
+#include "platform/win32/win32_handle.h"
+
+namespace tamblin {
+
+using lzh::ExtractionResult;
+using lzh::LzhFailure;
+
+namespace {
+
+constexpr ULONGLONG patience = 500;   // milliseconds before the window is shown
+constexpr DWORD betweenPictures = 50; // milliseconds between two positions of the bar
+
+class BusyPointer {
+  public:
+    BusyPointer() : before(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+    ~BusyPointer() { SetCursor(before); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+  private:
+    HCURSOR before;
+};
+
+// How far the extraction has come; written by its thread, read by the window's.
+class SharedProgress : public lzh::ExtractionProgress {
+  public:
+    void Advance(std::uint64_t done, std::uint64_t total) override {
+        if (total > 0)
+            part = static_cast<int>(static_cast<double>(done) / static_cast<double>(total) *
+                                    LzhProgressWindow::fullBar);
+    }
+    int Part() const { return part; }
+
+  private:
+    std::atomic<int> part = 0;
+};
+
+// An extraction on a thread of its own.
+class BackgroundExtraction {
+  public:
+    explicit BackgroundExtraction(const std::wstring& archive)
+        : done(CreateEventW(nullptr, TRUE, FALSE, nullptr)), thread([this, archive] {
+              result = ExtractIntoCurrentFolder(archive, &progress);
+              SetEvent(done.get());
+          }) {}
+    ~BackgroundExtraction() { thread.join(); }
+    BackgroundExtraction(const BackgroundExtraction&) = delete;
+    BackgroundExtraction& operator=(const BackgroundExtraction&) = delete;
+
+    HANDLE Done() const { return done.get(); }
+    int Part() const { return progress.Part(); }
+    const ExtractionResult& Result() const { return result; } // once it is done
+
+  private:
+    SharedProgress progress;
+    ExtractionResult result;
+    UniqueHandle done;
+    std::thread thread; // last: the others exist before it starts
+};
+
+// Lets windows paint themselves and answer other programs.
+void LetPaint() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_PAINT | PM_QS_SENDMESSAGE))
+        DispatchMessageW(&message);
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_INPUT)) {
+        // What the user does to windows that cannot answer is dropped.
+    }
+}
+
+void WaitFor(const BackgroundExtraction& extraction, HWND owner) {
+    const ULONGLONG start = GetTickCount64();
+    std::unique_ptr<LzhProgressWindow> window;
+    const HANDLE done = extraction.Done();
+    while (MsgWaitForMultipleObjects(1, &done, FALSE, betweenPictures,
+                                     QS_PAINT | QS_SENDMESSAGE | QS_INPUT) != WAIT_OBJECT_0) {
+        if (!window && GetTickCount64() - start >= patience)
+            window = std::make_unique<LzhProgressWindow>(owner);
+        if (window)
+            window->Show(extraction.Part());
+        LetPaint();
+    }
+}
+
+ExtractionResult Extract(HWND owner, const std::wstring& archive) {
+    const BusyPointer busy;
+    const BackgroundExtraction extraction(archive);
+    WaitFor(extraction, owner);
+    return extraction.Result();
+}
+
+} // namespace
+
+std::int16_t Win32Unlha::Run(void* window, const std::wstring& command, const std::wstring&,
+                             unsigned) {
+    LzhFailure failure = LzhFailure::BadCommand;
+    try {
+        if (const auto archive = lzh::ArchiveOfCommand(command))
+            failure = Extract(static_cast<HWND>(window), *archive).failure;
+    } catch (const std::exception&) {
+        failure = LzhFailure::OutOfMemory; // not even a thread could be had
+    }
+    return static_cast<std::int16_t>(failure);
+}
+
+} // namespace tamblin
