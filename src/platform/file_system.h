@@ -1,14 +1,20 @@
-// Drives, folders and files. Paths are Windows paths; a relative one counts from the current
-// folder of its drive. Every failure is a RunTimeError:
+// Drives, folders and files. Paths are Windows paths (platform/path_form.h says which are well
+// formed); a relative one counts from the current folder of its drive, an empty one is the current
+// folder. "/" and a doubled "\" count as one "\"; dots and blanks at the end of a path do not
+// count. Every failure is a RunTimeError:
 //
 //   52 the name is malformed, or (Find) its drive does not exist
 //   53 there is no such file                 55 the file is open in a way that forbids this
 //   57 the device failed                     58 (Rename) the target already exists
 //   61 the disk is full                      67 too many open files
 //   68 (List, SetCurrentFolder) the drive does not exist or is not ready
-//   70 another program uses the file         71 (all others) the drive is not ready
-//   75 read-only or not permitted; a folder where a file is wanted; MakeFolder: it exists;
-//      RemoveFolder: it is not empty         76 a folder on the way does not exist
+//   70 another program uses the file; Copy: the target is the source
+//   71 (all others) the drive is not ready
+//   75 read-only or not permitted; a folder, or a path that ends in "\", where a file is wanted;
+//      MakeFolder: it exists; RemoveFolder: it is not empty; RemoveFolder, Rename: the folder is or
+//      holds the current folder; Rename: to another drive, or into the folder itself
+//   76 a folder on the way, or the folder that is wanted, does not exist or is a file; its drive
+//      does not exist
 #pragma once
 
 #include <optional>
@@ -32,7 +38,7 @@ struct FileAttributes {
 };
 
 struct FolderEntry {
-    std::wstring name; // as spelled on the disk, without its folder
+    std::wstring name; // as spelled on the disk, without its folder; empty for a root
     FileAttributes attributes;
 };
 
@@ -55,37 +61,41 @@ class FileSystem {
   public:
     virtual ~FileSystem() = default;
 
-    // What stands at the path, or nothing. A doubled "\" counts as one; a trailing "\" is allowed
-    // for a folder.
+    // What stands at the path, or nothing (also when a folder on the way is missing). A trailing
+    // "\" is allowed for a folder. A link is found itself, not what it points to.
     virtual std::optional<FolderEntry> Find(const std::wstring& path) = 0;
 
     // All entries of a folder but "." and "..", sorted by upper-cased name, code unit by code unit.
     virtual std::vector<FolderEntry> List(const std::wstring& folder) = 0;
 
     virtual std::string Read(const std::wstring& file) = 0;
-    // Creates the file or replaces its contents.
+    // Creates the file or replaces its contents; a present one keeps its name's letter case and its
+    // attributes but for archive, which is set. A failure may leave a part of the bytes.
     virtual void Write(const std::wstring& file, std::string_view bytes) = 0;
 
     // Replaces an existing target, which keeps its own name's letter case; takes contents, time of
-    // change and attributes along.
+    // change and attributes along, and sets archive. A failure may cost the target.
     virtual void Copy(const std::wstring& from, const std::wstring& to) = 0;
-    // Also moves, within one drive. Never replaces; changing only the letter case is allowed.
+    // Files and folders. Also moves, within one drive, read-only files too. Never replaces;
+    // changing only the letter case is allowed.
     virtual void Rename(const std::wstring& from, const std::wstring& to) = 0;
     virtual void Delete(const std::wstring& file) = 0;
 
     virtual void MakeFolder(const std::wstring& folder) = 0;
-    // The folder must be empty. A link goes, what it points to stays.
+    // The folder must be empty and not read-only. A link goes, what it points to stays (where the
+    // system cannot do that, the link stays too: 75).
     virtual void RemoveFolder(const std::wstring& folder) = 0;
 
     // Sets readOnly, hidden, system and archive; folder and link stay what they are.
     virtual void SetAttributes(const std::wstring& path, FileAttributes attributes) = 0;
 
-    // The current folder of the current drive, without a trailing "\" unless it is a root.
+    // The current folder of the current drive, as it was set, without a trailing "\" unless it is a
+    // root.
     virtual std::wstring CurrentFolder() = 0;
     // Makes the folder's drive the current drive and the folder the current one.
     virtual void SetCurrentFolder(const std::wstring& folder) = 0;
 
-    // In the order in which the system reports them.
+    // By letter, as the system reports them.
     virtual std::vector<Drive> Drives() = 0;
 };
 

@@ -1,0 +1,22 @@
+// Tells a second copy of the program, started from whatever folder, that one is running already.
+// The first copy of a user's session holds its place for as long as its object lives.
+#pragma once
+
+#include <string>
+
+#include "platform/win32/win32_handle.h"
+
+namespace tamblin {
+
+class ProgramInstance {
+  public:
+    explicit ProgramInstance(const std::wstring& name = L"Local\\Tamblin");
+
+    bool IsFirst() const { return isFirst; }
+
+  private:
+    UniqueHandle mutex;
+    bool isFirst = false;
+};
+
+} // namespace tamblin

@@ -1,0 +1,49 @@
+#include "platform/win32/win32_attributes.h"
+
+namespace tamblin {
+namespace {
+
+constexpr DWORD hostLinkTag = 0; // what Wine says of a symbolic link
+
+bool IsReparsePoint(DWORD bits) {
+    constexpr DWORD both = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+    return (bits & both) == both;
+}
+
+// Reparse points serve many ends (files kept in a cloud are some); only these lead elsewhere.
+bool LeadsElsewhere(DWORD tag) {
+    return tag == IO_REPARSE_TAG_MOUNT_POINT || tag == IO_REPARSE_TAG_SYMLINK || tag == hostLinkTag;
+}
+
+} // namespace
+
+FileAttributes AttributesOf(const WIN32_FIND_DATAW& found) {
+    const DWORD bits = found.dwFileAttributes;
+    FileAttributes attributes;
+    attributes.readOnly = (bits & FILE_ATTRIBUTE_READONLY) != 0;
+    attributes.hidden = (bits & FILE_ATTRIBUTE_HIDDEN) != 0;
+    attributes.system = (bits & FILE_ATTRIBUTE_SYSTEM) != 0;
+    attributes.folder = (bits & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    attributes.archive = (bits & FILE_ATTRIBUTE_ARCHIVE) != 0;
+    attributes.link = IsReparsePoint(bits) && LeadsElsewhere(found.dwReserved0);
+    return attributes;
+}
+
+bool IsHostLink(const WIN32_FIND_DATAW& found) {
+    return IsReparsePoint(found.dwFileAttributes) && found.dwReserved0 == hostLinkTag;
+}
+
+DWORD WithAttributes(DWORD bits, const FileAttributes& attributes) {
+    bits &= FILE_ATTRIBUTE_NOT_CONTENT_INDEXED | FILE_ATTRIBUTE_OFFLINE | FILE_ATTRIBUTE_TEMPORARY;
+    if (attributes.readOnly)
+        bits |= FILE_ATTRIBUTE_READONLY;
+    if (attributes.hidden)
+        bits |= FILE_ATTRIBUTE_HIDDEN;
+    if (attributes.system)
+        bits |= FILE_ATTRIBUTE_SYSTEM;
+    if (attributes.archive)
+        bits |= FILE_ATTRIBUTE_ARCHIVE;
+    return bits == 0 ? DWORD{FILE_ATTRIBUTE_NORMAL} : bits;
+}
+
+} // namespace tamblin

@@ -1,0 +1,19 @@
+#include "platform/win32/win32_event_loop.h"
+
+namespace tamblin {
+
+void Win32EventLoop::Yield() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (filter && filter(message))
+            continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+} // namespace tamblin

@@ -1,0 +1,27 @@
+// Lets the messages that wait for this thread's windows be handled.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+
+// After <windows.h>, whose macro of the name Yield it undoes.
+#include "platform/event_loop.h"
+
+namespace tamblin {
+
+class Win32EventLoop : public EventLoop {
+  public:
+    // Sees every message first; one that it handles (a key that moves the focus) goes no further.
+    using Filter = std::function<bool(MSG&)>;
+
+    explicit Win32EventLoop(Filter messageFilter = {}) : filter(std::move(messageFilter)) {}
+
+    // Stops at the message that ends the program, and leaves it for the outer loop.
+    void Yield() override;
+
+  private:
+    Filter filter;
+};
+
+} // namespace tamblin

@@ -1,0 +1,74 @@
+#include "platform/win32/win32_path.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "platform/path_form.h"
+#include "platform/win32/win32_error.h"
+
+namespace tamblin {
+namespace {
+
+// CreateDirectory leaves room for a short file name below MAX_PATH, so it is the first to refuse.
+constexpr size_t longestPlainPath = MAX_PATH - 13;
+
+std::wstring ExpandPath(const std::wstring& path) {
+    std::wstring full(MAX_PATH, L'\0');
+    for (;;) {
+        const auto room = static_cast<DWORD>(full.size());
+        const DWORD length = GetFullPathNameW(path.c_str(), room, full.data(), nullptr);
+        if (length == 0)
+            ThrowLastError();
+        full.resize(length);
+        if (length < room)
+            return full;
+    }
+}
+
+} // namespace
+
+std::wstring FullPath(const std::wstring& path) {
+    if (!IsWellFormedPath(path))
+        throw RunTimeError(ErrorNumber::BadFileName);
+    std::wstring full = ExpandPath(path.empty() ? L"." : path);
+    while (full.ends_with(L'\\') && !IsRoot(full))
+        full.pop_back();
+    return full;
+}
+
+std::wstring PathForWindows(const std::wstring& fullPath) {
+    if (fullPath.size() <= longestPlainPath)
+        return fullPath;
+    if (StartsWith(fullPath, L"\\\\"))
+        return L"\\\\?\\UNC" + fullPath.substr(1);
+    return L"\\\\?\\" + fullPath;
+}
+
+std::wstring RootOf(const std::wstring& fullPath) {
+    if (!StartsWith(fullPath, L"\\\\"))
+        return fullPath.substr(0, 3);
+    const size_t serverEnd = std::min(fullPath.find(L'\\', 2), fullPath.size());
+    const size_t shareEnd = std::min(fullPath.find(L'\\', serverEnd + 1), fullPath.size());
+    return WithBackslash(fullPath.substr(0, shareEnd));
+}
+
+bool IsRoot(const std::wstring& fullPath) {
+    return WithBackslash(fullPath) == RootOf(fullPath);
+}
+
+bool EndsInSeparator(const std::wstring& path) {
+    return path.ends_with(L'\\') || path.ends_with(L'/');
+}
+
+DriveState StateOfDrive(const std::wstring& fullPath) {
+    const std::wstring root = RootOf(fullPath);
+    if (GetDriveTypeW(root.c_str()) == DRIVE_NO_ROOT_DIR)
+        return DriveState::Missing;
+    return GetFileAttributesW(root.c_str()) == INVALID_FILE_ATTRIBUTES ? DriveState::NotReady
+                                                                       : DriveState::Ready;
+}
+
+} // namespace tamblin

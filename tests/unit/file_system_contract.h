@@ -1,0 +1,69 @@
+// The ground of the contract tests: one set of tests that every FileSystem passes, the one in
+// memory and the one of this computer, so that neither drifts from the other.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "platform/file_system.h"
+#include "support/error_of.h"
+
+namespace tamblin {
+
+// A FileSystem under test, and what a test does behind its back.
+class DiskUnderTest {
+  public:
+    virtual ~DiskUnderTest() = default;
+
+    virtual FileSystem& Files() = 0;
+    // An empty folder on a fixed drive, not the current one; no trailing "\".
+    virtual std::wstring Folder() = 0;
+    // The drive letters are given as "Q:".
+    virtual std::wstring MissingDrive() = 0;
+    virtual std::optional<std::wstring> OtherDrive() = 0;
+
+    // Another program opens the file and lets nobody else have it.
+    virtual void Lock(const std::wstring& file) = 0;
+    virtual void Unlock(const std::wstring& file) = 0;
+    // False where links cannot be made.
+    virtual bool MakeLink(const std::wstring& path, const std::wstring& target) = 0;
+
+    // Wine differs from Windows in places; the tests say where.
+    virtual bool IsWine() const { return false; }
+};
+
+struct DiskMaker {
+    std::string name;
+    std::function<std::unique_ptr<DiskUnderTest>()> make;
+};
+
+class FileSystemContract : public testing::TestWithParam<DiskMaker> {
+  protected:
+    FileSystemContract() : disk(GetParam().make()), files(disk->Files()), folder(disk->Folder()) {}
+
+    // A path in the test's folder.
+    std::wstring In(const std::wstring& relative) const { return folder + L'\\' + relative; }
+    bool IsThere(const std::wstring& relative) { return files.Find(In(relative)).has_value(); }
+
+    std::unique_ptr<DiskUnderTest> disk;
+    FileSystem& files;
+    std::wstring folder;
+};
+
+// How a failed test shows attributes.
+inline void PrintTo(const FileAttributes& attributes, std::ostream* stream) {
+    *stream << (attributes.readOnly ? "r" : "-") << (attributes.hidden ? "h" : "-")
+            << (attributes.system ? "s" : "-") << (attributes.folder ? "f" : "-")
+            << (attributes.archive ? "a" : "-") << (attributes.link ? "l" : "-");
+}
+
+inline void PrintTo(const DiskMaker& maker, std::ostream* stream) {
+    *stream << maker.name;
+}
+
+} // namespace tamblin
