@@ -61,6 +61,7 @@ void FolderBrowser::Rebuild(bool treeChanged) {
     fileList.Clear();
     rows.clear();
     TreePaths.clear();
+    SelectedTreeRow = 0;
 
     AddDesktopRows(treeChanged);
     AddDriveRows();
@@ -74,7 +75,6 @@ void FolderBrowser::AddDesktopRows(bool treeChanged) {
     if (treeChanged || desktop.empty() || !StartsWith(BrowseStartFolder, desktop))
         return;
 
-    SelectedTreeRow = 0;
     const std::wstring folder = WithoutBackslash(desktop);
     AddChildRows(folder, ListOrAsk(folder).folders, L"");
     for (size_t row = 1; row < rows.size(); ++row)
