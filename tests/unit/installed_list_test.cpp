@@ -1,0 +1,153 @@
+// Which characters of a host folder count as installed, and how they are named.
+#include "install/installed_list.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class InstalledListTest : public testing::Test {
+  protected:
+    InstalledListTest() { Choose(L"C:\\Host"); }
+    void Choose(const std::wstring& folder) {
+        if (!folder.empty())
+            AddHost(files, folder);
+        model.combo.entries = {folder};
+        model.combo.selected = 0;
+    }
+    void AddFile(const std::wstring& name) { files.AddFile(L"C:\\Host\\" + name); }
+    void AddFolder(const std::wstring& name) { files.AddFolder(L"C:\\Host\\" + name); }
+    void Refresh() { RefreshInstalledList(model, state, fake.platform); }
+    const std::vector<std::wstring>& Names() const { return model.installed.names.Entries(); }
+
+    PlatformFake fake;
+    MemoryFileSystem& files = fake.files;
+    SettingsState state;
+    MainModel model{fake.platform, state};
+};
+
+TEST_F(InstalledListTest, NeedsBothDefinitionFileAndFolder) {
+    AddFile(L"both.obl");
+    AddFolder(L"both");
+    AddFile(L"file only.obl");
+    AddFolder(L"folder only");
+    AddFile(L"file.txt");
+    AddFolder(L"file");
+    Refresh();
+    EXPECT_THAT(Names(), ElementsAre(L"both"));
+}
+
+TEST_F(InstalledListTest, NamesAreSpelledAsTheFolderIs) {
+    AddFile(L"mio.obl");
+    AddFolder(L"Mio");
+    AddFile(L"SAKI.OBL");
+    AddFolder(L"saki");
+    AddFile(L"ａｂ.obl");
+    AddFolder(L"ＡＢ");
+    Refresh();
+    EXPECT_THAT(Names(), ElementsAre(L"Mio", L"saki", L"ＡＢ"));
+}
+
+TEST_F(InstalledListTest, OrderIsThatOfTheDefinitionFiles) {
+    for (const wchar_t* name : {L"b", L"C", L"a", L"ｱ", L"表ソ能"}) {
+        AddFolder(name);
+        AddFile(std::wstring(name) + L".obl");
+    }
+    Refresh();
+    EXPECT_THAT(Names(), ElementsAre(L"a", L"b", L"C", L"表ソ能", L"ｱ"));
+}
+
+TEST_F(InstalledListTest, DotsInNamesBelongToTheName) {
+    AddFile(L"a.b.obl");
+    AddFolder(L"a.b");
+    AddFolder(L"a");
+    AddFile(L"c.obl.bak");
+    AddFolder(L"c");
+    AddFolder(L"d.obl");
+    AddFolder(L"d");
+    AddFile(L"e.obl");
+    AddFolder(L"xe");
+    Refresh();
+    EXPECT_THAT(Names(), ElementsAre(L"a.b"));
+}
+
+TEST_F(InstalledListTest, HiddenDefinitionFilesAreNotSeenButHiddenFoldersAre) {
+    files.AddFile(L"C:\\Host\\a.obl", "", {.hidden = true});
+    AddFolder(L"a");
+    AddFile(L"b.obl");
+    files.AddFolder(L"C:\\Host\\b", {.hidden = true, .system = true});
+    Refresh();
+    EXPECT_THAT(Names(), ElementsAre(L"b"));
+}
+
+TEST_F(InstalledListTest, ChoiceBecomesTheCurrentHostFolder) {
+    state.DefaultFolder = L"C:\\Old";
+    Refresh();
+    EXPECT_EQ(state.DefaultFolder, L"C:\\Host");
+}
+
+TEST_F(InstalledListTest, EmptyComboEmptiesTheListAndTheCurrentHostFolder) {
+    AddCharacter(files, L"C:\\Host", L"a");
+    Refresh();
+    model.combo.selected.reset();
+    Refresh();
+    EXPECT_THAT(Names(), IsEmpty());
+    EXPECT_EQ(state.DefaultFolder, L"");
+}
+
+TEST_F(InstalledListTest, RefreshSeesWhatHasChangedAndSelectsNothing) {
+    AddCharacter(files, L"C:\\Host", L"a");
+    Refresh();
+    model.installed.names.Select(0);
+    AddCharacter(files, L"C:\\Host", L"b");
+    Refresh();
+    EXPECT_THAT(Names(), ElementsAre(L"a", L"b"));
+    EXPECT_THAT(SelectedEntries(model.installed.names), IsEmpty());
+}
+
+TEST_F(InstalledListTest, AnotherFolderRunsTheSelectionRulesOfTheOneBefore) {
+    state.DefaultFolder = L"C:\\Host";
+    Refresh();
+    model.browser.Files().Assign({L"a.lzh"});
+    model.browser.Files().Select(0);
+    model.buttons[5] = true;
+    Choose(L"C:\\Other");
+    Refresh();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+}
+
+TEST_F(InstalledListTest, SameFolderLeavesTheButtonsAlone) {
+    Refresh();
+    model.buttons[2] = model.buttons[14] = true;
+    Refresh();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(2, 14));
+}
+
+TEST_F(InstalledListTest, FolderThatIsGoneFailsWithAnEmptyList) {
+    AddCharacter(files, L"C:\\Host", L"a");
+    Refresh();
+    files.DeleteTree(L"C:\\Host");
+    EXPECT_EQ(ErrorOf([&] { Refresh(); }), ErrorNumber::PathNotFound);
+    EXPECT_THAT(Names(), IsEmpty());
+    EXPECT_EQ(state.DefaultFolder, L"C:\\Host");
+}
+
+TEST_F(InstalledListTest, ListsTheHostFolderOnceHoweverManyCharacters) {
+    for (int number = 0; number < 2'000; ++number)
+        AddCharacter(files, L"C:\\Host", L"character" + std::to_wstring(number));
+    Refresh();
+    files.ForgetOperations();
+    Refresh();
+    EXPECT_EQ(Names().size(), 2'000U);
+    EXPECT_EQ(files.CountLogged(L"List "), 1U);
+    EXPECT_LE(files.OperationCount(), 2U);
+}
+
+} // namespace
+} // namespace tamblin

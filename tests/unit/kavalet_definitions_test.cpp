@@ -1,0 +1,162 @@
+// Merging a package's launcher entries into kva.def.
+#include "install/kavalet_definitions.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using testing::IsEmpty;
+
+// Lines as " / " separates them in the tables below.
+std::string Lines(std::string_view row) {
+    std::string text;
+    while (!row.empty()) {
+        const size_t end = std::min(row.find(" / "), row.size());
+        text.append(row.substr(0, end)).append("\r\n");
+        row.remove_prefix(std::min(end + 3, row.size()));
+    }
+    return text;
+}
+
+struct MergeCase {
+    const char* name;
+    const char* former;
+    const char* package;
+    const char* merged;
+};
+
+class MergeTest : public testing::TestWithParam<MergeCase> {};
+
+TEST_P(MergeTest, Merges) {
+    EXPECT_EQ(MergedKavaletDefinitions(Lines(GetParam().former), Lines(GetParam().package)),
+              Lines(GetParam().merged));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Kavalet, MergeTest,
+    testing::Values(
+        MergeCase{"ReplacedAndAppended", "#comment / a,b,1 / c,d,2", "a,b,9 / e,f,3",
+                  "#comment / a,b,9 / c,d,2 / e,f,3"},
+        MergeCase{"FirstUnusedIsDropped", "a,b,1", "e,f,3 / a,b,9", "a,b,9"},
+        MergeCase{"SecondOfAKeyIsAppended", "a,b,1", "x,y,1 / a,b,2 / a,b,3", "a,b,2 / a,b,3"},
+        MergeCase{"LoneNewEntryIsDropped", "a,b,1", "e,f,3", "a,b,1"},
+        MergeCase{"LoneFittingEntryReplaces", "a,b,1", "a,b,3", "a,b,3"},
+        MergeCase{"NewEntriesKeepTheirOrder", "a,b,1", "a,b,2 / z,z,1 / c,c,1 / m,m,1",
+                  "a,b,2 / z,z,1 / c,c,1 / m,m,1"},
+        MergeCase{"OldEntriesKeepTheirPlace", "c,c,1 / b,b,1 / a,a,1", "a,a,2 / c,c,2",
+                  "c,c,2 / b,b,1 / a,a,2"},
+        MergeCase{"HostCommentsStayPackageCommentsGo", "#1 / a,b,1 / #2", "#3 / a,b,2 / #4 / c,d,1",
+                  "#1 / a,b,2 / #2 / c,d,1"},
+        MergeCase{"HostCommentsAreNotReplaced", "#a,b,1", "x,y,1 / #a,b,2", "#a,b,1"},
+        MergeCase{"KeyIsAPrefix", "a,b,1", "a,bc,2", "a,bc,2"},
+        MergeCase{"KeyIsNoPrefixOfAShorterEntry", "a,bc,1", "x,x,1 / a,b,2", "a,bc,1 / a,b,2"},
+        MergeCase{"CaseMatters", "a,b,1", "x,x,1 / A,b,2", "a,b,1 / A,b,2"},
+        MergeCase{"OneCommaIsAllKey", "a,b", "x,x,1 / a,c / a,bd,1", "a,bd,1 / a,c"},
+        MergeCase{"NoCommaIsAllKey", "word", "words", "words"},
+        MergeCase{"EmptyFieldsAreAKey", ",,1", "x,x,1 / ,,2", ",,2"},
+        MergeCase{"UsedEntryIsNotUsedAgain", "a,b,1 / a,b,2", "a,b,8 / a,b,9", "a,b,8 / a,b,9"},
+        MergeCase{"SecondOldLineStaysWhenUsedUp", "a,b,1 / a,b,2", "a,b,9", "a,b,9 / a,b,2"},
+        MergeCase{"EmptyPackage", "#c / a,b,1", "", "#c / a,b,1"},
+        MergeCase{"OnlyCommentsInPackage", "a,b,1", "#x / #y", "a,b,1"},
+        MergeCase{"EmptyHostFile", "", "a,b,1 / c,d,2", "c,d,2"},
+        MergeCase{"BlankBeforeNumberSignIsAnEntry", " #a", "x,x,1 /  #ab", " #ab"}),
+    CaseName);
+
+TEST(KavaletLines, EmptyLinesOfTheHostStayThoseOfThePackageGo) {
+    EXPECT_EQ(MergedKavaletDefinitions("\r\na,b,1\r\n\r\n", "\r\n\r\na,b,2\r\n\r\nc,d,3\r\n"),
+              "\r\na,b,2\r\n\r\nc,d,3\r\n");
+}
+
+TEST(KavaletLines, LastLineNeedsNoEnd) {
+    EXPECT_EQ(MergedKavaletDefinitions("a,b,1", "a,b,2\r\nc,d,3"), "a,b,2\r\nc,d,3\r\n");
+}
+
+TEST(KavaletLines, BytesThatAreNoCharactersSurvive) {
+    const std::string host("\x81\xFF\0,\x95\x5C,1\r\n#\xFC\r\n", 14);
+    EXPECT_EQ(MergedKavaletDefinitions(host, "x,x,1\r\n"), host);
+}
+
+class KavaletFileTest : public testing::Test {
+  protected:
+    KavaletFileTest() {
+        AddHost(files, L"C:\\Host");
+        files.AddFile(L"C:\\Host\\abc\\KVA.DEF", "a,b,2\r\n");
+    }
+    void Merge() {
+        MergeKavaletDefinitions(L"KVA.DEF", L"C:\\Host\\abc\\KVA.DEF", L"C:\\Host\\",
+                                fake.platform);
+    }
+
+    PlatformFake fake;
+    MemoryFileSystem& files = fake.files;
+};
+
+TEST_F(KavaletFileTest, NothingIsMadeWithoutAHostFile) {
+    files.AddFile(L"C:\\Host\\kva.tmp", "old");
+    const auto before = files.Snapshot();
+    Merge();
+    EXPECT_EQ(files.Snapshot(), before);
+}
+
+TEST_F(KavaletFileTest, FormerFileStaysAndTheNewOneIsSpelledAsThePackages) {
+    files.AddFile(L"C:\\Host\\kva.def", "#1\r\na,b,1\r\n");
+    files.AddFile(L"C:\\Host\\kva.tmp", "older");
+    Merge();
+    const auto host = files.Snapshot(L"C:\\Host");
+    EXPECT_EQ(host.at(L"C:\\Host\\KVA.DEF"), "#1\r\na,b,2\r\n");
+    EXPECT_EQ(host.at(L"C:\\Host\\kva.tmp"), "#1\r\na,b,1\r\n");
+    EXPECT_EQ(host.at(L"C:\\Host\\abc\\KVA.DEF"), "a,b,2\r\n");
+    EXPECT_EQ(host.count(L"C:\\Host\\kva.def"), 0U);
+}
+
+TEST_F(KavaletFileTest, NextMergeReplacesTheFormerFile) {
+    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
+    Merge();
+    files.AddFile(L"C:\\Host\\abc\\KVA.DEF", "a,b,3\r\n");
+    Merge();
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,3\r\n");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), "a,b,2\r\n");
+}
+
+TEST_F(KavaletFileTest, FileInUseFailsAndKeepsItsContents) {
+    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
+    files.Lock(L"C:\\Host\\kva.def");
+    EXPECT_EQ(ErrorOf([&] { Merge(); }), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,1\r\n");
+}
+
+TEST_F(KavaletFileTest, FullDiskKeepsTheFormerFile) {
+    files.AddFile(L"C:\\Host\\kva.def", std::string(1'000, 'x') + "\r\n");
+    files.SetCapacity(L"C:", 1'500);
+    EXPECT_EQ(ErrorOf([&] { Merge(); }), ErrorNumber::DiskFull);
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), std::string(1'000, 'x') + "\r\n");
+}
+
+// Whichever operation fails: the former content is there, as kva.def or as kva.tmp.
+TEST_F(KavaletFileTest, AnyFailingOperationKeepsTheFormerContent) {
+    const std::string former = "#1\r\na,b,1\r\n";
+    for (size_t n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        files.AddFile(L"C:\\Host\\kva.def", former);
+        files.AddFile(L"C:\\Host\\kva.tmp", "older");
+        files.ForgetOperations();
+        files.FailOperation(n, ErrorNumber::DeviceIo);
+        const auto error = ErrorOf([&] { Merge(); });
+        files.FailNothing();
+        const auto host = files.Snapshot(L"C:\\Host");
+        const auto holdsFormer = [&](const auto& file) {
+            return file.second == former;
+        };
+        EXPECT_TRUE(std::any_of(host.begin(), host.end(), holdsFormer));
+        if (!error)
+            break;
+        EXPECT_EQ(error, ErrorNumber::DeviceIo);
+    }
+}
+
+} // namespace
+} // namespace tamblin
