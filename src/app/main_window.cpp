@@ -1,6 +1,8 @@
 #include "app/main_window.h"
 
 #include "install/confirmation_window.h"
+#include "maintenance/folder_check_window.h"
+#include "maintenance/menus_window.h"
 #include "ui/at_exit.h"
 #include "ui/busy_pointer.h"
 
@@ -56,10 +58,17 @@ void Form1::ConnectCommands() {
     press(command11, &MainScreen::SetStartUpCharacterPressed);
     press(command13, &MainScreen::LaunchPressed);
     press(command14, &MainScreen::ShowReadmePressed);
-    for (Button* button : {static_cast<Button*>(&command6), &command10, &command12})
-        button->onClick = [this] {
-            NotBuiltYet();
-        };
+    command6.onClick = [this] {
+        screen.SettingsPressed();
+        Hide();
+        handOver.Show(NextWindow::FolderManagement);
+    };
+    command10.onClick = [this] {
+        handOver.Show(NextWindow::QuickHelp);
+    };
+    command12.onClick = [this] {
+        CheckFolders();
+    };
 }
 
 void Form1::ConnectLists() {
@@ -75,11 +84,29 @@ void Form1::ConnectLists() {
     list3.onSelect = [this] {
         Run([this] { screen.InstalledListClicked(); });
     };
+    list3.onMenu = [this](POINT position) {
+        ShowCharacterMenu(position);
+    };
 }
 
-// Commands that have no operation yet say so, in one place.
-void Form1::NotBuiltYet() {
-    platform.messages.Inform(L"この機能は、このバージョンではまだ使えません。");
+void Form1::CheckFolders() {
+    FolderCheck check(platform);
+    Run([&] { screen.CheckPressed(check); });
+    Form11(App(), check, Handle()).ShowModal();
+}
+
+void Form1::ShowCharacterMenu(POINT position) {
+    std::optional<CharacterMenu> items;
+    Run([&] { items = screen.InstalledListMenu(); });
+    if (items)
+        Form10::ShowCharacterMenu(*this, position, *items);
+}
+
+void Form1::MenuChosen(int item) {
+    if (item == Form10::mnrun)
+        Run([this] { screen.LaunchPressed(); });
+    else if (item == Form10::mnview)
+        Run([this] { screen.ShowReadmePressed(); });
 }
 
 void Form1::Load() {

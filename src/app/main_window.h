@@ -25,6 +25,7 @@ class Form1 : public Form, private InstallScreen {
     bool MayClose(CloseReason reason) override;
     void Closing() override;
     void PointerOver(Control* control) override;
+    void MenuChosen(int item) override;
     Size FirstSize() const override;
 
     void SetMainWindowEnabled(bool enabled) override;
@@ -35,7 +36,8 @@ class Form1 : public Form, private InstallScreen {
     void Run(const std::function<void()>& event);
     void ReadSelections();
     void ShowModel();
-    void NotBuiltYet();
+    void CheckFolders();
+    void ShowCharacterMenu(POINT position);
 
     void ConnectCommands();
     void ConnectLists();

@@ -2,6 +2,10 @@
 
 #include "app/main_window.h"
 #include "app/splash_window.h"
+#include "settings/folder_management_window.h"
+#include "setup/choice_window.h"
+#include "setup/manual_folder_window.h"
+#include "setup/quick_help_window.h"
 #include "setup/wizard_window.h"
 
 namespace tamblin {
@@ -18,29 +22,46 @@ void ProgramWindows::ShowSplash() {
     application.Open<Form6>(application, startUp, *this, isAnotherCopyRunning).Show();
 }
 
+template <class FormType, class... Arguments>
+void ProgramWindows::ShowOnly(Arguments&&... arguments) {
+    FormType* form = application.FindOpen<FormType>();
+    if (!form)
+        form = &application.Open<FormType>(application, std::forward<Arguments>(arguments)...);
+    form->Show();
+}
+
+// Who asks for what: the splash for the main window or the wizard; the main window (which hides
+// itself) for folder management, and for quick help beside it; folder management for the main
+// window, the wizard (add) or the manual window (change); the wizard for the manual window, and
+// after a search for the choice, the main window or folder management; the manual window and the
+// choice for those two again, or back for the wizard.
 void ProgramWindows::Show(NextWindow next) {
     switch (next) {
         case NextWindow::MainWindow:
-            ShowMainWindow();
+            ShowOnly<Form1>(platform, state, settingsFile, *this);
             break;
         case NextWindow::SetUpWizard:
-            application.Open<Form2>(application, *this, platform.programFolder).Show();
+            ShowOnly<Form2>(platform, state, *this);
+            break;
+        case NextWindow::ManualFolder:
+            // Always a new one: it may be asked for by the one that is about to close.
+            application.Open<Form3>(application, platform, state, *this).Show();
+            break;
+        case NextWindow::FolderChoice:
+            ShowOnly<Form5>(state, *this);
+            break;
+        case NextWindow::FolderManagement:
+            ShowOnly<Form8>(state, *this);
+            break;
+        case NextWindow::QuickHelp:
+            ShowOnly<Form9>(platform, application.FindOpen<Form1>()->Handle());
             break;
         case NextWindow::EndProgram:
             application.CloseAll();
             break;
-        case NextWindow::ManualFolder:
-        case NextWindow::FolderChoice:
-        case NextWindow::FolderManagement:
         case NextWindow::Stay:
             break;
     }
-}
-
-void ProgramWindows::ShowMainWindow() {
-    if (!mainWindow)
-        mainWindow = &application.Open<Form1>(application, platform, state, settingsFile, *this);
-    mainWindow->Show();
 }
 
 } // namespace tamblin

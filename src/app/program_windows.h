@@ -12,8 +12,6 @@
 
 namespace tamblin {
 
-class Form1;
-
 class ProgramWindows : public HandOver {
   public:
     ProgramWindows(Application& owner, Platform& surroundings,
@@ -23,7 +21,9 @@ class ProgramWindows : public HandOver {
     void Show(NextWindow next) override;
 
   private:
-    void ShowMainWindow();
+    // Shows the open form of this kind, or a new one.
+    template <class FormType, class... Arguments>
+    void ShowOnly(Arguments&&... arguments);
 
     Application& application;
     Platform& platform;
@@ -31,7 +31,6 @@ class ProgramWindows : public HandOver {
     SettingsState state;
     SettingsFile settingsFile;
     StartUp startUp;
-    Form1* mainWindow = nullptr; // it lives as long as the program has windows
 };
 
 } // namespace tamblin

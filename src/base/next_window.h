@@ -10,6 +10,7 @@ enum class NextWindow {
     ManualFolder,
     FolderChoice,
     FolderManagement,
+    QuickHelp,  // beside the window that it was opened from
     EndProgram, // at once, without saving
 };
 

@@ -17,10 +17,12 @@ std::wstring QuotedCommandLine(const std::wstring& program) {
 } // namespace
 
 void LaunchCharacter(const MainModel& model, Platform& platform) {
-    const auto selected = model.installed.names.FirstSelected();
-    if (!selected)
+    const InstalledList& installed = model.installed;
+    const auto selected = installed.names.FirstSelected();
+    // The listing behind the names may have been read anew, and have become shorter.
+    if (!selected || *selected >= installed.definitionFiles.size())
         return;
-    const std::wstring& definitionFile = model.installed.definitionFiles.at(*selected);
+    const std::wstring& definitionFile = installed.definitionFiles[*selected];
     const std::wstring hostFolder = WithBackslash(model.combo.Text());
     const std::wstring program = hostFolder + HostProgramName;
     for (const std::wstring& needed :

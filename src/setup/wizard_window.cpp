@@ -1,40 +1,91 @@
 #include "setup/wizard_window.h"
 
+#include "setup/search_window.h"
+
 namespace tamblin {
-namespace {
 
-std::wstring Explanation(const std::wstring& programFolder) {
-    return L"Vimoraフォルダがまだ登録されていません。\r\n"
-           L"このバージョンのTamblinは、Vimoraフォルダを自動では設定できません。\r\n"
-           L"\r\n"
-           L"お使いになるには、次の内容のファイル tamb.ini を、メモ帳などで\r\n" +
-           programFolder +
-           L"\r\n"
-           L"に作ってください（C:\\Vimora は、ombrel.exe があるフォルダに置き換えます）。\r\n"
-           L"そのあと、Tamblinをもう一度起動してください。\r\n"
-           L"\r\n"
-           L"VERSION=Ver.0.61\r\n"
-           L"DEFAULT=C:\\Vimora\r\n"
-           L"KVAOPTION=OFF\r\n"
-           L"VMRFOLDER=C:\\Vimora";
-}
-
-} // namespace
-
-Form2::Form2(Application& owner, HandOver& windows, const std::wstring& programFolder)
-    : Form(owner, 2, L"環境設定ウィザード  - Tamblin -", FormFrame::Fixed), handOver(windows) {
-    label1.SetText(Explanation(programFolder));
-    command3.onClick = [this] {
-        handOver.Show(NextWindow::EndProgram);
+Form2::Form2(Application& owner, Platform& surroundings, SettingsState& settings, HandOver& windows)
+    : Form(owner, 2, L"環境設定ウィザード  - Tamblin -", FormFrame::Fixed),
+      platform(surroundings),
+      state(settings),
+      handOver(windows) {
+    label1.SetText(L"Tamblin に必要な情報を設定します。");
+    label2.SetText(L"設定項目");
+    label3.SetText(L"・Vimoraフォルダの指定");
+    command1.onClick = [this] {
+        Leave(NextWindow::ManualFolder);
     };
-    SetFirstFocus(command3);
+    command2.onClick = [this] {
+        Search();
+    };
+    command3.onClick = [this] {
+        GiveUp();
+    };
+    SetFirstFocus(command2);
     SetLayout(MakeLayout());
 }
 
 std::unique_ptr<LayoutItem> Form2::MakeLayout() {
+    auto choices = Column();
+    const auto add = [&](Button& button, Label& label) {
+        button.JoinWidth(buttons);
+        auto row = Row();
+        row->Add(button, 0, Across::Centre).Gap(6).Add(label, 1, Across::Centre);
+        choices->Add(std::move(row)).Gap(5);
+    };
+    add(command2, label5);
+    add(command1, label4);
+    add(command3, label6);
     auto whole = Column();
-    whole->Margin(10, 10).Add(label1, 1).Gap(10).Add(command3, 0, Across::End);
+    whole->Margin(14, 12).Add(label1).Gap(10).Add(label2).Gap(3).Add(label3).Gap(12);
+    whole->Add(std::move(choices));
     return whole;
+}
+
+void Form2::Load() {
+    if (state.WizardFromManagement)
+        command3.SetText(L"戻る");
+}
+
+// The windows stay as they are when a failure has ended the search; the way on is then the progress
+// window's.
+void Form2::Search() {
+    Hide();
+    auto& progress = App().Open<Form4>(App(), platform, state);
+    progress.Show();
+    const NextWindow next = progress.Search();
+    if (!IsOpen())
+        return;
+    if (next == NextWindow::Stay)
+        progress.onLeave = [this, &progress] {
+            SearchEnded(progress, NextWindow::SetUpWizard);
+        };
+    else
+        SearchEnded(progress, next);
+}
+
+void Form2::SearchEnded(Form4& progress, NextWindow next) {
+    if (next == NextWindow::SetUpWizard)
+        Show();
+    else
+        Leave(next);
+    progress.Close();
+}
+
+bool Form2::MayClose(CloseReason reason) {
+    if (reason == CloseReason::Program)
+        return true;
+    GiveUp();
+    return false;
+}
+
+void Form2::GiveUp() {
+    Leave(state.WizardFromManagement ? NextWindow::FolderManagement : NextWindow::EndProgram);
+}
+
+void Form2::Leave(NextWindow next) {
+    handOver.Show(next);
+    Close();
 }
 
 } // namespace tamblin

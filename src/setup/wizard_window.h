@@ -1,25 +1,45 @@
-// The set-up wizard's place: says what to do while the wizard itself is not there.
+// The set-up wizard: lets the program search for host folders, or the user name one.
 #pragma once
 
+#include "platform/platform.h"
+#include "settings/settings_state.h"
 #include "ui/button.h"
 #include "ui/form.h"
 #include "ui/hand_over.h"
 #include "ui/label.h"
-#include "ui/text_box.h"
 
 namespace tamblin {
 
+class Form4;
+
 class Form2 : public Form {
   public:
-    Form2(Application& owner, HandOver& windows, const std::wstring& programFolder);
+    Form2(Application& owner, Platform& surroundings, SettingsState& settings, HandOver& windows);
 
   private:
-    void EscapePressed() override { handOver.Show(NextWindow::EndProgram); }
+    void Load() override;
+    bool MayClose(CloseReason reason) override;
+    void EscapePressed() override { GiveUp(); }
+    void Search();
+    void SearchEnded(Form4& progress, NextWindow next);
+    void GiveUp();
+    void Leave(NextWindow next);
     std::unique_ptr<LayoutItem> MakeLayout();
 
+    Platform& platform;
+    SettingsState& state;
     HandOver& handOver;
+    WidthGroup buttons;
+
     Label label1{*this, 1, L""};
-    Button command3{*this, 3, L"作業をやめる"};
+    Label label2{*this, 2, L""};
+    Label label3{*this, 3, L""};
+    Button command2{*this, 2, L"自動検出"};
+    Label label5{*this, 5, L"見つけさせる"};
+    Button command1{*this, 1, L"手動設定"};
+    Label label4{*this, 4, L"自分で指定する"};
+    Button command3{*this, 3, L"終了"};
+    Label label6{*this, 6, L"作業をやめる"};
 };
 
 } // namespace tamblin

@@ -34,6 +34,15 @@ class Application {
         return opened;
     }
 
+    // The open form of a kind, or null.
+    template <class FormType>
+    FormType* FindOpen() const {
+        for (Form* form : forms)
+            if (auto* found = dynamic_cast<FormType*>(form); found && !found->IsClosing())
+                return found;
+        return nullptr;
+    }
+
     // Handles events until no form is left.
     void Run();
     void RunUntilClosed(const Form& form);

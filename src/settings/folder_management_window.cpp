@@ -1,0 +1,106 @@
+#include "settings/folder_management_window.h"
+
+#include <algorithm>
+
+namespace tamblin {
+
+Form8::Form8(Application& owner, SettingsState& settings, HandOver& windows)
+    : Form(owner, 8, L"Vimoraフォルダ管理 - Tamblin - ", FormFrame::Resizable),
+      handOver(windows),
+      management(settings) {
+    list1.SetAccessibleName(L"登録されているVimoraフォルダ");
+    list1.onSelect = [this] {
+        Run([this] {
+            management.SelectionChanged();
+            return NextWindow::Stay;
+        });
+    };
+    command1.onClick = [this] {
+        Run([this] { return management.AddPressed(); });
+    };
+    command2.onClick = [this] {
+        Run([this] { return management.ChangePressed(); });
+    };
+    command3.onClick = [this] {
+        Run([this] {
+            management.DeletePressed();
+            return NextWindow::Stay;
+        });
+    };
+    command4.onClick = [this] {
+        Run([this] { return management.LeavePressed(); });
+    };
+    SetFirstFocus(list1);
+    SetLayout(MakeLayout());
+}
+
+std::unique_ptr<LayoutItem> Form8::MakeLayout() {
+    auto edit = Column();
+    for (Button* button : {&command1, &command2, &command3}) {
+        button->JoinWidth(buttons);
+        edit->Add(*button).Gap(4);
+    }
+    edit->Gap(0, 1);
+    auto folders = Row();
+    folders->Add(list1, 1).Gap(4).Add(std::move(edit));
+    auto permission = Row();
+    permission->Gap(6).Add(option1Allow).Gap(8).Add(option1Forbid);
+    auto leave = Row();
+    command4.JoinWidth(buttons);
+    leave->Gap(0, 1).Add(command4);
+    auto whole = Column();
+    whole->Margin(7, 7).Add(label1).Gap(4).Add(std::move(folders), 1).Gap(8);
+    whole->Add(label2).Gap(3).Add(std::move(permission)).Gap(3).Add(label3).Gap(6);
+    whole->Add(std::move(leave));
+    return whole;
+}
+
+Size Form8::FirstSize() const {
+    const Size least = MinimumSize();
+    return {std::max(least.width, Measure().Across(300)), least.height};
+}
+
+void Form8::Load() {
+    management.Load();
+    command4.SetText(management.LeaveCaption());
+    option1Allow.SetChosen(management.kvaAllowed);
+    option1Forbid.SetChosen(!management.kvaAllowed);
+}
+
+void Form8::Activated() {
+    management.Activate();
+    ShowModel();
+}
+
+// The close box leaves as the button does, also while the button waits for a choice of default.
+bool Form8::MayClose(CloseReason reason) {
+    if (reason == CloseReason::Program)
+        return true;
+    EscapePressed();
+    return false;
+}
+
+void Form8::EscapePressed() {
+    Run([this] { return management.LeavePressed(); });
+}
+
+void Form8::Run(const std::function<NextWindow()>& event) {
+    list1.ReadSelections(management.folders);
+    management.kvaAllowed = option1Allow.IsChosen();
+    const NextWindow next = event();
+    ShowModel();
+    if (next == NextWindow::Stay)
+        return;
+    handOver.Show(next);
+    Close();
+}
+
+void Form8::ShowModel() {
+    list1.Show(management.folders);
+    command1.SetEnabled(management.addEnabled);
+    command2.SetEnabled(management.changeEnabled);
+    command3.SetEnabled(management.deleteEnabled);
+    command4.SetEnabled(management.leaveEnabled);
+}
+
+} // namespace tamblin

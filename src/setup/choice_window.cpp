@@ -1,0 +1,77 @@
+#include "setup/choice_window.h"
+
+namespace tamblin {
+
+Form5::Form5(Application& owner, SettingsState& settings, HandOver& windows)
+    : Form(owner, 5, L"VMRフォルダの選択 - Tamblin -", FormFrame::Resizable),
+      handOver(windows),
+      choice(settings) {
+    list1.SetAccessibleName(L"検出されたフォルダ");
+    combo1.SetAccessibleName(L"デフォルトに設定するフォルダ");
+    list1.onTick = [this](size_t row, bool ticked) {
+        choice.TickChanged(row, ticked);
+        command1.SetEnabled(choice.okEnabled);
+    };
+    combo1.onSelect = [this](size_t entry) {
+        choice.DefaultChosen(entry);
+        command1.SetEnabled(choice.okEnabled);
+    };
+    command1.onClick = [this] {
+        OkPressed();
+    };
+    SetLayout(MakeLayout());
+}
+
+std::unique_ptr<LayoutItem> Form5::MakeLayout() {
+    auto leave = Row();
+    leave->Gap(0, 1).Add(command1);
+    auto whole = Column();
+    whole->Margin(8, 8).Add(label1).Gap(5).Add(list1, 1).Add(combo1).Gap(7).Add(std::move(leave));
+    return whole;
+}
+
+void Form5::Load() {
+    // The longer of the two questions decides the window's width.
+    label1.SetText(L"検出されたフォルダのうち、登録するフォルダにチェックをつけてください。");
+    choice.Load();
+    ShowStage();
+}
+
+void Form5::ShowStage() {
+    label1.SetText(choice.Question());
+    list1.SetVisible(choice.InFirstStage());
+    combo1.SetVisible(!choice.InFirstStage());
+    if (choice.InFirstStage())
+        list1.Show(choice.folders, choice.ticks);
+    else
+        combo1.Show(choice.folders, choice.chosen);
+    command1.SetEnabled(choice.okEnabled);
+    SetFirstFocus(choice.InFirstStage() ? static_cast<Control&>(list1) : combo1);
+}
+
+void Form5::ReturnPressed() {
+    if (command1.IsEnabled())
+        OkPressed();
+}
+
+void Form5::OkPressed() {
+    const NextWindow next = choice.OkPressed();
+    if (next == NextWindow::Stay)
+        ShowStage();
+    else
+        Leave(next);
+}
+
+bool Form5::MayClose(CloseReason reason) {
+    if (reason == CloseReason::Program)
+        return true;
+    Leave(choice.Closed());
+    return false;
+}
+
+void Form5::Leave(NextWindow next) {
+    handOver.Show(next);
+    Close();
+}
+
+} // namespace tamblin

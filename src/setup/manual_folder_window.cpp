@@ -1,0 +1,92 @@
+#include "setup/manual_folder_window.h"
+
+#include <algorithm>
+
+#include "ui/busy_pointer.h"
+
+namespace tamblin {
+
+Form3::Form3(Application& owner, Platform& surroundings, SettingsState& settings, HandOver& windows)
+    : Form(owner, 3, L"VMRフォルダの手動設定 - Tamblin -", FormFrame::Resizable),
+      handOver(windows),
+      manual(surroundings, settings) {
+    text1.SetAccessibleName(label1.Text());
+    list1.SetAccessibleName(L"すべてのフォルダ");
+    list2.SetAccessibleName(L"表示中のフォルダにあるVimoraのファイル");
+    list1.onSelect = [this] {
+        const LRESULT row = ::SendMessageW(list1.Handle(), LB_GETCURSEL, 0, 0);
+        if (row == LB_ERR)
+            return;
+        manual.TreeRowClicked(static_cast<size_t>(row));
+        text1.SetText(manual.FolderText());
+    };
+    list1.onOpen = [this](size_t row) {
+        const BusyPointer busy;
+        manual.TreeRowOpened(row);
+        ShowTree();
+    };
+    command1.onClick = [this] {
+        Leave(manual.OkPressed(text1.Text()));
+    };
+    command2.onClick = [this] {
+        Leave(manual.BackPressed());
+    };
+    command3.onClick = [this] {
+        Leave(manual.MorePressed(text1.Text()));
+    };
+    SetFirstFocus(list1);
+    SetLayout(MakeLayout());
+}
+
+std::unique_ptr<LayoutItem> Form3::MakeLayout() {
+    for (Button* button : {&command1, &command2, &command3})
+        button->JoinWidth(buttons);
+    auto lists = Row();
+    lists->Add(list1, 3).Gap(4).Add(list2, 1);
+    auto more = Row();
+    more->Add(command3, 0, Across::Centre).Gap(3).Add(label4, 0, Across::Centre);
+    auto back = Row();
+    back->Add(command2, 0, Across::Centre).Gap(3).Add(label3, 0, Across::Centre);
+    auto leave = Row();
+    leave->Add(std::move(more)).Gap(8, 1).Add(std::move(back)).Gap(8).Add(command1);
+    auto whole = Column();
+    whole->Margin(7, 7).Add(label1).Gap(3).Add(text1).Gap(4);
+    whole->Add(std::move(lists), 1).Gap(3).Add(label10).Gap(7).Add(label5).Gap(3);
+    whole->Add(std::move(leave));
+    return whole;
+}
+
+Size Form3::FirstSize() const {
+    const Size least = MinimumSize();
+    return {std::max(least.width, Measure().Across(280)),
+            std::max(least.height, Measure().Down(230))};
+}
+
+void Form3::Load() {
+    manual.Load();
+    command3.SetEnabled(manual.MoreEnabled());
+    ShowTree();
+}
+
+void Form3::ShowTree() {
+    list1.Show(manual.Browser().Rows(), manual.Browser().SelectedRow());
+    list2.Show(manual.Browser().Files());
+    text1.SetText(manual.FolderText());
+    label10.SetText(manual.StatusText());
+}
+
+bool Form3::MayClose(CloseReason reason) {
+    if (reason == CloseReason::Program)
+        return true;
+    Leave(manual.BackPressed());
+    return false;
+}
+
+void Form3::Leave(NextWindow next) {
+    if (next == NextWindow::Stay)
+        return;
+    handOver.Show(next);
+    Close();
+}
+
+} // namespace tamblin

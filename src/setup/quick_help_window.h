@@ -1,0 +1,61 @@
+// Short help, by category and topic. In remora mode the window keeps to the main window's right
+// side.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "platform/platform.h"
+#include "setup/quick_help_texts.h"
+#include "ui/button.h"
+#include "ui/check_box.h"
+#include "ui/form.h"
+#include "ui/label.h"
+#include "ui/link_label.h"
+#include "ui/text_pane.h"
+
+namespace tamblin {
+
+class Form9 : public Form {
+  public:
+    Form9(Application& owner, Platform& surroundings, HWND mainWindow);
+
+  private:
+    using Links = std::vector<std::unique_ptr<LinkLabel>>;
+
+    void Load() override;
+    void Tick() override { Dock(); }
+    void PointerOver(Control* control) override;
+    void EscapePressed() override { Close(); }
+
+    void ShowCategory(HelpCategory category);
+    void Highlight(const Control* control);
+    void RemoraClicked();
+    void Dock();
+    void OpenSupportPage();
+    Links MakeTopics(int number, std::span<const HelpTopic> topics, TextPane& pane);
+    Links MakeCategories();
+    std::unique_ptr<LayoutItem> MakeLayout();
+    std::unique_ptr<LayoutItem> MakeTopicsPage(Links& topics, TextPane& pane);
+    std::unique_ptr<LayoutItem> MakeAboutPage();
+
+    Platform& platform;
+    HWND followed;
+
+    Label label1{*this, 1, HelpHint};
+    Links label3; // categories
+    Links label4; // purpose topics
+    TextPane label6{*this, 6, 46, 9};
+    Links label5; // button topics
+    TextPane label7{*this, 7, 46, 9};
+    Label label8First{*this, 8, LimitationLines()[0]};
+    Label label8Second{*this, 8, LimitationLines()[1], 1};
+    Label label9Program{*this, 9, AboutLines()[0]};
+    Label label9Origin{*this, 9, AboutLines()[1], 1};
+    LinkLabel label9Link{*this, 9, SupportLinkIndex, AboutLines()[SupportLinkIndex]};
+    CheckBox check1{*this, 1, RemoraCaption};
+    Button command1{*this, 1, L"閉じる"};
+};
+
+} // namespace tamblin

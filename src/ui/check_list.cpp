@@ -1,0 +1,105 @@
+#include "ui/check_list.h"
+
+#include "ui/form.h"
+
+namespace tamblin {
+
+CheckList::CheckList(Form& owner, int number, int columns, int rows)
+    : Control(owner, {ControlKind::List, number}, WC_LISTBOXW, L"",
+              LBS_NOTIFY | LBS_HASSTRINGS | LBS_OWNERDRAWFIXED | LBS_NOINTEGRALHEIGHT | WS_VSCROLL |
+                  WS_HSCROLL | WS_TABSTOP,
+              WS_EX_CLIENTEDGE),
+      minimumColumns(columns),
+      minimumRows(rows) {
+    CheckList::SetFont(form.Measure());
+}
+
+void CheckList::Show(const std::vector<std::wstring>& lines, const std::vector<bool>& ticks) {
+    Send(LB_RESETCONTENT);
+    for (size_t row = 0; row < lines.size(); ++row) {
+        Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(lines[row].c_str()));
+        Send(LB_SETITEMDATA, row, ticks[row]);
+    }
+    Send(LB_SETCURSEL, 0);
+    const int widest = form.Measure().Widest(lines) + BoxSize() + form.Measure().Across(8);
+    Send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest));
+}
+
+Size CheckList::NaturalSize(const TextMeasure& measure) const {
+    return {measure.Across(4 * minimumColumns + 20),
+            minimumRows * (measure.LineHeight() + measure.Down(3)) + measure.Down(6)};
+}
+
+void CheckList::SetFont(const TextMeasure& measure) {
+    Control::SetFont(measure);
+    Send(LB_SETITEMHEIGHT, 0, measure.LineHeight() + measure.Down(3));
+}
+
+int CheckList::BoxSize() const {
+    return form.Measure().LineHeight();
+}
+
+bool CheckList::IsTicked(size_t row) const {
+    return Send(LB_GETITEMDATA, row) == 1;
+}
+
+void CheckList::Toggle(LRESULT row) {
+    if (row == LB_ERR)
+        return;
+    const auto line = static_cast<size_t>(row);
+    const bool ticked = !IsTicked(line);
+    Send(LB_SETITEMDATA, line, ticked);
+    InvalidateRect(Handle(), nullptr, FALSE);
+    if (onTick)
+        onTick(line, ticked);
+}
+
+void CheckList::Notified(UINT code) {
+    if (code == LBN_DBLCLK)
+        Toggle(Send(LB_GETCURSEL));
+}
+
+bool CheckList::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_KEYDOWN && wParam == VK_SPACE) {
+        Toggle(Send(LB_GETCURSEL));
+        return true;
+    }
+    const bool clicked = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
+    if (!clicked || GET_X_LPARAM(lParam) > BoxSize() + form.Measure().Across(3))
+        return false;
+    const LRESULT hit = Send(LB_ITEMFROMPOINT, 0, lParam);
+    if (HIWORD(hit) != 0)
+        return false;
+    Focus();
+    Send(LB_SETCURSEL, LOWORD(hit));
+    Toggle(LOWORD(hit));
+    return true;
+}
+
+void CheckList::Draw(const DRAWITEMSTRUCT& drawing) {
+    if (drawing.itemID == static_cast<UINT>(-1))
+        return;
+    const bool selected = (drawing.itemState & ODS_SELECTED) != 0;
+    FillRect(drawing.hDC, &drawing.rcItem,
+             GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    RECT box = drawing.rcItem;
+    box.left += form.Measure().Across(2);
+    box.top += (box.bottom - box.top - BoxSize()) / 2;
+    box.right = box.left + BoxSize();
+    box.bottom = box.top + BoxSize();
+    const UINT tick = IsTicked(drawing.itemID) ? DFCS_CHECKED : 0;
+    DrawFrameControl(drawing.hDC, &box, DFC_BUTTON, DFCS_BUTTONCHECK | DFCS_FLAT | tick);
+
+    std::wstring line(static_cast<size_t>(Send(LB_GETTEXTLEN, drawing.itemID)) + 1, L'\0');
+    Send(LB_GETTEXT, drawing.itemID, reinterpret_cast<LPARAM>(line.data()));
+    SetBkMode(drawing.hDC, TRANSPARENT);
+    SetTextColor(drawing.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    RECT text = drawing.rcItem;
+    text.left = box.right + form.Measure().Across(3);
+    DrawTextW(drawing.hDC, line.c_str(), -1, &text,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP);
+    if (drawing.itemState & ODS_FOCUS)
+        DrawFocusRect(drawing.hDC, &drawing.rcItem);
+}
+
+} // namespace tamblin

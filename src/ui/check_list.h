@@ -1,0 +1,37 @@
+// A list whose lines the user ticks, by a click on the box or with the space bar. From outside, a
+// line's tick is its item data: 1 or 0.
+#pragma once
+
+#include "ui/control.h"
+
+namespace tamblin {
+
+class CheckList : public Control {
+  public:
+    CheckList(Form& owner, int number, int columns, int rows);
+
+    std::function<void(size_t row, bool ticked)> onTick;
+
+    void Show(const std::vector<std::wstring>& lines, const std::vector<bool>& ticks);
+
+    Size NaturalSize(const TextMeasure& measure) const override;
+    void SetFont(const TextMeasure& measure) override;
+    void Notified(UINT code) override;
+    void Draw(const DRAWITEMSTRUCT& drawing) override;
+
+  protected:
+    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    bool IsTicked(size_t row) const;
+    void Toggle(LRESULT row);
+    int BoxSize() const;
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return ::SendMessageW(Handle(), message, wParam, lParam);
+    }
+
+    int minimumColumns;
+    int minimumRows;
+};
+
+} // namespace tamblin

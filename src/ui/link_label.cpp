@@ -1,0 +1,64 @@
+#include "ui/link_label.h"
+
+#include "ui/form.h"
+
+namespace tamblin {
+
+LinkLabel::LinkLabel(Form& owner, int number, int index, const std::wstring& caption)
+    : Control(owner, {ControlKind::Label, number, index}, WC_BUTTONW, caption,
+              BS_OWNERDRAW | WS_TABSTOP) {
+    LinkLabel::SetFont(form.Measure());
+}
+
+LinkLabel::~LinkLabel() {
+    DeleteObject(boldFont);
+}
+
+void LinkLabel::SetHighlighted(bool on) {
+    if (on == highlighted)
+        return;
+    highlighted = on;
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+// Room for the bold form, so that nothing moves when the text lights up.
+Size LinkLabel::NaturalSize(const TextMeasure& measure) const {
+    const int width = TextMeasure(boldFont).Width(Text());
+    return {width + measure.Across(4), measure.LineHeight() + measure.Down(2)};
+}
+
+void LinkLabel::SetFont(const TextMeasure& measure) {
+    Control::SetFont(measure);
+    LOGFONTW bold{};
+    GetObjectW(measure.Font(), sizeof bold, &bold);
+    bold.lfWeight = FW_BOLD;
+    DeleteObject(boldFont);
+    boldFont = CreateFontIndirectW(&bold);
+}
+
+void LinkLabel::Notified(UINT code) {
+    if (code == BN_CLICKED && onClick)
+        onClick();
+}
+
+bool LinkLabel::TakeReturn() {
+    ::SendMessageW(Handle(), BM_CLICK, 0, 0);
+    return true;
+}
+
+void LinkLabel::Draw(const DRAWITEMSTRUCT& drawing) {
+    const bool focused = (drawing.itemState & ODS_FOCUS) != 0;
+    const bool lit = highlighted || focused;
+    form.PaintBehind(drawing.hDC, Handle(), drawing.rcItem);
+    const HGDIOBJ former = SelectObject(drawing.hDC, lit ? boldFont : form.Measure().Font());
+    SetBkMode(drawing.hDC, TRANSPARENT);
+    SetTextColor(drawing.hDC, GetSysColor(lit ? COLOR_HOTLIGHT : COLOR_BTNTEXT));
+    RECT area = drawing.rcItem;
+    InflateRect(&area, -1, 0);
+    DrawTextW(drawing.hDC, Text().c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    SelectObject(drawing.hDC, former);
+    if (focused && (drawing.itemState & ODS_NOFOCUSRECT) == 0)
+        DrawFocusRect(drawing.hDC, &drawing.rcItem);
+}
+
+} // namespace tamblin
