@@ -1,0 +1,273 @@
+// Every file operation of every maintenance command fails in turn, with every error that a drive
+// can give; afterwards nothing may be lost beyond what the command's own steps say.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "maintenance/folder_check.h"
+#include "maintenance/launch.h"
+#include "maintenance/start_up_file.h"
+#include "maintenance/uninstall.h"
+#include "maintenance/updates.h"
+#include "unit/maintenance_scene.h"
+
+namespace tamblin {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class MaintenanceFaults : public testing::TestWithParam<ErrorNumber> {
+  protected:
+    // Runs the command on fresh scenes, its first operation failing, then its second, and so on,
+    // until none fails. `check` is told which one has failed, by its line in the log.
+    template <typename Scene, typename Command, typename Check>
+    static void ForEachOperation(Command&& command, Check&& check) {
+        for (size_t n = 1;; ++n) {
+            Scene scene;
+            scene.files.FailOperation(n, GetParam());
+            const auto failure = ErrorOf([&] { command(scene); });
+            if (scene.files.OperationCount() < n) {
+                EXPECT_GT(n, 1U);
+                EXPECT_FALSE(failure.has_value());
+                return;
+            }
+            SCOPED_TRACE(testing::Message() << "operation " << n);
+            EXPECT_EQ(failure, GetParam());
+            check(scene, scene.files.Log().back());
+        }
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Numbers, MaintenanceFaults,
+                         testing::Values(ErrorNumber::OutOfMemory, ErrorNumber::FileNotFound,
+                                         ErrorNumber::DeviceIo, ErrorNumber::FileAlreadyExists,
+                                         ErrorNumber::DiskFull, ErrorNumber::DeviceUnavailable,
+                                         ErrorNumber::PermissionDenied, ErrorNumber::DiskNotReady,
+                                         ErrorNumber::PathFileAccess, ErrorNumber::PathNotFound),
+                         [](const auto& instance) {
+                             return "Error" + std::to_string(static_cast<int>(instance.param));
+                         });
+
+struct OneCharacter : MaintenanceScene {
+    OneCharacter() {
+        ShowSelected(L"abc");
+        before = files.Snapshot();
+    }
+    MemoryFileSystem::Tree before;
+};
+
+// The former start-up file stands under one of its names, under its own unless set aside.
+void ExpectFormerStartUpFile(const MaintenanceScene& scene) {
+    const bool setAside = scene.files.Exists(scene.Backup());
+    const std::wstring place = setAside ? scene.Backup() : L"C:\\VMR\\ombrel.rc";
+    ASSERT_TRUE(scene.files.Exists(place));
+    EXPECT_EQ(scene.files.Contents(place), scene.formerStartUp);
+}
+
+// All files but the start-up file's two are as they were.
+void ExpectOtherFilesKept(const OneCharacter& scene) {
+    auto before = scene.before;
+    auto after = scene.files.Snapshot();
+    for (auto* tree : {&before, &after}) {
+        tree->erase(L"C:\\VMR\\ombrel.rc");
+        tree->erase(L"C:\\VMR\\ombrel_rc.bak");
+    }
+    EXPECT_EQ(after, before);
+}
+
+TEST_P(MaintenanceFaults, LaunchNeverLosesTheFormerStartUpFile) {
+    ForEachOperation<OneCharacter>(
+        [](OneCharacter& scene) {
+            scene.starter.onStart = [&](const std::wstring&) {
+                ExpectFormerStartUpFile(scene);
+            };
+            LaunchCharacter(scene.model, scene.platform);
+        },
+        [](OneCharacter& scene, const std::wstring&) {
+            ExpectFormerStartUpFile(scene);
+            ExpectOtherFilesKept(scene);
+            EXPECT_THAT(scene.messages.shown, IsEmpty());
+        });
+}
+
+TEST_P(MaintenanceFaults, LaunchStartsTheHostOnlyAfterTheTemporaryFileStands) {
+    ForEachOperation<OneCharacter>(
+        [](OneCharacter& scene) { LaunchCharacter(scene.model, scene.platform); },
+        [](OneCharacter& scene, const std::wstring&) {
+            const bool goingBack = scene.files.CountLogged(L"Delete ") > 0;
+            EXPECT_EQ(!scene.starter.started.empty(), goingBack);
+        });
+}
+
+TEST_P(MaintenanceFaults, PermanentEditLosesTheFileOnlyBetweenItsDeletionAndItsWriting) {
+    ForEachOperation<OneCharacter>(
+        [](OneCharacter& scene) { SetStartUpCharacter(scene.model, scene.platform); },
+        [](OneCharacter& scene, const std::wstring& failed) {
+            if (StartsWith(failed, L"Write "))
+                EXPECT_FALSE(scene.files.Exists(L"C:\\VMR\\ombrel.rc"));
+            else
+                ExpectFormerStartUpFile(scene);
+            ExpectOtherFilesKept(scene);
+            EXPECT_THAT(scene.messages.shown, IsEmpty());
+        });
+}
+
+TEST_P(MaintenanceFaults, ReadmesFoundBeforeTheFailureAreOpen) {
+    struct Scene : OneCharacter {
+        Scene() {
+            for (const wchar_t* ending : {L".txt", L"-X.txt", L".htm", L".html"})
+                files.AddFile(L"C:\\VMR\\abc\\abc" + std::wstring(ending));
+        }
+    };
+    ForEachOperation<Scene>([](Scene& scene) { ShowReadme(scene.model, scene.platform); },
+                            [](Scene& scene, const std::wstring&) {
+                                EXPECT_EQ(scene.shell.opened.size() + 1,
+                                          scene.files.OperationCount());
+                            });
+}
+
+TEST_P(MaintenanceFaults, MenuFailsWithoutTouchingAnything) {
+    ForEachOperation<OneCharacter>(
+        [](OneCharacter& scene) { MenuForInstalledList(scene.model, scene.platform); },
+        [](OneCharacter& scene, const std::wstring&) {
+            EXPECT_EQ(scene.files.Snapshot(), scene.before);
+        });
+}
+
+struct ThreeCharacters : MaintenanceScene {
+    ThreeCharacters() {
+        for (const wchar_t* name : {L"a", L"b", L"c"})
+            AddCharacter(name);
+        Show();
+        SelectCharacters({L"a", L"b"});
+        for (const wchar_t* kept :
+             {L"ombrel.exe", L"ombrel.rc", L"a.obl", L"c.obl", L"c\\face.bmp"})
+            expected[base + kept] = files.Contents(base + kept);
+        expected[L"C:\\VMR\\c\\"];
+    }
+    MemoryFileSystem::Tree expected; // once a and b are gone, but for a.obl
+};
+
+TEST_P(MaintenanceFaults, UninstallTouchesOnlyWhatWasSelected) {
+    ForEachOperation<ThreeCharacters>(
+        [](ThreeCharacters& scene) { Uninstall(scene.model, scene.state, scene.platform); },
+        [](ThreeCharacters& scene, const std::wstring& failed) {
+            const bool atDefinitionFile = StartsWith(failed, L"Delete ");
+            if (atDefinitionFile)
+                scene.expected[L"C:\\VMR\\b.obl"] = "definition";
+            EXPECT_EQ(scene.files.Snapshot(L"C:\\VMR"), scene.expected);
+            EXPECT_EQ(scene.messages.shown.size(), atDefinitionFile ? 1U : 2U);
+        });
+}
+
+struct NewHostProgram : OneCharacter {
+    NewHostProgram() {
+        files.AddFile(L"C:\\Browsed\\ombrel.exe", "new");
+        model.buttons[3] = true;
+        before = files.Snapshot();
+    }
+};
+
+TEST_P(MaintenanceFaults, UpdateOfTheHostProgramLeavesItOrReplacesIt) {
+    ForEachOperation<NewHostProgram>(
+        [](NewHostProgram& scene) { UpdateHostProgram(scene.model, scene.platform); },
+        [](NewHostProgram& scene, const std::wstring& failed) {
+            EXPECT_EQ(scene.files.Snapshot(), scene.before);
+            EXPECT_TRUE(scene.model.buttons[3]);
+            EXPECT_EQ(scene.messages.shown.size(), StartsWith(failed, L"Copy ") ? 1U : 0U);
+        });
+}
+
+struct DeliveredUpdate : MaintenanceScene {
+    DeliveredUpdate() {
+        files.AddFile(L"C:\\VMR\\abc\\dat\\obl\\abc.obl", "new");
+        ShowSelected(L"abc");
+        model.definitionUpdateReady = model.buttons[4] = true;
+        before = files.Snapshot();
+    }
+    MemoryFileSystem::Tree before;
+};
+
+TEST_P(MaintenanceFaults, UpdateOfADefinitionFileLeavesItOrReplacesIt) {
+    ForEachOperation<DeliveredUpdate>(
+        [](DeliveredUpdate& scene) { UpdateDefinitionFile(scene.model, scene.platform); },
+        [](DeliveredUpdate& scene, const std::wstring& failed) {
+            const bool copied = StartsWith(failed, L"SetCurrentFolder ");
+            if (copied)
+                scene.before[L"C:\\VMR\\abc.obl"] = "new";
+            EXPECT_EQ(scene.files.Snapshot(), scene.before);
+            EXPECT_EQ(scene.model.buttons[4], !copied);
+        });
+}
+
+struct ThreeOrphans : MaintenanceScene {
+    ThreeOrphans() {
+        for (const wchar_t* orphan : {L"x.obl", L"y.obl", L"z.obl"})
+            files.AddFile(base + orphan);
+        AddCharacter(L"abc");
+        Show();
+        before = files.Snapshot();
+    }
+    FolderCheck check{platform};
+    MemoryFileSystem::Tree before;
+};
+
+TEST_P(MaintenanceFaults, CheckNeverChangesTheDisk) {
+    ForEachOperation<ThreeOrphans>([](ThreeOrphans& scene) { scene.check.RunCheck(scene.model); },
+                                   [](ThreeOrphans& scene, const std::wstring&) {
+                                       EXPECT_EQ(scene.files.Snapshot(), scene.before);
+                                   });
+}
+
+TEST_P(MaintenanceFaults, DeletionOfOrphansKeepsTheOneThatFailedAndThoseBehindIt) {
+    struct Scene : ThreeOrphans {
+        Scene() {
+            check.RunCheck(model);
+            files.ForgetOperations();
+        }
+    };
+    ForEachOperation<Scene>(
+        [](Scene& scene) { scene.check.DeleteDefinitionFiles(); },
+        [](Scene& scene, const std::wstring&) {
+            const size_t deleted = scene.files.OperationCount() - 1;
+            for (size_t index = 0; index < deleted; ++index)
+                scene.before.erase(scene.base + scene.check.definitionFiles[index]);
+            EXPECT_EQ(scene.files.Snapshot(), scene.before);
+            EXPECT_THAT(scene.check.definitionFiles.Entries(),
+                        ElementsAre(L"x.obl", L"y.obl", L"z.obl"));
+        });
+}
+
+TEST(FullDisk, LaunchKeepsTheFormerStartUpFileAside) {
+    OneCharacter scene;
+    scene.files.SetCapacity(L"C:", 0);
+    EXPECT_EQ(ErrorOf([&] { LaunchCharacter(scene.model, scene.platform); }),
+              ErrorNumber::DiskFull);
+    ExpectFormerStartUpFile(scene);
+    EXPECT_THAT(scene.starter.started, IsEmpty());
+}
+
+TEST(FullDisk, UpdateSaysNothingOfCompletion) {
+    NewHostProgram scene;
+    scene.files.SetCapacity(L"C:", 0);
+    EXPECT_EQ(ErrorOf([&] { UpdateHostProgram(scene.model, scene.platform); }),
+              ErrorNumber::DiskFull);
+    EXPECT_EQ(scene.messages.shown.size(), 1U);
+    EXPECT_EQ(scene.files.Contents(L"C:\\Browsed\\ombrel.exe"), "new");
+}
+
+TEST(UninstallFaults, ListIsEmptyWhenItCannotBeReadAnew) {
+    ThreeCharacters scene;
+    scene.messages.onShow = [&](const MessageBoxesFake::Box& box) {
+        if (box.kind == MessageBoxesFake::Kind::Inform)
+            scene.files.DeleteTree(L"C:\\VMR");
+    };
+    EXPECT_EQ(ErrorOf([&] { Uninstall(scene.model, scene.state, scene.platform); }),
+              ErrorNumber::PathNotFound);
+    EXPECT_TRUE(scene.model.installed.names.Empty());
+    EXPECT_FALSE(scene.model.buttons[5]);
+    EXPECT_FALSE(scene.model.buttons[7]);
+}
+
+} // namespace
+} // namespace tamblin
