@@ -50,11 +50,11 @@ NextWindow HostSearch::SearchAllDrives() {
             if (!state.SearchRunning)
                 break;
         }
+        platform.files.SetCurrentFolder(platform.programFolder);
     } catch (const RunTimeError& error) {
         Report(error);
         return NextWindow::Stay;
     }
-    platform.files.SetCurrentFolder(platform.programFolder);
     return Settle();
 }
 
