@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+
+#include "platform/lzh/extractor.h"
+#include "support/lzh_code_pages_here.h"
+#include "support/lzh_memory_source.h"
+#include "support/lzh_target_fake.h"
+#include "support/lzh_writer.h"
+
+namespace tamblin::lzh {
+namespace {
+
+const std::string packingMethods[] = {"-lh0-", "-lh1-", "-lh4-", "-lh5-", "-lh6-",
+                                      "-lh7-", "-lhx-", "-lz4-", "-lz5-", "-lzs-"};
+
+std::string RandomBytes(std::size_t size, unsigned seed) {
+    std::mt19937 random(seed);
+    std::string bytes(size, '\0');
+    for (char& byte : bytes)
+        byte = static_cast<char>(random() & 0xFF);
+    return bytes;
+}
+
+// Words out of a small vocabulary, with repetitions near and far.
+std::string RandomText(std::size_t size, unsigned seed) {
+    std::mt19937 random(seed);
+    std::string text;
+    while (text.size() < size) {
+        if (random() % 8 == 0 && text.size() > 100) {
+            const std::size_t from = random() % (text.size() - 50);
+            text += text.substr(from, 3 + random() % 300);
+        } else {
+            text += std::string(1 + random() % 9, static_cast<char>('a' + random() % 26)) + ' ';
+        }
+    }
+    text.resize(size);
+    return text;
+}
+
+// Every symbol's frequency is twice the one before: codes become as long as they can.
+std::string SkewedBytes(std::size_t size, unsigned seed) {
+    std::mt19937 random(seed);
+    std::string bytes(size, '\0');
+    for (char& byte : bytes) {
+        unsigned value = 0;
+        while (value < 255 && random() % 2 == 0)
+            ++value;
+        byte = static_cast<char>(value);
+    }
+    return bytes;
+}
+
+class RoundTrip : public testing::TestWithParam<std::string> {
+  protected:
+    void Try(const std::string& bytes, EncoderOptions options = {}) {
+        for (unsigned level = 0; level <= 3; ++level) {
+            LzhEntry entry = MakeEntry(L"file.bin", bytes, GetParam(), level);
+            entry.encoder = options;
+            MemorySource source(LzhWriter().Add(entry).Finish());
+            TargetFake target;
+            CodePagesHere codePages;
+            const ExtractionResult result = Extractor(source, target, codePages).Run();
+            ASSERT_EQ(result.failure, LzhFailure::None) << "level " << level;
+            ASSERT_TRUE(target.files[L"file.bin"].bytes == bytes)
+                << "level " << level << ", " << bytes.size() << " bytes";
+            if (bytes.size() > 10000)
+                return;
+        }
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(AllMethods, RoundTrip, testing::ValuesIn(packingMethods),
+                         [](const auto& test) { return test.param.substr(1, 3); });
+
+TEST_P(RoundTrip, KeepsAnEmptyFile) {
+    Try("");
+}
+
+TEST_P(RoundTrip, KeepsOneByte) {
+    Try("x");
+    Try(std::string(1, '\0'));
+    Try("\xFF");
+}
+
+TEST_P(RoundTrip, KeepsSmallFiles) {
+    for (unsigned size = 2; size < 40; ++size) {
+        Try(RandomBytes(size, size));
+        Try(RandomText(size, size));
+        Try(std::string(size, ' '));
+    }
+}
+
+TEST_P(RoundTrip, KeepsFilesAroundTheSizesOfWindowsAndBuffers) {
+    for (const std::size_t size : {4096u, 8192u, 32768u, 65536u}) {
+        for (const int off : {-1, 0, 1}) {
+            Try(RandomText(size + static_cast<std::size_t>(off), 7));
+            Try(RandomBytes(size + static_cast<std::size_t>(off), 8));
+        }
+    }
+}
+
+TEST_P(RoundTrip, KeepsRepetitionsOfEveryPeriod) {
+    for (std::size_t period = 1; period <= 40; ++period) {
+        std::string bytes;
+        while (bytes.size() < 3000)
+            bytes += RandomBytes(period, static_cast<unsigned>(period));
+        Try(bytes);
+    }
+}
+
+TEST_P(RoundTrip, KeepsSeveralMegabytes) {
+    Try(RandomText(1'500'001, 1) + RandomBytes(200'000, 2) + std::string(1'000'000, 'z'));
+}
+
+TEST_P(RoundTrip, KeepsVeryUnevenBytes) {
+    Try(SkewedBytes(300'000, 5));
+}
+
+TEST_P(RoundTrip, KeepsDataPackedInSmallAndLargeBlocks) {
+    for (const std::size_t blockSize : {1u, 2u, 5u, 6u, 7u, 100u, 6000u, 65535u, 65536u})
+        Try(RandomText(9000, 3) + RandomBytes(900, 3), {blockSize, true, true});
+    Try(RandomText(400'000, 4), {65536, false, false});
+}
+
+} // namespace
+} // namespace tamblin::lzh
