@@ -1,5 +1,7 @@
 #include "setup/choice_window.h"
 
+#include "ui/overlay_layout.h"
+
 namespace tamblin {
 
 Form5::Form5(Application& owner, SettingsState& settings, HandOver& windows)
@@ -25,8 +27,15 @@ Form5::Form5(Application& owner, SettingsState& settings, HandOver& windows)
 std::unique_ptr<LayoutItem> Form5::MakeLayout() {
     auto leave = Row();
     leave->Gap(0, 1).Add(command1);
+    auto firstStage = Column();
+    firstStage->Add(list1, 1);
+    auto secondStage = Column();
+    secondStage->Add(combo1).Gap(0, 1);
+    auto stages = std::make_unique<OverlayLayout>();
+    stages->Add(std::move(firstStage)).Add(std::move(secondStage));
     auto whole = Column();
-    whole->Margin(8, 8).Add(label1).Gap(5).Add(list1, 1).Add(combo1).Gap(7).Add(std::move(leave));
+    whole->Margin(8, 8).Add(label1).Gap(5).Add(std::move(stages), 1).Gap(7);
+    whole->Add(std::move(leave));
     return whole;
 }
 

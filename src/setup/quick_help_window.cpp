@@ -123,6 +123,12 @@ void Form9::Highlight(const Control* control) {
     label9Link.SetHighlighted(&label9Link == control);
 }
 
+// The window comes up in its place.
+void Form9::Arranged() {
+    if (!IsWindowVisible(Handle()))
+        Dock();
+}
+
 // The box is ticked to switch the mode off.
 void Form9::RemoraClicked() {
     if (check1.IsTicked())

@@ -26,6 +26,7 @@ class Form9 : public Form {
 
     void Load() override;
     void Tick() override { Dock(); }
+    void Arranged() override;
     void PointerOver(Control* control) override;
     void EscapePressed() override { Close(); }
 
@@ -53,7 +54,8 @@ class Form9 : public Form {
     Label label8Second{*this, 8, LimitationLines()[1], 1};
     Label label9Program{*this, 9, AboutLines()[0]};
     Label label9Origin{*this, 9, AboutLines()[1], 1};
-    LinkLabel label9Link{*this, 9, SupportLinkIndex, AboutLines()[SupportLinkIndex]};
+    LinkLabel label9Link{*this, 9, SupportLinkIndex, AboutLines()[SupportLinkIndex],
+                         LinkLabel::Look::Underlined};
     CheckBox check1{*this, 1, RemoraCaption};
     Button command1{*this, 1, L"閉じる"};
 };

@@ -323,8 +323,18 @@ void Form::DensityChanged(unsigned newDpi, const RECT& suggested) {
     InvalidateRect(handle, nullptr, TRUE);
 }
 
+// Room for the layout and for the title, with its icon and boxes beside it.
 Size Form::MinimumSize() const {
-    return layout ? layout->Minimum(*measure) : Size{};
+    if (!layout)
+        return {};
+    Size least = layout->Minimum(*measure);
+    if (GetWindowLongW(handle, GWL_STYLE) & WS_DLGFRAME) {
+        std::wstring title(static_cast<size_t>(GetWindowTextLengthW(handle)) + 1, L'\0');
+        GetWindowTextW(handle, title.data(), static_cast<int>(title.size()));
+        title.pop_back();
+        least.width = std::max(least.width, measure->Width(title) + measure->Across(70));
+    }
+    return least;
 }
 
 RECT Form::FrameAround(Size clientSize) const {

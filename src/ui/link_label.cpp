@@ -4,9 +4,11 @@
 
 namespace tamblin {
 
-LinkLabel::LinkLabel(Form& owner, int number, int index, const std::wstring& caption)
+LinkLabel::LinkLabel(Form& owner, int number, int index, const std::wstring& caption,
+                     Look usualLook)
     : Control(owner, {ControlKind::Label, number, index}, WC_BUTTONW, caption,
-              BS_OWNERDRAW | WS_TABSTOP) {
+              BS_OWNERDRAW | WS_TABSTOP),
+      look(usualLook) {
     LinkLabel::SetFont(form.Measure());
 }
 
@@ -29,11 +31,14 @@ Size LinkLabel::NaturalSize(const TextMeasure& measure) const {
 
 void LinkLabel::SetFont(const TextMeasure& measure) {
     Control::SetFont(measure);
-    LOGFONTW bold{};
-    GetObjectW(measure.Font(), sizeof bold, &bold);
-    bold.lfWeight = FW_BOLD;
+    LOGFONTW logical{};
+    GetObjectW(measure.Font(), sizeof logical, &logical);
+    logical.lfUnderline = look == Look::Underlined;
+    DeleteObject(usualFont);
+    usualFont = CreateFontIndirectW(&logical);
+    logical.lfWeight = FW_BOLD;
     DeleteObject(boldFont);
-    boldFont = CreateFontIndirectW(&bold);
+    boldFont = CreateFontIndirectW(&logical);
 }
 
 void LinkLabel::Notified(UINT code) {
@@ -50,9 +55,9 @@ void LinkLabel::Draw(const DRAWITEMSTRUCT& drawing) {
     const bool focused = (drawing.itemState & ODS_FOCUS) != 0;
     const bool lit = highlighted || focused;
     form.PaintBehind(drawing.hDC, Handle(), drawing.rcItem);
-    const HGDIOBJ former = SelectObject(drawing.hDC, lit ? boldFont : form.Measure().Font());
+    const HGDIOBJ former = SelectObject(drawing.hDC, lit ? boldFont : usualFont);
     SetBkMode(drawing.hDC, TRANSPARENT);
-    SetTextColor(drawing.hDC, GetSysColor(lit ? COLOR_HOTLIGHT : COLOR_BTNTEXT));
+    SetTextColor(drawing.hDC, GetSysColor(COLOR_BTNTEXT));
     RECT area = drawing.rcItem;
     InflateRect(&area, -1, 0);
     DrawTextW(drawing.hDC, Text().c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);

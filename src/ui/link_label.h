@@ -1,4 +1,4 @@
-// A text that the user clicks: it lights up under the pointer and with the keyboard's focus.
+// A text that the user clicks: it turns bold under the pointer and with the keyboard's focus.
 #pragma once
 
 #include "ui/control.h"
@@ -7,7 +7,9 @@ namespace tamblin {
 
 class LinkLabel : public Control {
   public:
-    LinkLabel(Form& owner, int number, int index, const std::wstring& caption);
+    enum class Look { Plain, Underlined };
+    LinkLabel(Form& owner, int number, int index, const std::wstring& caption,
+              Look usualLook = Look::Plain);
     ~LinkLabel() override;
 
     std::function<void()> onClick;
@@ -22,6 +24,8 @@ class LinkLabel : public Control {
     bool TakeReturn() override;
 
   private:
+    Look look;
+    HFONT usualFont = nullptr;
     HFONT boldFont = nullptr;
     bool highlighted = false;
 };
