@@ -37,17 +37,15 @@ class CopyingVisitor : public StagingVisitor {
     }
 
   private:
-    // Both are on one drive, so nothing needs to be copied unless a file has to be replaced.
+    // Both are on one drive, so nothing needs to be copied unless a file has to be replaced or the
+    // host folder is a link to another drive.
     void Move(const std::wstring& staged, const std::wstring& target) {
         try {
             platform.files.Rename(staged, target);
-            return;
-        } catch (const RunTimeError& error) {
-            if (error.Number() != ErrorNumber::FileAlreadyExists)
-                throw;
+        } catch (const RunTimeError&) {
+            platform.files.Copy(staged, target);
+            DeleteStagedFile(staged, platform.files);
         }
-        platform.files.Copy(staged, target);
-        DeleteStagedFile(staged, platform.files);
     }
 
     std::wstring stagingFolder;
