@@ -1,0 +1,210 @@
+// Moving the staged tree into the host folder.
+#include "install/copy_staged_tree.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class CopyStagedTreeTest : public testing::Test {
+  protected:
+    CopyStagedTreeTest() {
+        AddHost(files, L"C:\\Host");
+        files.AddFolder(L"C:\\TAMTMP");
+    }
+    void Stage(const std::wstring& path, std::string_view bytes = "staged",
+               FileAttributes attributes = {.archive = true}) {
+        files.AddFile(L"C:\\TAMTMP\\" + path, bytes, attributes);
+    }
+    void Copy(const std::wstring& host = L"C:\\Host") {
+        CopyStagedTree(host, state, fake.platform);
+    }
+    std::string InHost(const std::wstring& path) const {
+        return files.Contents(L"C:\\Host\\" + path);
+    }
+
+    PlatformFake fake;
+    MemoryFileSystem& files = fake.files;
+    SettingsState state;
+};
+
+TEST_F(CopyStagedTreeTest, RecreatesTheTreeAndLeavesNoStagingFolder) {
+    Stage(L"mio.obl", "1");
+    Stage(L"mio\\face.bmp", "2");
+    Stage(L"mio\\dat\\obl\\mio.obl", "3");
+    files.AddFolder(L"C:\\TAMTMP\\mio\\empty");
+    Copy();
+    EXPECT_EQ(InHost(L"mio.obl"), "1");
+    EXPECT_EQ(InHost(L"mio\\face.bmp"), "2");
+    EXPECT_EQ(InHost(L"mio\\dat\\obl\\mio.obl"), "3");
+    EXPECT_TRUE(files.Exists(L"C:\\Host\\mio\\empty"));
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+    EXPECT_EQ(InHost(L"ombrel.exe"), "host");
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
+}
+
+TEST_F(CopyStagedTreeTest, HostFolderMayBeADriveRootOrEndInABackslash) {
+    Stage(L"mio\\a");
+    Copy(L"C:\\Host\\");
+    EXPECT_EQ(InHost(L"mio\\a"), "staged");
+    Stage(L"mio\\a");
+    Stage(L"mio.obl");
+    Copy(L"C:\\");
+    EXPECT_TRUE(files.Exists(L"C:\\mio\\a"));
+    EXPECT_TRUE(files.Exists(L"C:\\mio.obl"));
+}
+
+TEST_F(CopyStagedTreeTest, OnlyDefinitionFilesLeaveTheStagingRoot) {
+    for (const wchar_t* name : {L"a.obl", L"B.OBL", L"readme.txt", L"KVA.DEF", L"c.obl.bak"})
+        Stage(name);
+    state.KvaOption = L"ON";
+    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
+    Copy();
+    EXPECT_TRUE(files.Exists(L"C:\\Host\\a.obl"));
+    EXPECT_TRUE(files.Exists(L"C:\\Host\\B.OBL"));
+    for (const wchar_t* name : {L"readme.txt", L"c.obl.bak"})
+        EXPECT_FALSE(files.Exists(std::wstring(L"C:\\Host\\") + name));
+    EXPECT_EQ(InHost(L"kva.def"), "a,b,1\r\n");
+    EXPECT_FALSE(files.Exists(L"C:\\Host\\kva.tmp"));
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+}
+
+TEST_F(CopyStagedTreeTest, ExistingFilesAreOverwrittenWithoutAsking) {
+    files.AddFile(L"C:\\Host\\MIO.OBL", "old");
+    Stage(L"mio.obl", "new");
+    Copy();
+    EXPECT_EQ(InHost(L"mio.obl"), "new");
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
+TEST_F(CopyStagedTreeTest, ReadOnlyStagedFilesMoveAndReplaceToo) {
+    files.AddFile(L"C:\\Host\\mio.obl", "old");
+    Stage(L"mio.obl", "new", {.readOnly = true});
+    Stage(L"mio\\a", "new", {.readOnly = true});
+    Copy();
+    EXPECT_EQ(InHost(L"mio.obl"), "new");
+    EXPECT_TRUE(files.AttributesOf(L"C:\\Host\\mio\\a").readOnly);
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+}
+
+TEST_F(CopyStagedTreeTest, ExistingFolderEndsTheCopy) {
+    files.AddFile(L"C:\\Host\\mio\\mine", "mine");
+    Stage(L"mio\\a");
+    Stage(L"mio.obl");
+    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(InHost(L"mio\\mine"), "mine");
+    EXPECT_FALSE(files.Exists(L"C:\\Host\\mio\\a"));
+    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\mio\\a"));
+}
+
+TEST_F(CopyStagedTreeTest, FileInUseInTheHostEndsTheCopy) {
+    files.AddFile(L"C:\\Host\\mio.obl", "old");
+    files.Lock(L"C:\\Host\\mio.obl");
+    Stage(L"mio.obl", "new");
+    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(InHost(L"mio.obl"), "old");
+    EXPECT_EQ(files.Contents(L"C:\\TAMTMP\\mio.obl"), "new");
+}
+
+TEST_F(CopyStagedTreeTest, HiddenStagedFileEndsTheCopyWhereItLies) {
+    Stage(L"mio\\a");
+    Stage(L"mio\\hidden", "", {.hidden = true});
+    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(InHost(L"mio\\a"), "staged");
+    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\mio\\hidden"));
+}
+
+// The host folder's path starts on one drive and ends on another.
+TEST_F(CopyStagedTreeTest, HostFolderThatIsALinkToAnotherDriveIsFilled) {
+    files.AddDrive(L"D:");
+    AddHost(files, L"D:\\Vimora");
+    files.AddLink(L"C:\\Linked", L"D:\\Vimora");
+    Stage(L"mio.obl", "1");
+    Stage(L"mio\\a", "2");
+    Copy(L"C:\\Linked");
+    EXPECT_EQ(files.Contents(L"D:\\Vimora\\mio.obl"), "1");
+    EXPECT_EQ(files.Contents(L"D:\\Vimora\\mio\\a"), "2");
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+}
+
+// --- Notes and launcher definitions -------------------------------------------------------------
+
+TEST_F(CopyStagedTreeTest, NotesAreShownOnceTheyAreCopied) {
+    for (const wchar_t* path : {L"mio\\Read-x.txt", L"mio\\dat\\MIO-X.TXT", L"mio\\mio.txt",
+                                L"mio\\-X.txt.bak", L"mio\\x.txt"})
+        Stage(path);
+    Copy();
+    EXPECT_THAT(fake.starter.shown,
+                ElementsAre(L"C:\\Host\\mio\\dat\\MIO-X.TXT", L"C:\\Host\\mio\\Read-x.txt"));
+    EXPECT_THAT(fake.starter.started, IsEmpty());
+    EXPECT_TRUE(files.Exists(L"C:\\Host\\mio\\Read-x.txt"));
+}
+
+struct KavaletCase {
+    const char* name;
+    const wchar_t* option;
+    const wchar_t* file;
+    bool merged;
+};
+
+class KavaletOptionTest : public CopyStagedTreeTest,
+                          public testing::WithParamInterface<KavaletCase> {};
+
+TEST_P(KavaletOptionTest, DecidesWhetherThePackagesEntriesAreMerged) {
+    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
+    state.KvaOption = GetParam().option;
+    Stage(GetParam().file, "a,b,2\r\n");
+    Copy();
+    EXPECT_EQ(InHost(GetParam().file), "a,b,2\r\n");
+    EXPECT_EQ(InHost(L"kva.def"), GetParam().merged ? "a,b,2\r\n" : "a,b,1\r\n");
+    EXPECT_EQ(files.Exists(L"C:\\Host\\kva.tmp"), GetParam().merged);
+}
+
+INSTANTIATE_TEST_SUITE_P(Options, KavaletOptionTest,
+                         testing::Values(KavaletCase{"On", L"ON", L"mio\\KVA.DEF", true},
+                                         KavaletCase{"OnAnyCase", L"ON", L"mio\\kva.Def", true},
+                                         KavaletCase{"OnDeeper", L"ON", L"mio\\d\\KVA.DEF", true},
+                                         KavaletCase{"OnOtherFile", L"ON", L"mio\\xKVA.DEF", false},
+                                         KavaletCase{"Off", L"OFF", L"mio\\KVA.DEF", false},
+                                         KavaletCase{"Unset", L"", L"mio\\KVA.DEF", false}),
+                         CaseName);
+
+TEST_F(CopyStagedTreeTest, HostWithoutDefinitionsGetsNone) {
+    state.KvaOption = L"ON";
+    Stage(L"mio\\KVA.DEF", "a,b,2\r\n");
+    Copy();
+    EXPECT_FALSE(files.Exists(L"C:\\Host\\kva.def"));
+    EXPECT_TRUE(files.Exists(L"C:\\Host\\mio\\KVA.DEF"));
+}
+
+TEST_F(CopyStagedTreeTest, PackagesMergeOneAfterTheOther) {
+    state.KvaOption = L"ON";
+    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\nc,d,1\r\n");
+    Stage(L"one\\KVA.DEF", "a,b,2\r\n");
+    Stage(L"two\\kva.def", "c,d,2\r\n");
+    Copy();
+    EXPECT_EQ(InHost(L"kva.def"), "a,b,2\r\nc,d,2\r\n");
+    EXPECT_EQ(InHost(L"kva.tmp"), "a,b,2\r\nc,d,1\r\n");
+    EXPECT_EQ(files.Snapshot(L"C:\\Host").count(L"C:\\Host\\kva.def"), 1U);
+}
+
+// --- Growth -------------------------------------------------------------------------------------
+
+TEST_F(CopyStagedTreeTest, NeedsAFixedNumberOfOperationsPerFile) {
+    for (int file = 0; file < 1'000; ++file)
+        Stage(L"mio\\dat\\" + std::to_wstring(file));
+    files.ForgetOperations();
+    Copy();
+    EXPECT_EQ(files.CountLogged(L"List "), 3U);
+    EXPECT_LE(files.OperationCount(), 1'030U);
+}
+
+} // namespace
+} // namespace tamblin

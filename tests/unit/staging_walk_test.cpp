@@ -1,0 +1,164 @@
+// The order in which the staging folder is emptied, and what makes it stop.
+#include "install/staging_walk.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+
+constexpr wchar_t Staging[] = L"C:\\TAMTMP\\";
+
+// Deletes what it is given and remembers it.
+class RecordingVisitor : public StagingVisitor {
+  public:
+    explicit RecordingVisitor(MemoryFileSystem& memoryFiles) : files(memoryFiles) {}
+
+    std::vector<std::wstring> visits;
+
+    void EnterFolder(const std::wstring& folder) override { visits.push_back(L"> " + folder); }
+    void TakeFile(const std::wstring& folder, const std::wstring& name) override {
+        visits.push_back(folder + name);
+        files.DeleteTree(Staging + folder + name);
+    }
+
+  private:
+    MemoryFileSystem& files;
+};
+
+class StagingWalkTest : public testing::Test {
+  protected:
+    StagingWalkTest() { files.AddFolder(Staging); }
+    void Add(const std::wstring& path, FileAttributes attributes = {.archive = true}) {
+        files.AddFile(Staging + path, "", attributes);
+    }
+    void Walk() { WalkStagingFolder(Staging, visitor, files); }
+
+    PlatformFake fake;
+    MemoryFileSystem& files = fake.files;
+    RecordingVisitor visitor{files};
+};
+
+TEST_F(StagingWalkTest, EmptyFolderGoes) {
+    Walk();
+    EXPECT_FALSE(files.Exists(Staging));
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\");
+}
+
+TEST_F(StagingWalkTest, DeepestFoldersComeFirstAndRootFilesLast) {
+    for (const wchar_t* path :
+         {L"b.obl", L"a.obl", L"b\\2", L"b\\1", L"b\\d\\e\\3", L"b\\c\\4", L"A\\5"})
+        Add(path);
+    Walk();
+    EXPECT_THAT(visitor.visits,
+                ElementsAre(L"> A\\", L"A\\5", L"> b\\", L"> b\\c\\", L"b\\c\\4", L"> b\\d\\",
+                            L"> b\\d\\e\\", L"b\\d\\e\\3", L"b\\1", L"b\\2", L"a.obl", L"b.obl"));
+    EXPECT_FALSE(files.Exists(Staging));
+}
+
+TEST_F(StagingWalkTest, CurrentFolderMovesAlong) {
+    Add(L"a\\b\\1");
+    files.ForgetOperations();
+    Walk();
+    std::vector<std::wstring> moves;
+    for (const std::wstring& line : files.Log())
+        if (StartsWith(line, L"SetCurrentFolder ") || StartsWith(line, L"RemoveFolder "))
+            moves.push_back(line);
+    EXPECT_THAT(moves,
+                ElementsAre(L"SetCurrentFolder C:\\TAMTMP", L"SetCurrentFolder C:\\TAMTMP\\a",
+                            L"SetCurrentFolder C:\\TAMTMP\\a\\b", L"SetCurrentFolder C:\\TAMTMP\\a",
+                            L"RemoveFolder C:\\TAMTMP\\a\\b", L"SetCurrentFolder C:\\TAMTMP",
+                            L"RemoveFolder C:\\TAMTMP\\a", L"SetCurrentFolder C:\\",
+                            L"RemoveFolder C:\\TAMTMP"));
+}
+
+TEST_F(StagingWalkTest, ReadOnlyFilesAreGivenToo) {
+    Add(L"a", {.readOnly = true});
+    Add(L"b", {.readOnly = true, .archive = true});
+    Walk();
+    EXPECT_THAT(visitor.visits, ElementsAre(L"a", L"b"));
+}
+
+struct AttributeCase {
+    const char* name;
+    FileAttributes attributes;
+};
+
+class PassedOverTest : public StagingWalkTest, public testing::WithParamInterface<AttributeCase> {};
+
+TEST_P(PassedOverTest, FolderWithMoreAttributesSurvivesWithItsParents) {
+    Add(L"a\\x\\inside");
+    Add(L"a\\beside");
+    Add(L"root");
+    files.AddFolder(L"C:\\TAMTMP\\a\\x", GetParam().attributes);
+    EXPECT_EQ(ErrorOf([&] { Walk(); }), ErrorNumber::PathFileAccess);
+    EXPECT_THAT(visitor.visits, ElementsAre(L"> a\\", L"a\\beside"));
+    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\a\\x\\inside"));
+    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\root"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Attributes, PassedOverTest,
+                         testing::Values(AttributeCase{"ReadOnly", {.readOnly = true}},
+                                         AttributeCase{"Hidden", {.hidden = true}},
+                                         AttributeCase{"System", {.system = true}},
+                                         AttributeCase{"Archive", {.archive = true}}),
+                         CaseName);
+
+TEST_F(StagingWalkTest, HiddenAndSystemFilesStay) {
+    for (const FileAttributes attributes :
+         {FileAttributes{.hidden = true}, FileAttributes{.system = true}}) {
+        Add(L"a\\kept", attributes);
+        EXPECT_EQ(ErrorOf([&] { Walk(); }), ErrorNumber::PathFileAccess);
+        EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\a\\kept"));
+    }
+}
+
+TEST_F(StagingWalkTest, LinksAreNotFollowed) {
+    files.AddFile(L"C:\\Mine\\precious");
+    files.AddLink(L"C:\\TAMTMP\\link", L"C:\\Mine");
+    EXPECT_TRUE(ErrorOf([&] { Walk(); }));
+    EXPECT_TRUE(files.Exists(L"C:\\Mine\\precious"));
+}
+
+TEST_F(StagingWalkTest, ListsEveryFolderOnce) {
+    for (int file = 0; file < 500; ++file)
+        Add(L"a\\b\\" + std::to_wstring(file));
+    files.ForgetOperations();
+    Walk();
+    EXPECT_EQ(files.CountLogged(L"List "), 3U);
+}
+
+TEST_F(StagingWalkTest, ManyLevelsAreNoTrouble) {
+    std::wstring path;
+    for (int level = 0; level < 500; ++level)
+        path += L"d\\";
+    Add(path + L"x");
+    Walk();
+    EXPECT_FALSE(files.Exists(Staging));
+}
+
+TEST(DeleteStagedFile, DeletesReadOnlyFiles) {
+    PlatformFake fake;
+    fake.files.AddFile(L"C:\\a", "", {.readOnly = true});
+    fake.files.AddFile(L"C:\\b");
+    DeleteStagedFile(L"C:\\a", fake.files);
+    DeleteStagedFile(L"C:\\b", fake.files);
+    EXPECT_FALSE(fake.files.Exists(L"C:\\a"));
+    EXPECT_FALSE(fake.files.Exists(L"C:\\b"));
+}
+
+TEST(DeleteStagedFile, FailsForFilesInUse) {
+    PlatformFake fake;
+    fake.files.AddFile(L"C:\\a");
+    fake.files.Lock(L"C:\\a");
+    EXPECT_EQ(ErrorOf([&] { DeleteStagedFile(L"C:\\a", fake.files); }),
+              ErrorNumber::PermissionDenied);
+}
+
+} // namespace
+} // namespace tamblin
