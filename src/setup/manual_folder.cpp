@@ -61,8 +61,10 @@ NextWindow ManualFolder::OkPressed(const std::wstring& folder) {
     const Registration registration = RegisterHostFolder(state, folder, platform);
     if (registration.hostMissing || state.HostFolderCount == 0)
         return NextWindow::Stay;
-    if (state.EditMode)
+    if (state.EditMode) {
+        state.ChangedSlot = state.EditIndex;
         return BackToManagement();
+    }
     if (state.WizardFromManagement)
         return NextWindow::FolderManagement;
     if (state.HostFolderCount != 1)
@@ -88,7 +90,6 @@ NextWindow ManualFolder::BackPressed() {
 
 NextWindow ManualFolder::BackToManagement() {
     state.EditMode = false;
-    state.ChangedSlot = state.EditIndex;
     return NextWindow::FolderManagement;
 }
 
