@@ -1,0 +1,282 @@
+// Reviewing the registered host folders, the default and the permission.
+#include "settings/folder_management.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Folders by one letter each; opened from the main window unless a test says otherwise.
+struct ManagementScene {
+    explicit ManagementScene(const std::wstring& folders, const std::wstring& defaultFolder = {}) {
+        for (const wchar_t letter : folders)
+            Register(state, {letter});
+        state.DefaultFolder = defaultFolder;
+        state.OpenedFromMainWindow = true;
+        Open();
+    }
+    void Open() {
+        management.Load();
+        management.Activate();
+    }
+    void Choose(const std::wstring& folder) {
+        Select(management.folders, {folder});
+        management.SelectionChanged();
+    }
+    std::wstring Registered() const {
+        std::wstring letters;
+        for (size_t slot = 1; slot <= static_cast<size_t>(state.HostFolderCount); ++slot)
+            letters += state.HostFolders[slot];
+        return letters;
+    }
+    // Add, change, delete, leave: a letter each for those that can be pressed.
+    std::string Enabled() const {
+        std::string letters;
+        if (management.addEnabled)
+            letters += 'A';
+        if (management.changeEnabled)
+            letters += 'C';
+        if (management.deleteEnabled)
+            letters += 'D';
+        if (management.leaveEnabled)
+            letters += 'L';
+        return letters;
+    }
+
+    SettingsState state;
+    FolderManagement management{state};
+};
+
+// --- Filling --------------------------------------------------------------------------------
+
+TEST(FolderManagement, ListsTheFoldersAndSelectsTheDefault) {
+    ManagementScene scene(L"cab", L"a");
+    EXPECT_THAT(scene.management.folders.Entries(), ElementsAre(L"c", L"a", L"b"));
+    EXPECT_THAT(SelectedEntries(scene.management.folders), ElementsAre(L"a"));
+}
+
+struct EnabledRow {
+    const char* name;
+    const wchar_t* folders;
+    const wchar_t* defaultFolder;
+    const char* enabled;
+};
+
+class EnabledButtonsOf : public testing::TestWithParam<EnabledRow> {};
+
+TEST_P(EnabledButtonsOf, FollowCountAndSelection) {
+    ManagementScene scene(GetParam().folders, GetParam().defaultFolder);
+    EXPECT_EQ(scene.Enabled(), GetParam().enabled);
+}
+
+INSTANTIATE_TEST_SUITE_P(FolderManagement, EnabledButtonsOf,
+                         testing::Values(EnabledRow{"NoFolders", L"", L"", "AL"},
+                                         EnabledRow{"NoFoldersButADefault", L"", L"a", "AL"},
+                                         EnabledRow{"DefaultSelected", L"ab", L"a", "ACDL"},
+                                         EnabledRow{"NothingSelected", L"ab", L"", "A"},
+                                         EnabledRow{"DefaultInOtherCase", L"ab", L"A", "A"},
+                                         EnabledRow{"Nine", L"abcdefghi", L"a", "ACDL"},
+                                         EnabledRow{"Ten", L"abcdefghij", L"a", "CDL"},
+                                         EnabledRow{"TenAndNothingSelected", L"abcdefghij", L"",
+                                                    ""}),
+                         CaseName);
+
+TEST(FolderManagement, SelectingALineAllowsChangingDeletingAndLeaving) {
+    ManagementScene scene(L"ab");
+    scene.Choose(L"b");
+    EXPECT_EQ(scene.Enabled(), "ACDL");
+}
+
+TEST(FolderManagement, ActivationReadsTheFoldersAnew) {
+    ManagementScene scene(L"ab", L"a");
+    Register(scene.state, L"c");
+    scene.state.DefaultFolder = L"c";
+    scene.management.Activate();
+    EXPECT_THAT(scene.management.folders.Entries(), ElementsAre(L"a", L"b", L"c"));
+    EXPECT_THAT(SelectedEntries(scene.management.folders), ElementsAre(L"c"));
+}
+
+TEST(FolderManagement, ChangedFolderIsSelectedOnce) {
+    ManagementScene scene(L"abc", L"a");
+    scene.state.ChangedSlot = 3;
+    scene.management.Activate();
+    EXPECT_THAT(SelectedEntries(scene.management.folders), ElementsAre(L"c"));
+    EXPECT_EQ(scene.Enabled(), "ACDL");
+    scene.management.Activate();
+    EXPECT_THAT(SelectedEntries(scene.management.folders), ElementsAre(L"a"));
+}
+
+// --- Add and change -------------------------------------------------------------------------
+
+TEST(FolderManagement, AddLeadsToTheWizardWhichReturnsHere) {
+    ManagementScene scene(L"a", L"a");
+    EXPECT_EQ(scene.management.AddPressed(), NextWindow::SetUpWizard);
+    EXPECT_TRUE(scene.state.WizardFromManagement);
+    EXPECT_FALSE(scene.state.EditMode);
+}
+
+TEST(FolderManagement, ChangeNamesTheSlotOfTheSelectedLine) {
+    ManagementScene scene(L"abc", L"a");
+    scene.Choose(L"c");
+    EXPECT_EQ(scene.management.ChangePressed(), NextWindow::ManualFolder);
+    EXPECT_TRUE(scene.state.EditMode);
+    EXPECT_EQ(scene.state.EditIndex, 3);
+}
+
+TEST(FolderManagement, ChangeWithoutSelectionStays) {
+    ManagementScene scene(L"ab");
+    EXPECT_EQ(scene.management.ChangePressed(), NextWindow::Stay);
+    EXPECT_FALSE(scene.state.EditMode);
+}
+
+// --- Delete ---------------------------------------------------------------------------------
+
+class Deletions : public testing::TestWithParam<std::pair<const wchar_t*, const wchar_t*>> {};
+
+TEST_P(Deletions, CloseTheGapInOrder) {
+    ManagementScene scene(L"abc", L"a");
+    scene.Choose(GetParam().first);
+    scene.management.DeletePressed();
+    EXPECT_EQ(scene.Registered(), GetParam().second);
+    EXPECT_EQ(scene.management.folders.Size(), 2U);
+    EXPECT_EQ(scene.state.DefaultFolder, L"a");
+}
+
+INSTANTIATE_TEST_SUITE_P(FolderManagement, Deletions,
+                         testing::Values(std::pair{L"a", L"bc"}, std::pair{L"b", L"ac"},
+                                         std::pair{L"c", L"ab"}));
+
+TEST(FolderManagement, SlotsBehindTheLastKeepTheirOldStrings) {
+    ManagementScene scene(L"abc", L"a");
+    scene.management.DeletePressed();
+    EXPECT_EQ(scene.state.HostFolders[3], L"c");
+}
+
+TEST(FolderManagement, LineStillSelectedAfterADeletionIsTheDefault) {
+    ManagementScene scene(L"abc");
+    Select(scene.management.folders, {L"a", L"c"});
+    scene.management.DeletePressed();
+    EXPECT_EQ(scene.Registered(), L"bc");
+    EXPECT_EQ(scene.state.DefaultFolder, L"c");
+}
+
+TEST(FolderManagement, DeletionSelectsTheDefaultAgain) {
+    ManagementScene scene(L"abc", L"a");
+    scene.Choose(L"b");
+    scene.management.DeletePressed();
+    EXPECT_THAT(SelectedEntries(scene.management.folders), ElementsAre(L"a"));
+    EXPECT_EQ(scene.Enabled(), "ACDL");
+}
+
+TEST(FolderManagement, AddIsOfferedAgainAfterADeletionFromTen) {
+    ManagementScene scene(L"abcdefghij", L"a");
+    EXPECT_FALSE(scene.management.addEnabled);
+    scene.Choose(L"j");
+    scene.management.DeletePressed();
+    EXPECT_TRUE(scene.management.addEnabled);
+}
+
+TEST(FolderManagement, LastFolderDeletedLeavesOnlyAddAndLeave) {
+    ManagementScene scene(L"a", L"a");
+    scene.management.DeletePressed();
+    EXPECT_EQ(scene.Enabled(), "AL");
+    EXPECT_EQ(scene.state.HostFolderCount, 0);
+}
+
+TEST(FolderManagement, DeletedDefaultLeavesTheCombosSelectionEmpty) {
+    ManagementScene scene(L"ab", L"a");
+    scene.management.DeletePressed();
+    EXPECT_EQ(scene.state.DefaultFolder, L"a");
+    EXPECT_THAT(SelectedEntries(scene.management.folders), IsEmpty());
+    EXPECT_EQ(scene.Enabled(), "A"); // a line has to be chosen before the window can be left
+    HostFolderCombo combo;
+    FillHostFolderCombo(combo, scene.state);
+    EXPECT_THAT(combo.entries, ElementsAre(L"b"));
+    EXPECT_FALSE(combo.selected.has_value());
+}
+
+TEST(FolderManagement, LastDefaultDeletedKeepsItsPathOnLeaving) {
+    ManagementScene scene(L"a", L"a");
+    scene.management.DeletePressed();
+    EXPECT_EQ(scene.management.LeavePressed(), NextWindow::MainWindow);
+    EXPECT_EQ(scene.state.DefaultFolder, L"a");
+}
+
+TEST(FolderManagement, DeleteWithoutSelectionDeletesNothing) {
+    ManagementScene scene(L"ab");
+    scene.management.DeletePressed();
+    EXPECT_EQ(scene.Registered(), L"ab");
+}
+
+// --- Leaving --------------------------------------------------------------------------------
+
+TEST(FolderManagement, BackAppliesTheChosenDefault) {
+    ManagementScene scene(L"abc", L"a");
+    scene.Choose(L"b");
+    EXPECT_EQ(scene.state.DefaultFolder, L"a");
+    EXPECT_EQ(scene.management.LeaveCaption(), L"戻る");
+    EXPECT_EQ(scene.management.LeavePressed(), NextWindow::MainWindow);
+    EXPECT_EQ(scene.state.DefaultFolder, L"b");
+}
+
+TEST(FolderManagement, BackTakesTheLastOfSeveralSelected) {
+    ManagementScene scene(L"abc");
+    Select(scene.management.folders, {L"a", L"b"});
+    scene.management.LeavePressed();
+    EXPECT_EQ(scene.state.DefaultFolder, L"b");
+}
+
+struct PermissionRow {
+    const char* name;
+    const wchar_t* before;
+    bool shownAllowed;
+};
+
+class Permissions : public testing::TestWithParam<PermissionRow> {};
+
+TEST_P(Permissions, ShowWhatTheSettingsSay) {
+    ManagementScene scene(L"a", L"a");
+    scene.state.KvaOption = GetParam().before;
+    scene.Open();
+    EXPECT_EQ(scene.management.kvaAllowed, GetParam().shownAllowed);
+}
+
+TEST_P(Permissions, AreAppliedOnGoingBack) {
+    ManagementScene scene(L"a", L"a");
+    scene.state.KvaOption = GetParam().before;
+    for (const bool allowed : {true, false}) {
+        scene.Open();
+        scene.management.kvaAllowed = allowed;
+        scene.management.LeavePressed();
+        EXPECT_EQ(scene.state.KvaOption, allowed ? L"ON" : L"OFF");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(FolderManagement, Permissions,
+                         testing::Values(PermissionRow{"On", L"ON", true},
+                                         PermissionRow{"Off", L"OFF", false},
+                                         PermissionRow{"LowerCase", L"on", false},
+                                         PermissionRow{"Unset", L"", false}),
+                         CaseName);
+
+TEST(FolderManagement, BeforeTheMainWindowTheLeaveButtonEndsAndAppliesNothing) {
+    ManagementScene scene(L"ab", L"a");
+    scene.state.OpenedFromMainWindow = false;
+    scene.state.KvaOption = L"OFF";
+    scene.Open();
+    scene.Choose(L"b");
+    scene.management.kvaAllowed = true;
+    EXPECT_EQ(scene.management.LeaveCaption(), L"終了");
+    EXPECT_EQ(scene.management.LeavePressed(), NextWindow::EndProgram);
+    EXPECT_EQ(scene.state.DefaultFolder, L"a");
+    EXPECT_EQ(scene.state.KvaOption, L"OFF");
+}
+
+} // namespace
+} // namespace tamblin
