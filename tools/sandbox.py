@@ -72,7 +72,7 @@ def start(machine, app):
         check=False,
     )
     print(f"The sandbox's drives are {SANDBOX}/drive_c and drive_d. Close the program to end.")
-    app.start().wait()
+    machine.start(app.PROGRAM).wait()
     return 0
 
 

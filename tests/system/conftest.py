@@ -1,8 +1,10 @@
 """Fixtures: for every test a fresh machine, and on it the program with two hosts and packages."""
 
 import itertools
+import os
 import pathlib
 import shutil
+import subprocess
 
 import pytest
 
@@ -30,6 +32,18 @@ def pytest_runtest_makereport(item, call):
             report.sections.append(("Windows", f"cannot be listed: {error}"))
 
 
+@pytest.fixture(scope="session", autouse=True)
+def display():
+    """A screen of our own, also for each of several processes that share the tests."""
+    command = [ROOT / "tools" / "with-display", "sh", "-c", "echo $DISPLAY; cat"]
+    screen = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+    os.environ["DISPLAY"] = screen.stdout.readline().decode().strip()
+    assert os.environ["DISPLAY"], "the screen did not start"
+    yield
+    screen.stdin.close()
+    screen.wait()
+
+
 @pytest.fixture(scope="session")
 def samples(tmp_path_factory):
     folder = tmp_path_factory.mktemp("packages")
@@ -39,7 +53,7 @@ def samples(tmp_path_factory):
 
 @pytest.fixture
 def machine(request):
-    folder = pathlib.Path(ROOT, "build", "machines", f"system-{next(numbers)}")
+    folder = pathlib.Path(ROOT, "build", "machines", f"system-{os.getpid()}-{next(numbers)}")
     if folder.exists():
         shutil.rmtree(folder)
     machine = Machine(folder, drives="d")

@@ -22,6 +22,8 @@ class Operator:
         self.process = machine.start(self.PROGRAM, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.answers = queue.Queue()
         threading.Thread(target=self._listen, daemon=True).start()
+        # A machine's first program starts the machine; a second one at the same time would disturb it.
+        self.ask("processes")
 
     def _listen(self):
         for line in self.process.stdout:

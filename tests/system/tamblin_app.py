@@ -277,7 +277,7 @@ class MessageBox(Window):
 
     def has_icon(self):
         pictures = [c for c in self._controls("static") if c["style"] & 0x1F == 3]
-        return any(c["visible"] for c in pictures)
+        return any(self.app.operator.ask("has-icon", c["window"]) for c in pictures if c["visible"])
 
     def buttons(self):
         """The names of its buttons, in their order."""
@@ -301,6 +301,7 @@ class App:
     """The program on a machine."""
 
     FOLDER = "C:\\Tamblin"
+    PROGRAM = FOLDER + "\\tamblin.exe"
 
     def __init__(self, machine):
         self.machine = machine
@@ -309,7 +310,7 @@ class App:
         self.wizard = Wizard(self)
         self.confirmation = Confirmation(self)
         self.box = MessageBox(self)
-        machine.copy_in(TAMBLIN, self.FOLDER + "\\tamblin.exe")
+        machine.copy_in(TAMBLIN, self.PROGRAM)
 
     @functools.cached_property
     def operator(self):
@@ -325,8 +326,9 @@ class App:
     def has_ini(self):
         return self.machine.path(self.FOLDER + "\\tamb.ini").exists()
 
-    def start(self, folder="C:\\", program_folder=None):
-        return self.machine.start((program_folder or self.FOLDER) + "\\tamblin.exe", folder=folder)
+    def start(self, folder="C:\\"):
+        assert self.operator
+        return self.machine.start(self.PROGRAM, folder=folder)
 
     def start_main(self):
         """Starts and waits until the main window can be used."""

@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 #include "json.h"
+#include "message_operations.h"
 #include "window_operations.h"
 
 namespace {
@@ -43,6 +44,10 @@ HWND Window(const Arguments& arguments) {
 
 int Number(const Arguments& arguments, std::size_t index) {
     return std::stoi(At(arguments, index));
+}
+
+unsigned Unsigned(const Arguments& arguments, std::size_t index) {
+    return static_cast<unsigned>(std::stoul(At(arguments, index)));
 }
 
 std::vector<int> Rows(const Arguments& arguments) {
@@ -108,6 +113,10 @@ const std::map<std::string, Operation>& Operations() {
          [](const Arguments& a) {
              return Close(Window(a), true);
          }},
+        {"has-icon",
+         [](const Arguments& a) {
+             return HasIcon(Window(a));
+         }},
         {"set-text",
          [](const Arguments& a) {
              return SetText(Window(a), Wide(At(a, 2)));
@@ -123,6 +132,18 @@ const std::map<std::string, Operation>& Operations() {
         {"end-session",
          [](const Arguments& a) {
              return EndSession(Window(a));
+         }},
+        {"send",
+         [](const Arguments& a) {
+             return Send(Window(a), Unsigned(a, 2), Unsigned(a, 3), Number(a, 4));
+         }},
+        {"post",
+         [](const Arguments& a) {
+             return Post(Window(a), Unsigned(a, 2), Unsigned(a, 3), Number(a, 4));
+         }},
+        {"press-until-message-box",
+         [](const Arguments& a) {
+             return PressUntilMessageBox(Window(a));
          }},
         {"focus",
          [](const Arguments&) {

@@ -235,6 +235,10 @@ std::string Close(HWND window, bool bySystemMenu) {
     return "true";
 }
 
+std::string HasIcon(HWND picture) {
+    return JsonBool(Ask(picture, STM_GETICON) != 0);
+}
+
 std::string SetText(HWND window, const std::wstring& text) {
     Ask(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
     return "true";

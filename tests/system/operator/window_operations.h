@@ -35,6 +35,9 @@ std::string Press(HWND button);
 std::string Command(HWND window, int number);
 std::string Close(HWND window, bool bySystemMenu);
 
+// Whether a picture control has an icon.
+std::string HasIcon(HWND picture);
+
 std::string SetText(HWND window, const std::wstring& text);
 std::string Activate(HWND window);
 std::string Move(HWND window, int left, int top, int width, int height);

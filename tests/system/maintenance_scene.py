@@ -1,0 +1,105 @@
+"""One running program for a module's tests; every test gets the hosts afresh."""
+
+import itertools
+import os
+import shutil
+
+import pytest
+
+from hosts import make_host
+from machine import ROOT, Machine
+from more_windows import CheckWindow, Recorder
+from tamblin_app import App, wait_until
+
+HOST = "C:\\Vimora 表ソ能"
+OTHER_HOST = "D:\\Games\\Vimora"
+NEW_FILES = "D:\\Neue Dateien"
+START_UP = b"H001currentobl=default.obl\r\n; kept \x83\x5c as it is, \xff\r\nno line end"
+numbers = itertools.count(1)
+
+
+class Scene:
+    """A machine with the program running, its hosts in HOST and OTHER_HOST."""
+
+    def __init__(self):
+        folder = ROOT / "build" / "machines" / f"maintenance-{os.getpid()}-{next(numbers)}"
+        if folder.exists():
+            shutil.rmtree(folder)
+        self.machine = Machine(folder, drives="d")
+        self.app = App(self.machine)
+        self.app.check = CheckWindow(self.app)
+        self.app.write_ini(
+            "VERSION=Ver.0.61",
+            f"DEFAULT={HOST}",
+            f"VMRFOLDER={HOST}",
+            f"VMRFOLDER={OTHER_HOST}",
+            f"VIEWFOLDER={NEW_FILES}",
+        )
+        assert self.app.operator
+        self.app.recorder = Recorder(self.machine)
+        self.furnish()
+        self.app.start_main()
+
+    def furnish(self):
+        for folder in [HOST, OTHER_HOST, NEW_FILES]:
+            path = self.machine.path(folder)
+            if path.exists():
+                path.chmod(0o755)
+                shutil.rmtree(path)
+        make_host(self.machine, HOST, ["mikan", "yuzu", "表ソ能", "空 白"])
+        make_host(self.machine, OTHER_HOST, ["kinako"])
+        self.machine.write(HOST + "\\ombrel.rc", START_UP)
+        self.machine.write(NEW_FILES + "\\new.lzh", b"not opened here")
+
+    def refresh(self):
+        """As a user does who looks into the other host meanwhile."""
+        main = self.app.main
+        for folder in [OTHER_HOST, HOST]:
+            main.combo1.select(folder)
+        main.list1.double_click(main.list1.selected()[0])
+        wait_until(lambda: main.list2.entries() == ["new.lzh"], "the browser to be read again")
+
+    def is_at_rest(self):
+        """Whether nothing but the main window is shown, and that can be used."""
+        windows = [w for w in self.app.operator.windows() if w["visible"]]
+        own = [w for w in windows if w["class"].startswith("Tamblin.") or w["class"][0] == "#"]
+        return [w["class"] for w in own] == ["Tamblin.Form1"] and own[0]["enabled"]
+
+    def close_hosts(self):
+        for window in self.app.operator.windows():
+            if window["class"] == "StandIn.Ombrel":
+                self.app.operator.ask("close-box", window["window"])
+        wait_until(lambda: not self.app.operator.running("ombrel.exe"), "the hosts to end")
+
+
+@pytest.fixture(scope="module")
+def scenes():
+    """The scene in use, which is replaced when a test has left it in disorder."""
+    current = []
+    yield current
+    for scene in current:
+        scene.machine.remove()
+
+
+@pytest.fixture
+def scene(scenes):
+    if scenes and not scenes[0].is_at_rest():
+        scenes.pop().machine.remove()
+    if not scenes:
+        scenes.append(Scene())
+    scene = scenes[0]
+    scene.furnish()
+    scene.app.recorder.clear()
+    scene.refresh()
+    yield scene
+    scene.close_hosts()
+
+
+@pytest.fixture
+def app(scene):
+    return scene.app
+
+
+@pytest.fixture
+def machine(scene):
+    return scene.machine

@@ -1,0 +1,325 @@
+"""The start-up file, launching a character, its README, and the menu under the right mouse button."""
+
+import os
+import pathlib
+
+import pytest
+
+from maintenance_scene import (  # noqa: F401
+    HOST,
+    OTHER_HOST,
+    START_UP,
+    app,
+    machine,
+    scene,
+    scenes,
+)
+from more_windows import MENU_RUN, MENU_VIEW, character_menu, right_click_row
+from tamblin_app import point_at, press_keys, wait_until
+from test_faults import wait_report
+
+REWRITTEN = "が起動するようにombrel.rcを書き換えました。"
+CHARACTERS = ["mikan", "yuzu", "空 白", "表ソ能"]
+
+
+def start_up_line(definition):
+    return f"H001currentobl={definition}\r\n".encode("cp932")
+
+
+def host_log(machine, folder=HOST):
+    path = machine.path(folder + "\\ombrel.log")
+    lines = path.read_text("utf-8").splitlines() if path.exists() else []
+    return dict(line.split(": ", 1) for line in lines)
+
+
+def wait_host(machine, folder=HOST):
+    wait_until(lambda: "rc after 200 ms" in host_log(machine, folder), "the host to have run for 200 ms")
+    return host_log(machine, folder)
+
+
+def assert_start_up_file_is_back(machine, folder=HOST, content=START_UP):
+    assert machine.read(folder + "\\ombrel.rc") == content
+    assert not machine.path(folder + "\\ombrel_rc.bak").exists()
+
+
+# The start-up file
+
+
+@pytest.mark.parametrize("character", ["mikan", "空 白", "表ソ能"])
+def test_the_start_up_file_becomes_one_line(app, machine, character):
+    before = machine.tree(HOST)
+    app.main.list3.select(character)
+    app.main.command11.press()
+    box = app.wait_box()
+    assert box.buttons() == ["OK"]
+    assert not box.has_icon()
+    app.answer(character + REWRITTEN, "OK")
+    app.main.wait_enabled()
+    assert machine.tree(HOST) == {**before, "ombrel.rc": start_up_line(character + ".obl")}
+    assert app.main.list3.selected() == [character]
+
+
+def test_the_start_up_file_is_made_where_there_is_none(app, machine):
+    app.main.list3.select("yuzu")
+    machine.path(HOST + "\\ombrel.rc").unlink()
+    app.main.command11.press()
+    app.answer("yuzu" + REWRITTEN, "OK")
+    assert machine.read(HOST + "\\ombrel.rc") == start_up_line("yuzu.obl")
+
+
+def test_a_read_only_start_up_file_is_reported_and_kept(app, machine):
+    machine.path(HOST + "\\ombrel.rc").chmod(0o444)
+    app.main.list3.select("mikan")
+    app.main.command11.press()
+    wait_report(app, 70, 75)
+    app.main.wait_enabled()
+    assert machine.read(HOST + "\\ombrel.rc") == START_UP
+    machine.path(HOST + "\\ombrel.rc").chmod(0o644)
+    app.main.command11.press()
+    app.answer("mikan" + REWRITTEN, "OK")
+    assert machine.read(HOST + "\\ombrel.rc") == start_up_line("mikan.obl")
+
+
+# Launching
+
+
+def launch_by_button(app):
+    app.main.command13.press()
+
+
+def launch_by_menu(app):
+    main = app.main
+    right_click_row(main.list3, main.list3.selected()[0])
+    character_menu(app).wait_shown().click_item(0)
+    character_menu(app).wait_gone()
+
+
+@pytest.mark.parametrize("launch", [launch_by_button, launch_by_menu])
+@pytest.mark.parametrize("character", ["yuzu", "表ソ能"])
+def test_the_host_starts_with_the_character(app, machine, launch, character):
+    app.main.list3.select(character)
+    launch(app)
+    log = wait_host(machine)
+    assert log["command line"] == f'"{HOST}\\ombrel.exe" /n'
+    assert log["show command"] == "2"
+    assert log["current folder"] == HOST
+    # The file is put back while the host starts, so the host may meet either at first.
+    former = START_UP.decode("cp932", "replace").splitlines()[0]
+    assert log["rc at once"] in [f"H001currentobl={character}.obl", former]
+    assert log["rc after 200 ms"] == former
+    assert_start_up_file_is_back(machine)
+    host = next(w for w in app.operator.windows() if w["class"] == "StandIn.Ombrel")
+    assert host["style"] & 0x20000000, "the host's window is not minimised"
+    assert not app.box.shown()
+    assert app.main.enabled()
+
+
+def test_a_host_in_another_folder_is_started_there(app, machine):
+    former = machine.read(OTHER_HOST + "\\ombrel.rc")
+    app.main.combo1.select(OTHER_HOST)
+    app.main.list3.select("kinako")
+    app.main.command13.press()
+    log = wait_host(machine, OTHER_HOST)
+    assert log["command line"] == f'"{OTHER_HOST}\\ombrel.exe" /n'
+    assert log["current folder"] == OTHER_HOST
+    assert_start_up_file_is_back(machine, OTHER_HOST, former)
+
+
+def test_after_a_launch_the_program_is_back_in_its_own_folder(app, machine):
+    app.main.list3.select("yuzu")
+    app.main.command13.press()
+    wait_host(machine)
+    assert machine.path(HOST) in folders_in_use(machine)
+    for window in app.operator.windows():
+        if window["class"] == "StandIn.Ombrel":
+            app.operator.ask("close-box", window["window"])
+    wait_until(lambda: machine.path(HOST) not in folders_in_use(machine), "the host folder to be free")
+    assert machine.path("C:\\Tamblin") in folders_in_use(machine)
+
+
+def folders_in_use(machine):
+    """The machine's folders that are some program's current one; its server holds them open."""
+    held = set()
+    for process in pathlib.Path("/proc").glob("[0-9]*"):
+        try:
+            if (process / "comm").read_text().startswith("wineserver"):
+                held.update(pathlib.Path(os.readlink(handle)) for handle in (process / "fd").iterdir())
+        except OSError:
+            continue  # it has ended meanwhile, or is another user's
+    return {path for path in held if machine.prefix in path.parents}
+
+
+@pytest.mark.parametrize("missing", ["ombrel.exe", "ombrel.rc", "mikan.obl"])
+def test_without_what_it_needs_a_launch_ends_silently(app, machine, missing):
+    app.main.list3.select("mikan")
+    machine.path(f"{HOST}\\{missing}").unlink()
+    before = machine.tree(HOST)
+    app.main.command13.press()
+    # The next command has its turn only after the launch.
+    app.main.command7.press()
+    wait_until(lambda: app.main.list3.selected() == [], "the list to be deselected")
+    assert not app.box.shown()
+    assert machine.tree(HOST) == before
+    assert app.operator.running("ombrel.exe") == 0
+
+
+def test_the_definition_file_is_the_one_in_the_same_place(app, machine):
+    """A definition file without a folder ahead of the character moves the pair by one. A host that
+    cannot be started leaves the temporary file to be seen."""
+    machine.write(HOST + "\\akane.OBL", b"nobody's")
+    machine.write(HOST + "\\ombrel.exe", b"no program at all")
+    app.main.combo1.select(OTHER_HOST)
+    app.main.combo1.select(HOST)
+    assert app.main.list3.entries() == CHARACTERS
+    app.main.list3.select("mikan")
+    app.main.command13.press()
+    wait_report(app, 5, 53, 57, 70, 75)
+    app.main.wait_enabled()
+    assert machine.read(HOST + "\\ombrel.rc") == start_up_line("akane.OBL")
+    assert machine.read(HOST + "\\ombrel_rc.bak") == START_UP
+
+
+def test_a_leftover_of_an_earlier_launch_is_reported_and_nothing_is_lost(app, machine):
+    machine.write(HOST + "\\ombrel_rc.bak", b"of an earlier launch")
+    before = machine.tree(HOST)
+    app.main.list3.select("mikan")
+    app.main.command13.press()
+    wait_report(app, 58, 75)
+    app.main.wait_enabled()
+    assert machine.tree(HOST) == before
+    machine.path(HOST + "\\ombrel_rc.bak").unlink()
+    app.main.command13.press()
+    wait_host(machine)
+    assert_start_up_file_is_back(machine)
+
+
+def test_a_start_up_file_that_is_read_only_survives_a_launch(app, machine):
+    machine.path(HOST).chmod(0o555)
+    before = machine.tree(HOST)
+    app.main.list3.select("mikan")
+    app.main.command13.press()
+    wait_report(app, 70, 75)
+    app.main.wait_enabled()
+    assert machine.tree(HOST) == before
+    machine.path(HOST).chmod(0o755)
+    app.main.command13.press()
+    wait_host(machine)
+    assert_start_up_file_is_back(machine)
+
+
+# README
+
+
+def write_readmes(machine, character, *endings):
+    for ending in endings:
+        machine.write(f"{HOST}\\{character}\\{character}{ending}", b"read me")
+
+
+def view_by_button(app):
+    app.main.command14.press()
+
+
+def view_by_menu(app):
+    main = app.main
+    right_click_row(main.list3, main.list3.selected()[0])
+    character_menu(app).wait_shown().click_item(1)
+    character_menu(app).wait_gone()
+
+
+@pytest.mark.parametrize("view", [view_by_button, view_by_menu])
+@pytest.mark.parametrize("character", ["yuzu", "表ソ能", "空 白"])
+def test_a_readme_is_opened_in_the_characters_folder(app, machine, view, character):
+    app.main.list3.select(character)
+    view(app)
+    (record,) = app.recorder.wait_records(1)
+    folder = f"{HOST}\\{character}"
+    assert record["command line"] == app.recorder.opened(f"{folder}\\{character}.txt")
+    assert record["working folder"] == folder
+    assert record["show command"] == "1"
+    assert not app.box.shown()
+
+
+def test_every_readme_is_opened_in_its_order(app, machine):
+    write_readmes(machine, "mikan", ".html", ".htm", "-X.txt", ".txt")
+    write_readmes(machine, "yuzu", ".html")
+    app.main.list3.select("mikan")
+    app.main.command14.press()
+    records = app.recorder.wait_records(4)
+    stem = f"{HOST}\\mikan\\mikan"
+    assert [record["command line"] for record in records] == [
+        app.recorder.opened(stem + ending) for ending in [".txt", "-X.txt", ".htm", ".html"]
+    ]
+    assert {record["working folder"] for record in records} == {HOST + "\\mikan"}
+
+
+def test_a_note_alone_is_a_readme(app, machine):
+    machine.path(HOST + "\\mikan\\mikan.txt").unlink()
+    write_readmes(machine, "mikan", "-X.txt")
+    app.main.list3.select("mikan")
+    assert app.main.command14.enabled()
+    view_by_menu(app)
+    (record,) = app.recorder.wait_records(1)
+    assert record["command line"] == app.recorder.opened(HOST + "\\mikan\\mikan-X.txt")
+
+
+# The menu
+
+
+def test_without_a_readme_the_menus_item_is_grey(app, machine):
+    machine.path(HOST + "\\mikan\\mikan.txt").unlink()
+    app.main.list3.select("mikan")
+    assert not app.main.command14.enabled()
+    right_click_row(app.main.list3, "mikan")
+    menu = character_menu(app).wait_shown()
+    menu.click_item(1)
+    point_at(*menu.row_centre(2))
+    assert menu.shown()
+    menu.click_item(2)
+    menu.wait_gone()
+    assert app.main.enabled()
+    assert app.recorder.records() == []
+    assert host_log(machine) == {}
+
+
+def test_the_menu_opens_at_the_pointer_and_goes_with_escape(app, machine):
+    app.main.list3.select("yuzu")
+    right_click_row(app.main.list3, "yuzu")
+    x, y = app.main.list3.row_centre("yuzu")
+    left, top = character_menu(app).wait_shown().position()
+    assert abs(left - x) <= 2 and abs(top - y) <= 2
+    press_keys("Escape")
+    character_menu(app).wait_gone()
+    assert app.main.enabled()
+    assert app.main.list3.selected() == ["yuzu"]
+    assert host_log(machine) == {}
+
+
+def test_the_menu_by_the_keyboard(app, machine):
+    app.main.list3.real_click_row("yuzu")
+    wait_until(lambda: app.main.list3.selected() == ["yuzu"], "the row to be selected")
+    press_keys("shift+F10")
+    character_menu(app).wait_shown()
+    press_keys("Down", "Down", "Return")
+    (record,) = app.recorder.wait_records(1)
+    assert record["command line"] == app.recorder.opened(HOST + "\\yuzu\\yuzu.txt")
+
+
+@pytest.mark.parametrize("selection", [[], ["mikan", "yuzu"]])
+def test_unless_one_is_selected_no_menu_opens(app, selection):
+    main = app.main
+    main.list3.select(*selection)
+    right_click_row(main.list3, "mikan")
+    # The pointer's next stop shows that the click has had its turn.
+    point_at(*main.command12.centre())
+    wait_until(lambda: main.text2.text() == "ヴィモラフォルダの不具合を検出します。", "the text of CHK")
+    assert not character_menu(app).shown()
+    assert main.list3.selected() == selection
+
+
+def test_the_menus_commands_by_message(app, machine):
+    app.main.list3.select("mikan")
+    app.operator.ask("command", app.main.handle, MENU_VIEW)
+    app.recorder.wait_records(1)
+    app.operator.ask("command", app.main.handle, MENU_RUN)
+    wait_host(machine)
+    assert_start_up_file_is_back(machine)
