@@ -5,7 +5,8 @@
 namespace tamblin::lzh {
 namespace {
 
-constexpr std::size_t hashSize = 1 << 16;
+constexpr unsigned largeHashBits = 16;
+constexpr unsigned smallHashBits = 10;
 constexpr int longestChain = 48;
 constexpr std::int64_t none = -1;
 
@@ -53,7 +54,7 @@ class Finder {
   private:
     std::size_t Hash(std::size_t at) const {
         const unsigned key = ByteAt(at) | ByteAt(at + 1) << 8 | ByteAt(at + 2) << 16;
-        return (key * 2654435761u) >> 16;
+        return (key * 2654435761u) >> (32 - hashBits);
     }
 
     unsigned CommonLength(std::size_t a, std::size_t b) const {
@@ -66,6 +67,7 @@ class Finder {
 
     const std::string text;
     const MatchLimits limits;
+    const unsigned hashBits;
     std::vector<std::int64_t> heads;  // by hash: the last place
     std::vector<std::int64_t> before; // by place: the one before it with the same hash
 };

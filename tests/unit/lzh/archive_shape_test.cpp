@@ -1,0 +1,155 @@
+// Where an archive begins and ends, and what is taken for damage.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "support/lzh_extraction.h"
+#include "support/lzh_writer.h"
+
+namespace tamblin::lzh {
+namespace {
+
+LzhWriter TwoFiles(unsigned level = 1) {
+    LzhWriter writer;
+    writer.AddFile(L"a.txt", "first file, first file", "-lh5-", level);
+    writer.AddFile(L"b.txt", "second file", "-lh0-", level);
+    return writer;
+}
+
+void ExpectBoth(const std::string& archive) {
+    const Extraction extraction(archive);
+    EXPECT_EQ(extraction.Failure(), LzhFailure::None);
+    EXPECT_EQ(extraction.Bytes(L"a.txt"), "first file, first file");
+    EXPECT_EQ(extraction.Bytes(L"b.txt"), "second file");
+}
+
+std::string Noise(std::size_t size) {
+    std::mt19937 random(1);
+    std::string bytes(size, '\0');
+    for (char& byte : bytes)
+        byte = static_cast<char>(random());
+    return bytes;
+}
+
+TEST(ArchiveShape, EndMarkMayBeThereOrNot) {
+    ExpectBoth(TwoFiles().Finish());
+    ExpectBoth(TwoFiles().WithoutEndMark());
+}
+
+TEST(ArchiveShape, AnythingMayFollowTheEndMark) {
+    for (const std::size_t size : {1u, 7u, 21u, 22u, 1000u})
+        ExpectBoth(TwoFiles().Finish() + Noise(size));
+    ExpectBoth(TwoFiles().Finish() + LzhWriter().AddFile(L"c", "of another archive").Finish());
+}
+
+TEST(ArchiveShape, MayBeFilledUpWithoutAnEndMark) {
+    for (const char filler : {'\0', '\x1A', '\xFF'}) {
+        for (const std::size_t size : {1u, 3u, 21u, 1000u})
+            ExpectBoth(TwoFiles().WithoutEndMark() + std::string(size, filler));
+    }
+    ExpectBoth(TwoFiles().WithoutEndMark() + "\r\n");
+    ExpectBoth(TwoFiles().WithoutEndMark() + Noise(500));
+}
+
+TEST(ArchiveShape, ProgramMayStandInFront) {
+    for (unsigned level = 0; level <= 3; ++level) {
+        for (const std::size_t size : {1u, 21u, 5000u, 65515u, 65536u, 200'000u})
+            ExpectBoth("MZ" + Noise(size) + TwoFiles(level).Finish());
+    }
+}
+
+TEST(ArchiveShape, WhatLooksLikeAHeaderInTheProgramIsPassedOver) {
+    const std::string traps = "MZ -lh5- -lh0-\1 12-lhd-345678901234567\1 -lz4- " +
+                              std::string(10, '\2') + "-lh5-" + std::string(30, '\1');
+    ExpectBoth(traps + TwoFiles().Finish());
+}
+
+TEST(ArchiveShape, EndlessTrapsEndTheSearch) {
+    std::string traps = "MZ, a program";
+    while (traps.size() < 3'000'000)
+        traps += "-lh5-\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x02";
+    EXPECT_EQ(Extraction(traps).Failure(), LzhFailure::NotAnArchive);
+}
+
+TEST(ArchiveShape, FileWithoutEntriesIsNoArchive) {
+    EXPECT_EQ(Extraction("").Failure(), LzhFailure::NotAnArchive);
+    EXPECT_EQ(Extraction(std::string(1, '\0')).Failure(), LzhFailure::NotAnArchive);
+    EXPECT_EQ(Extraction("PK\3\4 and so on, and so on, and so on").Failure(),
+              LzhFailure::NotAnArchive);
+    EXPECT_EQ(Extraction(Noise(100'000)).Failure(), LzhFailure::NotAnArchive);
+}
+
+TEST(ArchiveShape, CutArchiveIsAFailureWhereverItIsCut) {
+    for (unsigned level = 0; level <= 3; ++level) {
+        const std::string first = LzhWriter()
+                                      .AddFile(L"a.txt", "first file, first file", "-lh5-", level)
+                                      .WithoutEndMark();
+        const std::string whole = TwoFiles(level).WithoutEndMark();
+        for (std::size_t size = 0; size < whole.size(); ++size) {
+            const Extraction extraction(whole.substr(0, size));
+            // Between two entries nothing tells that there was more.
+            if (size == first.size())
+                EXPECT_EQ(extraction.Failure(), LzhFailure::None);
+            else
+                EXPECT_NE(extraction.Failure(), LzhFailure::None) << level << " " << size;
+            EXPECT_EQ(extraction.target.files.count(L"b.txt"), 0u);
+        }
+    }
+}
+
+TEST(ArchiveShape, DamagedByteAnywhereIsNeverTakenForSound) {
+    for (unsigned level = 0; level <= 3; ++level) {
+        const std::string sound = TwoFiles(level).Finish();
+        for (std::size_t at = 0; at + 1 < sound.size(); ++at) {
+            for (const int flip : {0x01, 0x80, 0xFF}) {
+                std::string damaged = sound;
+                damaged[at] = static_cast<char>(damaged[at] ^ flip);
+                const Extraction extraction(damaged);
+                if (extraction.Failure() != LzhFailure::None)
+                    continue;
+                // Packed bits behind the last symbol have no meaning; level 1 has no checksum over
+                // its extended headers.
+                EXPECT_EQ(extraction.Bytes(L"a.txt"), "first file, first file")
+                    << level << " " << at << " " << flip;
+                EXPECT_EQ(extraction.Bytes(L"b.txt"), "second file")
+                    << level << " " << at << " " << flip;
+            }
+        }
+    }
+}
+
+TEST(ArchiveShape, HeaderThatPointsBehindTheEndIsAFailure) {
+    for (unsigned level = 0; level <= 3; ++level) {
+        for (const std::uint32_t size : {0x1000u, 0x7FFF'FFFFu, 0xFFFF'FFFFu}) {
+            LzhEntry entry = MakeEntry(L"a", "x", "-lh0-", level);
+            entry.claimedPackedSize = size;
+            const LzhFailure failure = Extraction(LzhWriter().Add(entry).Finish()).Failure();
+            EXPECT_TRUE(failure == LzhFailure::Truncated || failure == LzhFailure::DamagedHeader);
+        }
+    }
+}
+
+TEST(ArchiveShape, SizesOf64BitsThatPointBackwardsAreAFailure) {
+    for (const std::uint64_t size : {~0ull, ~0ull - 100, 1ull << 63}) {
+        LzhEntry entry = MakeEntry(L"a", "x", "-lh0-", 2);
+        entry.extended.push_back({0x42, LittleEndian(size, 8) + LittleEndian(1, 8)});
+        EXPECT_EQ(Extraction(LzhWriter().Add(entry).Finish()).Failure(), LzhFailure::Truncated);
+    }
+}
+
+TEST(ArchiveShape, ChainOfHeadersThatLeavesTheHeaderIsAFailure) {
+    for (unsigned level = 1; level <= 3; ++level) {
+        LzhEntry entry = MakeEntry(L"dir\\a", "x", "-lh0-", level);
+        entry.headerCrc = false;
+        const std::string sound = LzhWriter().Add(entry).Finish();
+        const std::size_t sizeAt = sound.find("dir\xFF") - (level == 3 ? 5 : 3);
+        for (const int size : {1, 2, 0x7F, 0xFF}) {
+            std::string archive = sound;
+            archive[sizeAt] = static_cast<char>(size);
+            EXPECT_NE(Extraction(archive).Failure(), LzhFailure::None) << level << " " << size;
+        }
+    }
+}
+
+} // namespace
+} // namespace tamblin::lzh
