@@ -263,9 +263,17 @@ void MemoryFileSystem::FailOperation(size_t n, ErrorNumber error) {
 
 // --- What a shell does ----------------------------------------------------------------------
 
+// Nothing for what a shell does not touch: no path, a malformed one, a root.
+MemoryFileSystem::Node* MemoryFileSystem::FindForShell(const std::wstring& path) const {
+    const auto location = path.empty() ? std::nullopt : Parse(path);
+    const DriveState* drive = location ? DriveOf(*location) : nullptr;
+    if (!drive || !drive->ready || location->names.empty())
+        return nullptr;
+    return Walk(*location);
+}
+
 void MemoryFileSystem::DeleteTree(const std::wstring& path) {
-    Node* node = Walk(LocateForTest(path));
-    if (node && node->parent)
+    if (Node* node = FindForShell(path))
         DeleteUnused(*node);
 }
 
@@ -282,8 +290,8 @@ bool MemoryFileSystem::DeleteUnused(Node& node) {
 }
 
 MemoryFileSystem::NodePointer MemoryFileSystem::TakeTree(const std::wstring& path) {
-    Node* node = Walk(LocateForTest(path));
-    if (!node || !node->parent || IsInUse(*node))
+    Node* node = FindForShell(path);
+    if (!node || IsInUse(*node))
         return nullptr;
     auto place = node->parent->children.find(UpperCase(node->name));
     NodePointer tree = std::move(place->second);

@@ -117,6 +117,7 @@ class MemoryFileSystem : public FileSystem {
     Node& Existing(const Location& location) const;
     Node& ExistingFolder(const Location& location, ErrorNumber error) const;
     Node& ExistingForTest(const std::wstring& path) const;
+    Node* FindForShell(const std::wstring& path) const;
     Node& MakeWayForTest(const Location& location);
 
     bool HoldsCurrentFolder(const Node& folder) const;

@@ -16,28 +16,39 @@ namespace {
 
 constexpr std::wstring_view prefix = L"\\\\?\\"; // lifts the limit on the length of paths
 
-// Unlike the standard library's, this takes read-only files and paths of any length along.
-void RemoveTree(const std::wstring& folder) {
+template <typename Visitor>
+void VisitEntries(const std::wstring& folder, const Visitor& visit) {
     WIN32_FIND_DATAW found;
     const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &found);
-    if (search != INVALID_HANDLE_VALUE) {
-        do {
-            const std::wstring_view name = found.cFileName;
-            if (name == L"." || name == L"..")
-                continue;
-            const std::wstring path = folder + L'\\' + found.cFileName;
-            if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
-                RemoveFolderLink(path.substr(prefix.size()));
-                continue;
-            }
-            SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-            if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-                RemoveTree(path);
-            else
-                DeleteFileW(path.c_str());
-        } while (FindNextFileW(search, &found));
-        FindClose(search);
-    }
+    if (search == INVALID_HANDLE_VALUE)
+        return;
+    do {
+        const std::wstring_view name = found.cFileName;
+        if (name != L"." && name != L"..")
+            visit(folder + L'\\' + found.cFileName, found.dwFileAttributes);
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+}
+
+// Before anything else goes: Wine does not show a link that points to nothing.
+void RemoveLinks(const std::wstring& folder) {
+    VisitEntries(folder, [](const std::wstring& path, DWORD bits) {
+        if ((bits & FILE_ATTRIBUTE_REPARSE_POINT) != 0)
+            RemoveFolderLink(path.substr(prefix.size()));
+        else if ((bits & FILE_ATTRIBUTE_DIRECTORY) != 0)
+            RemoveLinks(path);
+    });
+}
+
+// Unlike the standard library's, this takes read-only files and paths of any length along.
+void RemoveTree(const std::wstring& folder) {
+    VisitEntries(folder, [](const std::wstring& path, DWORD bits) {
+        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+        if ((bits & FILE_ATTRIBUTE_DIRECTORY) != 0)
+            RemoveTree(path);
+        else
+            DeleteFileW(path.c_str());
+    });
     RemoveDirectoryW(folder.c_str());
 }
 
@@ -63,7 +74,9 @@ TemporaryFolder::~TemporaryFolder() {
     std::error_code ignored;
     std::filesystem::current_path(previousFolder, ignored);
 #ifdef _WIN32
-    RemoveTree(std::wstring(prefix) + path.wstring());
+    const std::wstring longPath = std::wstring(prefix) + path.wstring();
+    RemoveLinks(longPath);
+    RemoveTree(longPath);
 #else
     std::filesystem::remove_all(path, ignored);
 #endif

@@ -47,6 +47,18 @@ TEST(DesktopShellFake, DeletesTreesOnTheDisk) {
     EXPECT_THAT(fake.files.Log(), ElementsAre(L"DeleteTree C:\\t"));
 }
 
+TEST(DesktopShellFake, DeletesNothingThatIsNotOnePath) {
+    PlatformFake fake;
+    fake.files.AddFile(L"C:\\t\\a");
+    fake.files.SetCurrentFolder(L"C:\\t");
+    const auto before = fake.files.Snapshot();
+    for (const wchar_t* path : {L"", L"C:\\", L"C:\\t\\*", L"C:\\nosuch", L"Q:\\t"}) {
+        fake.shell.DeleteTree(path);
+        fake.shell.MoveToRecycleBin(path);
+    }
+    EXPECT_EQ(fake.files.Snapshot(), before);
+}
+
 TEST(DesktopShellFake, RecycledTreesCanBeRestored) {
     PlatformFake fake;
     fake.files.AddFile(L"C:\\t\\a", "1");

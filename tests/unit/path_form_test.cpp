@@ -1,0 +1,57 @@
+// Which texts can be paths.
+#include "platform/path_form.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tamblin {
+namespace {
+
+TEST(IsWellFormedPath, TakesEveryFormOfAPath) {
+    for (const wchar_t* path :
+         {L"", L".", L"..", L"C:", L"c:", L"C:\\", L"C:a", L"C:\\a b\\表.txt", L"\\a", L"a/b",
+          L"\\\\server\\share\\a", L"C:\\a\\\\b\\", L"a.b.c", L"a'&%$#!;=+,[]{}~@^`()"})
+        EXPECT_TRUE(IsWellFormedPath(path)) << path;
+}
+
+TEST(IsWellFormedPath, RefusesWhatNoDriveTakes) {
+    for (const wchar_t* path :
+         {L"*", L"a?", L"a<", L">a", L"a|b", L"\"a\"", L"C:\\*.*", L"a\x01", L"a\nb", L"\t"})
+        EXPECT_FALSE(IsWellFormedPath(path)) << path;
+    EXPECT_FALSE(IsWellFormedPath(std::wstring(L"a\0b", 3)));
+}
+
+TEST(IsWellFormedPath, TakesAColonAfterADriveLetterOnly) {
+    for (const wchar_t* path : {L"a:b:c", L"C:\\a:b", L"a\\b:", L"::", L":", L"1:\\a", L"\\C:\\a",
+                                L"C::$DATA", L"表:\\a"})
+        EXPECT_FALSE(IsWellFormedPath(path)) << path;
+}
+
+TEST(IsWellFormedPath, RefusesTheNameSpacesBesideTheDrives) {
+    for (const wchar_t* path : {L"\\\\?\\C:\\a", L"\\\\.\\C:", L"//./pipe/a", L"\\\\."})
+        EXPECT_FALSE(IsWellFormedPath(path)) << path;
+}
+
+TEST(IsWellFormedPath, RefusesNamesThatAreTooLong) {
+    EXPECT_TRUE(IsWellFormedPath(std::wstring(255, L'a') + L"\\" + std::wstring(255, L'b')));
+    EXPECT_FALSE(IsWellFormedPath(std::wstring(256, L'a')));
+    EXPECT_FALSE(IsWellFormedPath(L"C:\\" + std::wstring(256, L'a') + L"\\b"));
+}
+
+TEST(IsDeviceName, KnowsDevicesInEveryGuise) {
+    for (const wchar_t* name : {L"CON", L"con", L"NUL.txt", L"aux.tar.gz", L"PRN ", L"nul .x",
+                                L"COM1", L"lpt9.obl", L"COM\x00B2", L"CONIN$", L"conout$"})
+        EXPECT_TRUE(IsDeviceName(name)) << name;
+    EXPECT_FALSE(IsWellFormedPath(L"C:\\a\\nul"));
+    EXPECT_FALSE(IsWellFormedPath(L"C:\\con\\a"));
+}
+
+TEST(IsDeviceName, LeavesOtherNamesAlone) {
+    for (const wchar_t* name : {L"", L"CONS", L"xCON", L"COM", L"COM0", L"COM10", L"LPT", L"NULL",
+                                L".CON", L"a.nul", L"ＣＯＮ"})
+        EXPECT_FALSE(IsDeviceName(name)) << name;
+}
+
+} // namespace
+} // namespace tamblin

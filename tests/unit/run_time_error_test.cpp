@@ -1,0 +1,49 @@
+// The error that operations throw, and what the user reads of it.
+#include "base/run_time_error.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace tamblin {
+namespace {
+
+TEST(RunTimeError, ReportsNumberAndText) {
+    const RunTimeError error(ErrorNumber::FileNotFound);
+    EXPECT_EQ(error.Number(), ErrorNumber::FileNotFound);
+    EXPECT_EQ(error.Text(), L"ファイルが見つかりません。");
+    EXPECT_EQ(error.Report(), L"実行時エラー '53':\n\nファイルが見つかりません。");
+}
+
+TEST(RunTimeError, HasATextOfItsOwnForEveryNumber) {
+    std::set<std::wstring> texts = {RunTimeError(static_cast<ErrorNumber>(9999)).Text()};
+    const int numbers[] = {7, 9, 52, 53, 55, 57, 58, 61, 67, 68, 70, 71, 75, 76};
+    for (const int number : numbers) {
+        const RunTimeError error(static_cast<ErrorNumber>(number));
+        EXPECT_TRUE(texts.insert(error.Text()).second) << number;
+        EXPECT_TRUE(error.Text().ends_with(L"。")) << number;
+        EXPECT_NE(error.Report().find(L"'" + std::to_wstring(number) + L"'"), std::wstring::npos);
+    }
+}
+
+TEST(RunTimeError, BecomesFatalOnlyInTheCopy) {
+    const RunTimeError error(ErrorNumber::DiskFull);
+    const RunTimeError fatal = error.AsFatal();
+    EXPECT_FALSE(error.IsFatal());
+    EXPECT_TRUE(fatal.IsFatal());
+    EXPECT_EQ(fatal.Number(), ErrorNumber::DiskFull);
+    EXPECT_EQ(fatal.Report(), error.Report());
+}
+
+TEST(RunTimeError, IsCaughtAsAnException) {
+    try {
+        throw RunTimeError(ErrorNumber::PathNotFound);
+    } catch (const std::exception& error) {
+        EXPECT_STRNE(error.what(), "");
+        return;
+    }
+    FAIL();
+}
+
+} // namespace
+} // namespace tamblin

@@ -1,0 +1,153 @@
+// Comparing and cutting names.
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace tamblin {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(UpperCase, CoversAsciiAndNothingAroundIt) {
+    EXPECT_EQ(UpperCase(L"abcxyz.OBL"), L"ABCXYZ.OBL");
+    EXPECT_EQ(UpperCase(L"@[`{~_09"), L"@[`{~_09");
+    EXPECT_EQ(UpperCase(L""), L"");
+}
+
+TEST(UpperCase, CoversFullWidthLetters) {
+    EXPECT_EQ(UpperCase(L"ａｂｚ"), L"ＡＢＺ");
+    EXPECT_EQ(UpperCase(L"＠［｀｛０９"), L"＠［｀｛０９");
+}
+
+TEST(UpperCase, CoversGreekAndCyrillic) {
+    EXPECT_EQ(UpperCase(L"αβγρστω"), L"ΑΒΓΡΣΤΩ");
+    EXPECT_EQ(UpperCase(L"άέήίόύώ"), L"ΆΈΉΊΌΎΏ");
+    EXPECT_EQ(UpperCase(L"абвяёџ"), L"АБВЯЁЏ");
+}
+
+TEST(UpperCase, CoversLatinWithAccents) {
+    EXPECT_EQ(UpperCase(L"àéîõüøþ"), L"ÀÉÎÕÜØÞ");
+    EXPECT_EQ(UpperCase(L"÷×"), L"÷×");
+    EXPECT_EQ(UpperCase(L"āăąčđ"), L"ĀĂĄČĐ");
+    EXPECT_EQ(UpperCase(L"ÿ"), L"Ÿ");
+}
+
+TEST(UpperCase, CoversNumeralsAndCircledLetters) {
+    EXPECT_EQ(UpperCase(L"ⅰⅹ"), L"ⅠⅩ");
+    EXPECT_EQ(UpperCase(L"ⓐⓩ"), L"ⒶⓏ");
+}
+
+TEST(UpperCase, LeavesWhatHasNoCaseAlone) {
+    EXPECT_EQ(UpperCase(L"表ソ能かなカナｶﾅ"), L"表ソ能かなカナｶﾅ");
+    EXPECT_EQ(UpperCase(L"ΑБÀＡ"), L"ΑБÀＡ");
+}
+
+// As file systems do: a letter whose upper-case form is longer stays what it is.
+TEST(UpperCase, KeepsTheLengthAndIsDoneAtOnce) {
+    EXPECT_EQ(UpperCase(L"straße"), L"STRAßE");
+    for (unsigned code = 0; code < 0x10000; ++code) {
+        const auto upper = UpperCase(static_cast<wchar_t>(code));
+        ASSERT_EQ(UpperCase(upper), upper) << std::hex << code;
+    }
+}
+
+TEST(UpperCase, KeepsTextsWithNuls) {
+    EXPECT_EQ(UpperCase(L"a\0b"s), L"A\0B"s);
+}
+
+#ifdef _WIN32
+
+// Every letter that a Japanese system can write in its file names.
+TEST(UpperCase, AgreesWithWindowsOnJapaneseSystems) {
+    using Function = WCHAR(WINAPI*)(WCHAR);
+    const auto windowsUpperCase = reinterpret_cast<Function>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlUpcaseUnicodeChar")));
+    ASSERT_NE(windowsUpperCase, nullptr);
+    int compared = 0;
+    for (unsigned code = 0x20; code < 0xFFFE; ++code) {
+        const auto letter = static_cast<wchar_t>(code);
+        char bytes[4];
+        BOOL isReplaced = FALSE;
+        if (WideCharToMultiByte(932, WC_NO_BEST_FIT_CHARS, &letter, 1, bytes, 4, nullptr,
+                                &isReplaced) == 0 ||
+            isReplaced)
+            continue;
+        ++compared;
+        EXPECT_EQ(UpperCase(letter), windowsUpperCase(letter)) << std::hex << code;
+    }
+    EXPECT_GT(compared, 7000);
+}
+
+#endif
+
+TEST(EqualIgnoringCase, ComparesWholeTexts) {
+    EXPECT_TRUE(EqualIgnoringCase(L"Ombrel.EXE", L"oMBREL.exe"));
+    EXPECT_TRUE(EqualIgnoringCase(L"ａ表", L"Ａ表"));
+    EXPECT_TRUE(EqualIgnoringCase(L"", L""));
+    EXPECT_FALSE(EqualIgnoringCase(L"a", L"ab"));
+    EXPECT_FALSE(EqualIgnoringCase(L"ab", L"a"));
+    EXPECT_FALSE(EqualIgnoringCase(L"a", L"ａ"));
+    EXPECT_FALSE(EqualIgnoringCase(L"か", L"カ"));
+}
+
+TEST(EndsWithIgnoringCase, LooksAtTheEndOnly) {
+    EXPECT_TRUE(EndsWithIgnoringCase(L"name.ObL", L".obl"));
+    EXPECT_TRUE(EndsWithIgnoringCase(L".obl", L".OBL"));
+    EXPECT_TRUE(EndsWithIgnoringCase(L"any", L""));
+    EXPECT_FALSE(EndsWithIgnoringCase(L"obl", L".obl"));
+    EXPECT_FALSE(EndsWithIgnoringCase(L"name.obl.txt", L".obl"));
+}
+
+TEST(StartsWith, ComparesExactly) {
+    EXPECT_TRUE(StartsWith(L"KVAOPTION=ON", L"KVAOPTION="));
+    EXPECT_TRUE(StartsWith(L"x", L""));
+    EXPECT_FALSE(StartsWith(L"kvaoption=", L"KVAOPTION="));
+    EXPECT_FALSE(StartsWith(L"KVA", L"KVAOPTION="));
+}
+
+TEST(Last, TakesWhatIsThere) {
+    EXPECT_EQ(Last(L"name.obl", 4), L".obl");
+    EXPECT_EQ(Last(L"obl", 4), L"obl");
+    EXPECT_EQ(Last(L"obl", 0), L"");
+    EXPECT_EQ(Last(L"", 4), L"");
+}
+
+TEST(WithoutLast, LeavesWhatIsThere) {
+    EXPECT_EQ(WithoutLast(L"name.obl", 4), L"name");
+    EXPECT_EQ(WithoutLast(L".obl", 4), L"");
+    EXPECT_EQ(WithoutLast(L"obl", 4), L"");
+    EXPECT_EQ(WithoutLast(L"obl", 0), L"obl");
+}
+
+TEST(WithBackslash, AppendsOneWhereNoneIs) {
+    EXPECT_EQ(WithBackslash(L"C:\\a"), L"C:\\a\\");
+    EXPECT_EQ(WithBackslash(L"C:\\a\\"), L"C:\\a\\");
+    EXPECT_EQ(WithBackslash(L"C:\\"), L"C:\\");
+    EXPECT_EQ(WithBackslash(L""), L"\\");
+}
+
+TEST(WithoutBackslash, TakesOneAwayButForARoot) {
+    EXPECT_EQ(WithoutBackslash(L"C:\\a\\"), L"C:\\a");
+    EXPECT_EQ(WithoutBackslash(L"C:\\a"), L"C:\\a");
+    EXPECT_EQ(WithoutBackslash(L"C:\\"), L"C:\\");
+    EXPECT_EQ(WithoutBackslash(L"C:"), L"C:");
+    EXPECT_EQ(WithoutBackslash(L"\\\\server\\share\\"), L"\\\\server\\share");
+    EXPECT_EQ(WithoutBackslash(L"ab\\"), L"ab");
+    EXPECT_EQ(WithoutBackslash(L""), L"");
+}
+
+TEST(NameOf, IsWhatFollowsTheLastBackslash) {
+    EXPECT_EQ(NameOf(L"C:\\folder\\表.lzh"), L"表.lzh");
+    EXPECT_EQ(NameOf(L"name"), L"name");
+    EXPECT_EQ(NameOf(L"C:\\folder\\"), L"");
+    EXPECT_EQ(NameOf(L""), L"");
+}
+
+} // namespace
+} // namespace tamblin

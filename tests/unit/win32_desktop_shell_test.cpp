@@ -1,0 +1,109 @@
+// Deleting trees for good and finding the desktop, by the real shell.
+#ifdef _WIN32
+
+#include "platform/win32/win32_desktop_shell.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "platform/win32/win32_file_system.h"
+#include "support/folder_link.h"
+#include "support/temporary_folder.h"
+
+namespace tamblin {
+namespace {
+
+class Win32DesktopShellTest : public testing::Test {
+  protected:
+    std::wstring In(const std::wstring& name) const { return folder.Path() + L'\\' + name; }
+    bool IsThere(const std::wstring& name) { return files.Find(In(name)).has_value(); }
+
+    void MakeTree() {
+        files.MakeFolder(In(L"tree"));
+        files.MakeFolder(In(L"tree\\sub"));
+        files.Write(In(L"tree\\a.txt"), "1");
+        files.Write(In(L"tree\\sub\\表.txt"), "2");
+        files.SetAttributes(In(L"tree\\a.txt"), {.readOnly = true, .hidden = true});
+        files.Write(In(L"beside"), "3");
+    }
+
+    TemporaryFolder folder;
+    Win32FileSystem files;
+    Win32DesktopShell shell;
+};
+
+TEST_F(Win32DesktopShellTest, DeletesATreeWithAllItHolds) {
+    MakeTree();
+    shell.DeleteTree(In(L"tree"));
+    EXPECT_FALSE(IsThere(L"tree"));
+    EXPECT_TRUE(IsThere(L"beside"));
+}
+
+TEST_F(Win32DesktopShellTest, DeletesASingleFileAndTakesPathsAsTheyCome) {
+    MakeTree();
+    shell.DeleteTree(In(L"beside"));
+    EXPECT_FALSE(IsThere(L"beside"));
+    files.SetCurrentFolder(folder.Path());
+    shell.DeleteTree(L".\\tree\\\\sub\\");
+    EXPECT_FALSE(IsThere(L"tree\\sub"));
+    EXPECT_TRUE(IsThere(L"tree\\a.txt"));
+}
+
+TEST_F(Win32DesktopShellTest, DeletesNothingThatIsNotOnePath) {
+    MakeTree();
+    files.SetCurrentFolder(In(L"tree"));
+    for (const std::wstring& path :
+         {std::wstring(), In(L"tree\\*"), In(L"*.*"), In(L"nosuch"), folder.Path().substr(0, 3)})
+        shell.DeleteTree(path);
+    files.SetCurrentFolder(folder.Path());
+    EXPECT_TRUE(IsThere(L"tree\\a.txt"));
+    EXPECT_TRUE(IsThere(L"tree\\sub\\表.txt"));
+    EXPECT_TRUE(IsThere(L"beside"));
+}
+
+TEST_F(Win32DesktopShellTest, RecycledTreeIsGoneFromItsPlace) {
+    MakeTree();
+    shell.MoveToRecycleBin(In(L"tree"));
+    EXPECT_FALSE(IsThere(L"tree"));
+    EXPECT_TRUE(IsThere(L"beside"));
+}
+
+TEST_F(Win32DesktopShellTest, WhatALinkPointsToIsNeverDeleted) {
+    MakeTree();
+    files.MakeFolder(In(L"real"));
+    files.Write(In(L"real\\kept"), "4");
+    if (!MakeFolderLink(In(L"tree\\sub\\link"), In(L"real")) ||
+        !MakeFolderLink(In(L"link"), In(L"real")))
+        GTEST_SKIP() << "links cannot be made here";
+    shell.DeleteTree(In(L"link"));
+    shell.DeleteTree(In(L"tree"));
+    EXPECT_EQ(files.Read(In(L"real\\kept")), "4");
+    // Wine follows links in every call, so that there they stay, and what holds one stays too.
+    EXPECT_EQ(IsThere(L"link"), RunsUnderWine());
+    EXPECT_EQ(IsThere(L"tree"), RunsUnderWine());
+}
+
+TEST_F(Win32DesktopShellTest, WhatALinkPointsToIsNeverRecycled) {
+    MakeTree();
+    files.MakeFolder(In(L"real"));
+    files.Write(In(L"real\\kept"), "4");
+    if (!MakeFolderLink(In(L"tree\\link"), In(L"real")) ||
+        !MakeFolderLink(In(L"link"), In(L"real")))
+        GTEST_SKIP() << "links cannot be made here";
+    shell.MoveToRecycleBin(In(L"link"));
+    shell.MoveToRecycleBin(In(L"tree"));
+    EXPECT_EQ(files.Read(In(L"real\\kept")), "4");
+    EXPECT_EQ(IsThere(L"tree"), RunsUnderWine());
+}
+
+TEST_F(Win32DesktopShellTest, KnowsTheDesktop) {
+    const auto desktop = shell.DesktopFolder();
+    ASSERT_TRUE(desktop);
+    EXPECT_EQ(desktop->substr(1, 2), L":\\");
+    EXPECT_FALSE(desktop->ends_with(L'\\'));
+}
+
+} // namespace
+} // namespace tamblin
+
+#endif
