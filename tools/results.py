@@ -17,18 +17,22 @@ from xml.sax.saxutils import escape, quoteattr
 
 def run_case(folder, name, command):
     start = time.monotonic()
-    done = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    output = ""
+    with subprocess.Popen(
+        command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT
+    ) as process:
+        for line in process.stdout:
+            output += line.decode(errors="replace")
+            print(line.decode(errors="replace"), end="", flush=True)
     seconds = time.monotonic() - start
-    output = done.stdout.decode(errors="replace")
-    print(output, end="")
     printable = "".join(c for c in output[-20000:] if c in "\n\t" or c >= " ")
-    failure = f"<failure>{escape(printable)}</failure>" if done.returncode else ""
+    failure = f"<failure>{escape(printable)}</failure>" if process.returncode else ""
     pathlib.Path(folder, name + ".xml").write_text(
         f'<testsuite name={quoteattr(name)}><testcase classname="checks" name={quoteattr(name)} '
         f'time="{seconds:.2f}">{failure}</testcase></testsuite>\n',
         encoding="utf-8",
     )
-    return done.returncode
+    return process.returncode
 
 
 def outcome(case):

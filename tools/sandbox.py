@@ -67,6 +67,7 @@ def start(machine, app):
     # On the user's own screen the window stands among the user's other windows.
     subprocess.run(
         machine.in_prefix("wine", "reg", "delete", "HKCU\\Software\\Wine\\Explorer", "/f"),
+        cwd=machine.path("C:\\"),
         stdin=subprocess.DEVNULL,
         stdout=subprocess.DEVNULL,
         check=False,

@@ -127,6 +127,21 @@ def press_keys(*keys):
     subprocess.run(["xdotool", "key", "--delay", "60", *keys], check=True)
 
 
+def tab_to(control):
+    """Presses Tab until the control has the keyboard."""
+
+    def focus():
+        return control.operator.ask("focus")
+
+    passed = []
+    while (here := wait_until(focus, "a control to have the keyboard"))["id"] != control.identity:
+        if here in passed:
+            raise AssertionError(f"Tab does not lead to control {control.identity}")
+        passed.append(here)
+        press_keys("Tab")
+        wait_until(lambda: focus() not in (None, here), "Tab to lead on")
+
+
 def point_at(x, y):
     subprocess.run(["xdotool", "mousemove", str(x), str(y)], check=True)
 

@@ -5,7 +5,7 @@ import shutil
 import pytest
 
 import lzh_packages
-from tamblin_app import wait_until
+from tamblin_app import press_keys, tab_to, wait_until
 
 DONE = "インストールが完了しました。"
 CANCELLED = "インストールを中止しました。"
@@ -82,6 +82,28 @@ def test_the_whole_install_with_the_mouse(running, machine):
     assert machine.tree(HOST)["haruka.obl"] == lzh_packages.definition("haruka")
 
 
+def test_the_whole_install_with_the_keyboard(running, machine):
+    main = running.main
+    tab_to(main.list2)
+    for name in main.list2.entries():
+        press_keys("Down")
+        wait_until(lambda: main.list2.selected(), "a file to be selected")
+        if main.list2.selected() == ["futari.lzh"]:
+            break
+    assert main.list2.selected() == ["futari.lzh"]
+    tab_to(main.command1)
+    press_keys("space")
+    confirmation = running.confirmation.wait_shown()
+    tab_to(confirmation.command1)
+    press_keys("Return")
+    running.wait_box()
+    press_keys("Return")
+    running.box.wait_gone()
+    main.wait_enabled()
+    assert main.list3.entries() == ["haruka", "mikan", "minato", "yuzu"]
+    assert machine.tree(HOST)["haruka.obl"] == lzh_packages.definition("haruka")
+
+
 def test_cancelling_changes_nothing(running, machine):
     before = machine.tree(HOST)
     propose(running, "futari.lzh").command2.press()
@@ -93,6 +115,15 @@ def test_cancelling_changes_nothing(running, machine):
     assert_not_staged(machine, "C", "D")
     assert running.main.list2.selected() == ["futari.lzh"]
     assert running.main.enabled_commands() == [1, 6, 8, 9, 10, 12]
+
+
+def test_escape_in_the_confirmation_cancels(running, machine):
+    before = machine.tree(HOST)
+    propose(running, "futari.lzh")
+    press_keys("Escape")
+    running.answer(CANCELLED, "OK")
+    running.main.wait_enabled()
+    assert machine.tree(HOST) == before
 
 
 def test_closing_the_confirmation_by_its_frame_goes_on_to_install(running):

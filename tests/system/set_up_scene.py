@@ -1,0 +1,166 @@
+"""What set-up tests share: a program on a machine with several drives, and journeys through it."""
+
+import itertools
+import os
+import shutil
+
+import pytest
+
+from hosts import make_host
+from machine import ROOT, Machine
+from more_windows import (
+    ChoiceWindow,
+    HelpWindow,
+    ManagementWindow,
+    ManualWindow,
+    SearchWindow,
+    WizardWindow,
+)
+from operator_client import OperatorError
+from tamblin_app import App, wait_until
+
+numbers = itertools.count(1)
+EXIT = "Tamblin を終了してもよろしいですか？"
+CANCELLED = "Vimoraフォルダの検出を中止しました。"
+NOTHING_NEW = "新しく、Vimoraを検出することができませんでした。"
+NO_HOST = "Vimora が見つかりませんでした。"
+DUPLICATE = "このフォルダは、すでに登録されています。別のフォルダを指定してください。"
+UNCHANGED = "変更されませんでした。"
+REGISTER_QUESTION = "検出されたフォルダのうち、登録するフォルダにチェックをつけてください。"
+DEFAULT_QUESTION = "デフォルトに設定するフォルダを選択してください。"
+
+
+def with_windows(app):
+    app.wizard = WizardWindow(app)
+    app.manual = ManualWindow(app)
+    app.search = SearchWindow(app)
+    app.choice = ChoiceWindow(app)
+    app.management = ManagementWindow(app)
+    app.help = HelpWindow(app)
+    return app
+
+
+class BareMachine:
+    """Fixed drives C: and D:, a removable drive F:, and the program, not started and without settings."""
+
+    DRIVES = "cdf"
+
+    def __init__(self):
+        folder = ROOT / "build" / "machines" / f"set-up-{os.getpid()}-{next(numbers)}"
+        if folder.exists():
+            shutil.rmtree(folder)
+        self.machine = Machine(folder, drives=self.DRIVES[1:])
+        self.app = with_windows(App(self.machine))
+        assert self.app.operator
+        self.content = self.entries()
+
+    def entries(self):
+        tops = [self.machine.path(drive + ":\\") for drive in self.DRIVES]
+        tops.append(self.machine.path(App.FOLDER))
+        return {entry for top in tops for entry in top.iterdir()}
+
+    def sweep(self):
+        """Makes the machine bare again; false when the program does not end."""
+        forms = [w for w in self.app.operator.windows() if w["class"].startswith("Tamblin.")]
+        try:
+            if forms:
+                self.app.operator.ask("end-session", forms[0]["window"])
+            self.app.wait_ended(5)
+        except (OperatorError, TimeoutError):
+            return False
+        for entry in self.entries() - self.content:
+            if entry.is_dir() and not entry.is_symlink():
+                shutil.rmtree(entry)
+            else:
+                entry.unlink()
+        return True
+
+
+@pytest.fixture(scope="module")
+def bare_machines():
+    """The machine that a module's tests share, one after the other."""
+    current = []
+    yield current
+    for bare in current:
+        bare.machine.remove()
+
+
+@pytest.fixture
+def fresh():
+    """For tests that want a machine on which no program has ever run."""
+
+
+@pytest.fixture
+def bare(request, bare_machines):
+    if "fresh" in request.fixturenames and bare_machines:
+        bare_machines.pop().machine.remove()
+    if not bare_machines:
+        bare_machines.append(BareMachine())
+    bare = bare_machines[0]
+    yield bare
+    if not bare.sweep():
+        bare_machines.pop().machine.remove()
+
+
+@pytest.fixture
+def app(bare):
+    return bare.app
+
+
+@pytest.fixture
+def machine(bare):
+    return bare.machine
+
+
+def shown_windows(app):
+    """The classes of the program's windows that are shown, its message boxes too."""
+    shown = [w["class"] for w in app.operator.windows() if w["visible"]]
+    return sorted(name for name in shown if name.startswith("Tamblin.") or name == "#32770")
+
+
+def wait_only(app, window, timeout=30.0):
+    """Waits until `window` is the program's only one and can be used."""
+    wait_until(lambda: shown_windows(app) == [window.CLASS], f"{window.CLASS} alone to be shown", timeout)
+    return window.wait_enabled()
+
+
+def start_wizard(app):
+    app.start()
+    return wait_only(app, app.wizard)
+
+
+def start_main(app):
+    app.start()
+    return wait_only(app, app.main)
+
+
+def make_known(app, *folders, default=None, lines=("KVAOPTION=OFF",)):
+    """Makes host folders and the settings that name them."""
+    for folder in folders:
+        make_host(app.machine, folder, [folder.rsplit("\\", 1)[1].lower()])
+    app.write_ini(
+        "VERSION=Ver.0.61",
+        f"DEFAULT={folders[0] if default is None else default}",
+        *lines,
+        *[f"VMRFOLDER={folder}" for folder in folders],
+    )
+
+
+def fresh_settings(*folders, default, kavalet=""):
+    """The settings file that a first run leaves; its browser stood in the program's folder."""
+    lines = ["# Tamblin", "# Configuration File", "", "VERSION=Ver.0.61", f"DEFAULT={default}"]
+    lines += [f"KVAOPTION={kavalet}", *[f"VMRFOLDER={folder}" for folder in folders]]
+    lines += ["VIEWFOLDER=C:\\Tamblin\\", ""]
+    return "".join(line + "\r\n" for line in lines).encode("cp932")
+
+
+def leave_main(app):
+    app.main.command8.press()
+    app.answer(EXIT, "OK")
+    app.wait_ended()
+    assert shown_windows(app) == []
+
+
+def assert_main_shows(app, *folders, selected):
+    assert app.main.combo1.entries() == list(folders)
+    assert app.main.combo1.selected() == ([selected] if selected else [])

@@ -1,0 +1,242 @@
+"""The folder management window: list, add, change, delete, default, permission, and leaving."""
+
+import pytest
+
+from hosts import make_host
+from more_windows import LB_GETHORIZONTALEXTENT
+from set_up_scene import (  # noqa: F401
+    app,
+    assert_main_shows,
+    bare,
+    bare_machines,
+    fresh,
+    leave_main,
+    machine,
+    make_known,
+    shown_windows,
+    start_main,
+    wait_only,
+)
+from tamblin_app import press_keys, wait_until
+
+ONE, TWO, THREE = "C:\\One", "D:\\表ソ能\\Two 2", "C:\\Three"
+
+
+def open_management(app):
+    app.main.command6.press()
+    return wait_only(app, app.management)
+
+
+def start_management(app, *folders, **known):
+    make_known(app, *folders, **known)
+    start_main(app)
+    return open_management(app)
+
+
+def go_back(app):
+    app.management.leave.press()
+    return wait_only(app, app.main)
+
+
+def expected_settings(*folders, default, kavalet="OFF", has_kavalet=True):
+    lines = ["VERSION=Ver.0.61", f"DEFAULT={default}"]
+    lines += [f"KVAOPTION={kavalet}"] if has_kavalet else []
+    lines += [f"VMRFOLDER={folder}" for folder in folders]
+    return "".join(line + "\r\n" for line in lines).encode("cp932")
+
+
+def test_the_folders_and_the_default_are_shown(app):
+    management = start_management(app, ONE, TWO, THREE, default=TWO)
+    assert management.title() == "Vimoraフォルダ管理 - Tamblin - "
+    assert management.folders.entries() == [ONE, TWO, THREE]
+    assert management.folders.selected() == [TWO]
+    assert management.leave.text() == "戻る"
+    buttons = [management.add, management.change, management.delete, management.leave]
+    assert [button.enabled() for button in buttons] == [True, True, True, True]
+    assert management.forbid.ticked() and not management.allow.ticked()
+    go_back(app)
+    assert_main_shows(app, ONE, TWO, THREE, selected=TWO)
+
+
+def test_another_default(app):
+    management = start_management(app, ONE, TWO)
+    management.folders.select(TWO)
+    main = go_back(app)
+    assert_main_shows(app, ONE, TWO, selected=TWO)
+    assert main.list3.entries() == ["two 2"]
+    leave_main(app)
+    assert app.ini() == expected_settings(ONE, TWO, default=TWO)
+    start_main(app)
+    assert_main_shows(app, ONE, TWO, selected=TWO)
+
+
+def test_deleting_a_folder(app):
+    management = start_management(app, ONE, TWO, THREE)
+    management.folders.select(TWO)
+    management.delete.press()
+    wait_until(lambda: management.folders.entries() == [ONE, THREE], "the folder to be gone")
+    assert management.folders.selected() == [ONE]
+    go_back(app)
+    assert_main_shows(app, ONE, THREE, selected=ONE)
+    leave_main(app)
+    assert app.ini() == expected_settings(ONE, THREE, default=ONE)
+    assert app.machine.path(TWO + "\\ombrel.exe").exists()
+
+
+def test_deleting_the_default_and_choosing_none(app):
+    management = start_management(app, ONE, TWO)
+    management.delete.press()
+    wait_until(lambda: management.folders.entries() == [TWO], "the folder to be gone")
+    assert management.folders.selected() == []
+    assert not management.leave.enabled()
+    assert not management.change.enabled() and not management.delete.enabled()
+    management.close()
+    main = wait_only(app, app.main)
+    assert_main_shows(app, TWO, selected=None)
+    assert main.list3.entries() == []
+    leave_main(app)
+    assert app.ini() == expected_settings(TWO, default="")
+
+
+def test_deleting_every_folder(app):
+    management = start_management(app, ONE)
+    management.delete.press()
+    wait_until(lambda: management.folders.entries() == [], "the folder to be gone")
+    assert management.leave.enabled() and management.add.enabled()
+    assert not management.change.enabled() and not management.delete.enabled()
+    main = go_back(app)
+    assert_main_shows(app, selected=None)
+    assert main.list3.entries() == []
+    leave_main(app)
+    assert app.ini() == expected_settings(default="")
+
+
+def test_ten_folders_are_the_limit(app):
+    folders = [f"C:\\Host{number}" for number in range(10)]
+    management = start_management(app, *folders)
+    assert management.folders.entries() == folders
+    assert not management.add.enabled()
+    management.folders.select(folders[4])
+    management.delete.press()
+    wait_until(management.add.enabled, "the add button")
+    assert management.folders.entries() == folders[:4] + folders[5:]
+    go_back(app)
+    assert_main_shows(app, *folders[:4], *folders[5:], selected=folders[0])
+
+
+def test_long_paths_can_be_scrolled_sideways(app):
+    long = "D:\\" + "\\".join(["とても長い名前のフォルダ"] * 9) + "\\Vimora"
+    management = start_management(app, ONE, long)
+    left, _, right, _ = management.folders.state()["area"]
+    extent = app.operator.ask("send", management.folders.handle, LB_GETHORIZONTALEXTENT, 0, 0)
+    assert extent > right - left
+
+
+# The permission
+
+
+@pytest.mark.parametrize("before, after", [("OFF", "ON"), ("On", "OFF"), ("on", "ON"), ("oN", "OFF")])
+def test_the_permission_is_kept(app, before, after):
+    management = start_management(app, ONE, lines=[f"KVAOPTION={before}"])
+    allowed = before in ["ON", "on", "On"]
+    assert management.allow.ticked() == allowed and management.forbid.ticked() != allowed
+    chosen = management.allow if after == "ON" else management.forbid
+    chosen.press()
+    wait_until(chosen.ticked, "the choice")
+    assert management.allow.ticked() != management.forbid.ticked()
+    go_back(app)
+    leave_main(app)
+    assert app.ini() == expected_settings(ONE, default=ONE, kavalet=after)
+    start_main(app)
+    assert open_management(app).allow.ticked() == (after == "ON")
+
+
+# Adding
+
+
+@pytest.mark.usefixtures("fresh")
+def test_adding_by_hand_comes_back_here(app, machine):
+    make_host(machine, TWO, ["mikan"])
+    management = start_management(app, ONE)
+    management.add.press()
+    wizard = wait_only(app, app.wizard)
+    assert wizard.give_up.text() == "戻る"
+    wizard.by_hand.press()
+    manual = wait_only(app, app.manual)
+    manual.browse(TWO)
+    manual.ok.press()
+    management = wait_only(app, app.management)
+    assert management.folders.entries() == [ONE, TWO]
+    assert management.folders.selected() == [ONE]
+    management.folders.select(TWO)
+    main = go_back(app)
+    assert_main_shows(app, ONE, TWO, selected=TWO)
+    assert main.list3.entries() == ["mikan"]
+    leave_main(app)
+    assert app.ini() == expected_settings(ONE, TWO, default=TWO)
+    start_main(app)
+    assert_main_shows(app, ONE, TWO, selected=TWO)
+
+
+@pytest.mark.parametrize("way", ["button", "close box", "escape"])
+def test_the_wizard_goes_back_here(app, way):
+    start_management(app, ONE).add.press()
+    wizard = wait_only(app, app.wizard)
+    if way == "button":
+        wizard.give_up.press()
+    elif way == "close box":
+        wizard.close()
+    else:
+        press_keys("Escape")
+    management = wait_only(app, app.management)
+    assert management.folders.entries() == [ONE]
+    assert management.leave.text() == "戻る"
+    go_back(app)
+    assert app.running()
+
+
+def test_nine_folders_and_a_tenth_without_more(app, machine):
+    folders = [f"C:\\Host{number}" for number in range(9)]
+    make_host(machine, TWO)
+    start_management(app, *folders).add.press()
+    wait_only(app, app.wizard).by_hand.press()
+    manual = wait_only(app, app.manual)
+    assert not manual.more.enabled()
+    manual.type_folder(TWO)
+    manual.ok.press()
+    management = wait_only(app, app.management)
+    assert management.folders.entries() == [*folders, TWO]
+    assert not management.add.enabled()
+
+
+# Leaving
+
+
+@pytest.mark.parametrize("way", ["close box", "escape"])
+def test_leaving_by_the_frame_is_leaving_by_the_button(app, way):
+    management = start_management(app, ONE, TWO)
+    management.folders.select(TWO)
+    management.allow.press()
+    wait_until(management.allow.ticked, "the choice")
+    if way == "close box":
+        management.close()
+    else:
+        press_keys("Escape")
+    wait_only(app, app.main)
+    assert_main_shows(app, ONE, TWO, selected=TWO)
+    leave_main(app)
+    assert app.ini() == expected_settings(ONE, TWO, default=TWO, kavalet="ON")
+
+
+def test_nothing_is_written_before_the_main_window_is_left(app):
+    management = start_management(app, ONE, TWO)
+    before = app.ini()
+    management.folders.select(TWO)
+    management.delete.press()
+    wait_until(lambda: management.folders.entries() == [ONE], "the folder to be gone")
+    go_back(app)
+    assert app.ini() == before
+    assert app.main.end_session()
+    app.wait_ended()
+    assert app.ini() == before
+    assert shown_windows(app) == []

@@ -1,0 +1,351 @@
+"""First starts on a bare machine: the wizard and the search for host folders."""
+
+import pytest
+
+from hosts import make_host
+from set_up_scene import (  # noqa: F401
+    CANCELLED,
+    DEFAULT_QUESTION,
+    NOTHING_NEW,
+    REGISTER_QUESTION,
+    app,
+    assert_main_shows,
+    bare,
+    bare_machines,
+    fresh,
+    fresh_settings,
+    leave_main,
+    machine,
+    make_known,
+    shown_windows,
+    start_main,
+    start_wizard,
+    wait_only,
+)
+from tamblin_app import press_keys, wait_until
+
+HOST = "C:\\Programs 表ソ\\Vimora 能"
+
+
+def search(app):
+    app.wizard.search.press()
+
+
+# The wizard
+
+
+@pytest.mark.parametrize("way", ["button", "close box", "escape"])
+def test_giving_up_ends_the_program_and_writes_nothing(app, machine, way):
+    before = machine.tree("C:\\Tamblin")
+    start_wizard(app)
+    assert app.wizard.title() == "環境設定ウィザード  - Tamblin -"
+    assert app.wizard.give_up.text() == "終了"
+    if way == "button":
+        app.wizard.give_up.press()
+    elif way == "close box":
+        app.wizard.close()
+    else:
+        press_keys("Escape")
+    app.wait_ended()
+    assert shown_windows(app) == []
+    assert machine.tree("C:\\Tamblin") == before
+
+
+# Searching
+
+
+@pytest.mark.usefixtures("fresh")
+def test_a_machine_without_a_host_goes_back_to_the_wizard_without_a_message(app, machine):
+    machine.write("D:\\Half\\ombrel.exe", b"without its start-up file")
+    make_host(machine, "F:\\Vimora")
+    start_wizard(app)
+    search(app)
+    app.search.wait_shown()
+    wait_only(app, app.wizard)
+    app.wizard.give_up.press()
+    app.wait_ended()
+    assert not app.has_ini()
+
+
+@pytest.mark.usefixtures("fresh")
+def test_one_host_becomes_the_default(app, machine):
+    make_host(machine, HOST, ["mikan", "yuzu"])
+    start_wizard(app)
+    search(app)
+    wait_only(app, app.main)
+    assert_main_shows(app, HOST, selected=HOST)
+    assert app.main.list3.entries() == ["mikan", "yuzu"]
+    leave_main(app)
+    assert app.ini() == fresh_settings(HOST, default=HOST)
+    start_main(app)
+    assert_main_shows(app, HOST, selected=HOST)
+    assert app.main.list3.entries() == ["mikan", "yuzu"]
+
+
+def test_a_host_in_a_drives_root_and_spelled_in_capitals(app, machine):
+    machine.write("D:\\OMBREL.EXE", b"")
+    machine.write("D:\\Ombrel.RC", b"")
+    start_wizard(app)
+    search(app)
+    wait_only(app, app.main)
+    assert_main_shows(app, "D:\\", selected="D:\\")
+    leave_main(app)
+    assert app.ini() == fresh_settings("D:\\", default="D:\\")
+
+
+@pytest.mark.usefixtures("fresh")
+def test_three_hosts_on_the_fixed_drives_and_one_on_a_removable_drive(app, machine):
+    # Subfolders are searched from the last to the first.
+    found = ["C:\\Second\\Vimora", "C:\\First\\Vimora", "D:\\Games\\表ソ\\Vimora"]
+    for folder in [*found, "F:\\Vimora"]:
+        make_host(machine, folder, ["mikan"])
+    start_wizard(app)
+    search(app)
+    choice = wait_only(app, app.choice)
+    assert choice.title() == "VMRフォルダの選択 - Tamblin -"
+    assert choice.question.text() == REGISTER_QUESTION
+    assert choice.found.visible() and not choice.default.visible()
+    assert choice.found.entries() == found
+    assert choice.found.ticked() == []
+    assert not choice.ok.enabled()
+
+    choice.found.press_space(found[0])
+    assert choice.ok.enabled()
+    choice.found.press_space(found[0])
+    assert not choice.ok.enabled()
+    choice.found.real_click_box(found[2])
+    choice.found.press_space(found[1])
+    assert choice.found.ticked() == found[1:]
+    choice.ok.press()
+
+    wait_until(lambda: choice.question.text() == DEFAULT_QUESTION, "the second question")
+    assert choice.default.visible() and not choice.found.visible()
+    assert choice.default.entries() == found[1:]
+    assert choice.default.selected() == []
+    assert not choice.ok.enabled()
+    choice.default.select(found[2])
+    wait_until(choice.ok.enabled, "the OK button")
+    choice.ok.press()
+
+    wait_only(app, app.main)
+    assert_main_shows(app, *found[1:], selected=found[2])
+    leave_main(app)
+    assert app.ini() == fresh_settings(*found[1:], default=found[2])
+    start_main(app)
+    assert_main_shows(app, *found[1:], selected=found[2])
+
+
+def test_one_tick_among_several_needs_no_second_question(app, machine):
+    for folder in ["C:\\Vimora", "D:\\Vimora"]:
+        make_host(machine, folder)
+    start_wizard(app)
+    search(app)
+    choice = wait_only(app, app.choice)
+    choice.found.press_space("D:\\Vimora")
+    choice.ok.press()
+    wait_only(app, app.main)
+    assert_main_shows(app, "D:\\Vimora", selected="D:\\Vimora")
+    leave_main(app)
+    assert app.ini() == fresh_settings("D:\\Vimora", default="D:\\Vimora")
+
+
+def test_closing_the_choice_goes_back_to_the_wizard(app, machine):
+    for folder in ["C:\\Vimora", "D:\\Vimora"]:
+        make_host(machine, folder)
+    start_wizard(app)
+    search(app)
+    wait_only(app, app.choice).close()
+    wait_only(app, app.wizard)
+    search(app)
+    wait_only(app, app.choice)
+    press_keys("Escape")
+    wait_only(app, app.wizard)
+    app.wizard.give_up.press()
+    app.wait_ended()
+    assert not app.has_ini()
+
+
+def test_closing_the_choice_of_the_default_goes_on_to_the_main_window(app, machine):
+    for folder in ["C:\\Vimora", "D:\\Vimora"]:
+        make_host(machine, folder)
+    start_wizard(app)
+    search(app)
+    choice = wait_only(app, app.choice)
+    choice.found.press_space("C:\\Vimora")
+    choice.found.press_space("D:\\Vimora")
+    choice.ok.press()
+    wait_until(lambda: choice.question.text() == DEFAULT_QUESTION, "the second question")
+    choice.close()
+    wait_only(app, app.main)
+    assert_main_shows(app, "C:\\Vimora", "D:\\Vimora", selected=None)
+    leave_main(app)
+    assert app.ini() == fresh_settings("C:\\Vimora", "D:\\Vimora", default="")
+
+
+# Cancelling
+
+
+@pytest.fixture
+def large(machine):
+    """A few thousand folders, with a host among those that are searched first."""
+    make_host(machine, "C:\\zzz\\Vimora")
+    for outer in range(60):
+        for inner in range(60):
+            machine.path(f"C:\\Large\\{outer:02}\\{inner:02}").mkdir(parents=True)
+        (machine.path(f"C:\\Large\\{outer:02}") / "file.txt").write_bytes(b"")
+    return machine
+
+
+def wait_searching(app):
+    app.search.wait_shown()
+    wait_until(lambda: app.search.folder_count.text().strip(), "the first folders to be searched")
+
+
+@pytest.mark.parametrize("way", ["button", "close box", "escape"])
+def test_cancelling_in_the_middle_forgets_what_was_found(app, large, way):
+    start_wizard(app)
+    search(app)
+    wait_searching(app)
+    assert app.search.title() == "VMRフォルダを検索中... - Tamblin -"
+    assert shown_windows(app) == [app.search.CLASS]
+    if way == "button":
+        # Less than 0.1 s on a machine of its own; this one may be shared.
+        taken = app.operator.ask("press-until-message-box", app.search.cancel.handle)
+        assert taken < 400, f"{taken} ms"
+    elif way == "close box":
+        app.search.close()
+    else:
+        press_keys("Escape")
+    box = app.wait_box()
+    assert box.buttons() == ["OK"]
+    assert not box.has_icon()
+    app.answer(CANCELLED, "OK")
+    wait_only(app, app.wizard)
+    app.wizard.give_up.press()
+    app.wait_ended()
+    assert not app.has_ini()
+
+
+def test_the_counters_live_during_the_search(app, large):
+    start_wizard(app)
+    search(app)
+    wait_searching(app)
+    assert app.search.drive.text() == "C:\\"
+    first = int(app.search.folder_count.text())
+    wait_until(lambda: int(app.search.folder_count.text()) > first, "the folders to be counted on", 5)
+    assert app.search.folder_count.text().startswith(" ")
+    wait_until(lambda: app.search.found_count.text() == "1", "the host to be found", 5)
+    wait_only(app, app.main, timeout=60)
+    assert_main_shows(app, "C:\\zzz\\Vimora", selected="C:\\zzz\\Vimora")
+
+
+def test_a_search_after_a_cancelled_one_finds_everything(app, large):
+    start_wizard(app)
+    search(app)
+    wait_searching(app)
+    app.search.cancel.press()
+    app.answer(CANCELLED, "OK")
+    wait_only(app, app.wizard)
+    search(app)
+    wait_only(app, app.main, timeout=60)
+    assert_main_shows(app, "C:\\zzz\\Vimora", selected="C:\\zzz\\Vimora")
+
+
+# Odd trees
+
+
+def test_links_are_not_searched(app, machine):
+    make_host(machine, "C:\\Vimora")
+    machine.path("C:\\round").symlink_to(machine.path("C:\\"))
+    machine.path("D:\\again").symlink_to(machine.path("C:\\Vimora"))
+    start_wizard(app)
+    search(app)
+    wait_only(app, app.main)
+    assert_main_shows(app, "C:\\Vimora", selected="C:\\Vimora")
+
+
+def test_a_folder_that_may_not_be_read_is_reported_and_passed_over(app, machine):
+    make_host(machine, "C:\\Vimora")
+    closed = machine.make_folder("D:\\closed")
+    machine.make_folder("D:\\closed\\inside")
+    closed.chmod(0o000)
+    start_wizard(app)
+    search(app)
+    box = app.wait_box()
+    assert box.text() in [
+        f"エラー： {number}が発生しました。処理を中止します。" for number in (70, 75, 76)
+    ]
+    box.press("OK")
+    wait_only(app, app.main)
+    assert_main_shows(app, "C:\\Vimora", selected="C:\\Vimora")
+    closed.chmod(0o755)
+
+
+# Searching with folders registered
+
+
+def open_wizard_from_management(app):
+    app.main.command6.press()
+    wait_only(app, app.management).add.press()
+    wait_only(app, app.wizard)
+
+
+def test_nothing_new_is_said_when_folders_were_registered(app, machine):
+    make_known(app, "C:\\Vimora")
+    make_host(machine, "F:\\Vimora")
+    start_main(app)
+    open_wizard_from_management(app)
+    search(app)
+    app.answer(NOTHING_NEW, "OK", timeout=30)
+    wait_only(app, app.wizard)
+    app.wizard.give_up.press()
+    wait_only(app, app.management)
+    assert app.management.folders.entries() == ["C:\\Vimora"]
+
+
+def test_one_new_folder_leads_back_to_the_management(app, machine):
+    make_known(app, "C:\\Vimora")
+    make_host(machine, "D:\\Newcomer")
+    start_main(app)
+    open_wizard_from_management(app)
+    search(app)
+    management = wait_only(app, app.management)
+    assert management.folders.entries() == ["C:\\Vimora", "D:\\Newcomer"]
+    assert management.folders.selected() == ["C:\\Vimora"]
+    management.leave.press()
+    wait_only(app, app.main)
+    assert_main_shows(app, "C:\\Vimora", "D:\\Newcomer", selected="C:\\Vimora")
+
+
+def test_a_folder_registered_in_another_case_of_the_drive_is_found_again(app, machine):
+    make_known(app, "c:\\Vimora")
+    start_main(app)
+    open_wizard_from_management(app)
+    search(app)
+    management = wait_only(app, app.management)
+    assert management.folders.entries() == ["c:\\Vimora", "C:\\Vimora"]
+
+
+def test_several_new_folders_join_the_registered_one(app, machine):
+    make_known(app, "C:\\Vimora")
+    for folder in ["D:\\One", "D:\\Two"]:
+        make_host(machine, folder)
+    start_main(app)
+    open_wizard_from_management(app)
+    search(app)
+    choice = wait_only(app, app.choice)
+    assert choice.found.entries() == ["C:\\Vimora", "D:\\Two", "D:\\One"]
+    assert choice.found.ticked() == ["C:\\Vimora"]
+    assert choice.ok.enabled()
+    choice.found.press_space("D:\\One")
+    choice.ok.press()
+    wait_until(lambda: choice.question.text() == DEFAULT_QUESTION, "the second question")
+    choice.default.select("D:\\One")
+    wait_until(choice.ok.enabled, "the OK button")
+    choice.ok.press()
+    management = wait_only(app, app.management)
+    assert management.folders.entries() == ["C:\\Vimora", "D:\\One"]
+    assert management.folders.selected() == ["D:\\One"]
+    management.leave.press()
+    wait_only(app, app.main)
+    assert_main_shows(app, "C:\\Vimora", "D:\\One", selected="D:\\One")
