@@ -333,7 +333,8 @@ class App:
 
     def write_ini(self, *lines):
         """tamb.ini, one line per argument, in the system's code page."""
-        self.machine.write(self.FOLDER + "\\tamb.ini", "".join(f"{line}\r\n" for line in lines).encode("cp932"))
+        text = "".join(f"{line}\r\n" for line in lines)
+        self.machine.write(self.FOLDER + "\\tamb.ini", text.encode("cp932"))
 
     def ini(self):
         return self.machine.read(self.FOLDER + "\\tamb.ini")
@@ -379,7 +380,8 @@ class App:
             lines.append(f"{window['class']} {window['text']!r} enabled={window['enabled']}")
             try:
                 for c in self.operator.ask("controls", window["window"]):
-                    lines.append(f"    {c['id']} {c['class']} {c['text']!r} {c['area']} enabled={c['enabled']} visible={c['visible']}")
+                    state = f"enabled={c['enabled']} visible={c['visible']}"
+                    lines.append(f"    {c['id']} {c['class']} {c['text']!r} {c['area']} {state}")
             except OperatorError as error:
                 lines.append(f"    {error}")
         return "\n".join(lines)

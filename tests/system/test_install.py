@@ -5,13 +5,17 @@ import shutil
 import pytest
 
 import lzh_packages
+from sandbox import settings
 from tamblin_app import press_keys, tab_to, wait_until
 
 DONE = "インストールが完了しました。"
 CANCELLED = "インストールを中止しました。"
 UNPACK_FAILED = "パッケージの解凍に失敗しました。"
 NONE = "（なし）"
-NOTE = "tambに対応した形式ではありませんでした。\n" "これらをインストールする場合は手動で行ってください。"
+NOTE = (
+    "tambに対応した形式ではありませんでした。\n"
+    "これらをインストールする場合は手動で行ってください。"
+)
 HOST = "C:\\Vimora"
 
 
@@ -276,11 +280,12 @@ MERGED_KAVALET = b"# host\r\nsora,start,2\r\nother,x,1\r\nsora,stop,9\r\nsora,ne
 
 
 def kavalet_files(machine):
-    return {path.name.lower(): path.read_bytes() for path in machine.path(HOST).glob("*") if path.stem.lower() == "kva"}
+    files = machine.path(HOST).iterdir()
+    return {path.name.lower(): path.read_bytes() for path in files if path.stem.lower() == "kva"}
 
 
 def test_launcher_definitions_are_merged_when_allowed(furnished, machine):
-    furnished.write_ini("VERSION=Ver.0.61", "DEFAULT=C:\\Vimora", "KVAOPTION=on", "VMRFOLDER=C:\\Vimora", "VIEWFOLDER=C:\\Packages")
+    furnished.write_ini(*settings(kavalet="on"))
     machine.write(HOST + "\\kva.def", HOST_KAVALET)
     furnished.start_main()
     install(furnished, "sora.LZH")
