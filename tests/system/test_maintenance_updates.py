@@ -100,6 +100,20 @@ def test_a_read_only_host_program_is_reported_and_kept(app, machine):
     assert machine.read(HOST + "\\ombrel.exe") == b"a newer one"
 
 
+def test_a_host_program_that_runs_is_reported_and_kept(app, machine):
+    before = machine.read(HOST + "\\ombrel.exe")
+    offer(app, machine, **{"ombrel.exe": b"a newer one"})
+    app.main.list3.select("mikan")
+    app.main.command13.press()
+    wait_until(lambda: app.operator.running("ombrel.exe"), "the host to run")
+    app.main.list3.select()
+    app.main.list2.select("ombrel.exe")
+    ask(app, app.main.command3, HOST_QUESTION).press("OK")
+    wait_report(app, 70, 75)
+    app.main.wait_enabled()
+    assert machine.read(HOST + "\\ombrel.exe") == before
+
+
 # A character's definition file, as the browser offers it
 
 
