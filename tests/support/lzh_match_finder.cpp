@@ -15,7 +15,8 @@ class Finder {
     Finder(std::string_view history, std::string_view data, MatchLimits matchLimits)
         : text(std::string(history) + std::string(data)),
           limits(matchLimits),
-          heads(hashSize, none),
+          hashBits(text.size() < 10'000 ? smallHashBits : largeHashBits),
+          heads(std::size_t{1} << hashBits, none),
           before(text.size(), none) {
         // All places of a long, uniform history are the same; the last ones will do.
         const std::size_t first = history.size() > 512 ? history.size() - 512 : 0;
