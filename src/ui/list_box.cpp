@@ -13,13 +13,19 @@ DWORD StyleFor(ListBox::Selecting mode) {
     return mode == ListBox::Selecting::Several ? style | LBS_EXTENDEDSEL : style;
 }
 
-// While one of these lives, the list does not paint.
+// While one of these lives, the list does not paint, neither its rows nor its scroll bars. The list
+// itself takes care of the rows only.
 class StillPicture {
   public:
-    explicit StillPicture(HWND stilledWindow) : window(stilledWindow) {
+    explicit StillPicture(const Control& stilledList)
+        : window(stilledList.Handle()), wasVisible(stilledList.IsVisible()) {
         ::SendMessageW(window, WM_SETREDRAW, FALSE, 0);
+        if (wasVisible)
+            DefWindowProcW(window, WM_SETREDRAW, FALSE, 0);
     }
     ~StillPicture() {
+        if (wasVisible)
+            DefWindowProcW(window, WM_SETREDRAW, TRUE, 0);
         ::SendMessageW(window, WM_SETREDRAW, TRUE, 0);
         RedrawWindow(window, nullptr, nullptr, RDW_ERASE | RDW_FRAME | RDW_INVALIDATE);
     }
@@ -28,6 +34,7 @@ class StillPicture {
 
   private:
     HWND window;
+    bool wasVisible;
 };
 
 } // namespace
@@ -46,7 +53,7 @@ void ListBox::Show(const SelectionList& list) {
         ShowSelections(list);
         return;
     }
-    const StillPicture still(Handle());
+    const StillPicture still(*this);
     ShowEntries(list.Entries());
     ShowSelections(list);
 }
@@ -58,7 +65,7 @@ void ListBox::Show(const std::vector<std::wstring>& rows, size_t selectedRow) {
             Send(LB_SETCURSEL, selected);
         return;
     }
-    const StillPicture still(Handle());
+    const StillPicture still(*this);
     ShowEntries(rows);
     Send(LB_SETCURSEL, selected);
 }
@@ -95,10 +102,35 @@ void ListBox::ShowSelections(const SelectionList& list) {
         Send(LB_SETCURSEL, selected ? *selected : static_cast<WPARAM>(-1));
         return;
     }
+    std::vector<bool> wanted(entries.size());
+    for (size_t row = 0; row < wanted.size(); ++row)
+        wanted[row] = list.IsSelected(row);
     const auto shown = Selections();
-    for (size_t row = 0; row < entries.size(); ++row)
-        if (shown[row] != list.IsSelected(row))
-            Send(LB_SETSEL, list.IsSelected(row), static_cast<LPARAM>(row));
+    if (shown == wanted)
+        return;
+    // Selecting a row scrolls to it.
+    const StillPicture still(*this);
+    const auto top = static_cast<WPARAM>(Send(LB_GETTOPINDEX));
+    for (size_t row = 0; row < wanted.size(); ++row)
+        if (shown[row] != wanted[row])
+            row = SelectRun(row, shown, wanted);
+    Send(LB_SETTOPINDEX, top);
+}
+
+// Selects or deselects the rows from `first` on that change alike. Returns the last of them.
+size_t ListBox::SelectRun(size_t first, const std::vector<bool>& shown,
+                          const std::vector<bool>& wanted) {
+    size_t last = first;
+    while (last + 1 < wanted.size() && wanted[last + 1] == wanted[first] &&
+           shown[last + 1] != wanted[first])
+        ++last;
+    if (first == last)
+        Send(LB_SETSEL, wanted[first], static_cast<LPARAM>(first));
+    else if (wanted[first])
+        Send(LB_SELITEMRANGEEX, first, static_cast<LPARAM>(last));
+    else
+        Send(LB_SELITEMRANGEEX, last, static_cast<LPARAM>(first));
+    return last;
 }
 
 std::vector<bool> ListBox::Selections() const {

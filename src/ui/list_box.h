@@ -38,6 +38,7 @@ class ListBox : public Control {
     void ScrollBackTo(const std::wstring& topEntry);
     void SetHorizontalExtent(const TextMeasure& measure);
     void ShowSelections(const SelectionList& list);
+    size_t SelectRun(size_t first, const std::vector<bool>& shown, const std::vector<bool>& wanted);
     std::vector<bool> Selections() const;
     void Open();
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {

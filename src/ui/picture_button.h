@@ -20,6 +20,8 @@ class PictureButton : public Button {
                   Caption caption);
     ~PictureButton() override;
 
+    bool ShowsCaption() const { return captionShown; }
+
     Size NaturalSize(const TextMeasure& measure) const override;
     void SetFont(const TextMeasure& measure) override;
     void Notified(UINT code) override;

@@ -1,0 +1,179 @@
+#include "windows/form_check.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <set>
+
+#include "ui/picture_button.h"
+
+namespace tamblin {
+namespace {
+
+std::string Utf8(const std::wstring& text) {
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
+                                         nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<size_t>(size), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(), size,
+                        nullptr, nullptr);
+    return bytes;
+}
+
+std::wstring ClassOf(HWND window) {
+    wchar_t name[64]{};
+    GetClassNameW(window, name, 64);
+    return name;
+}
+
+std::string Describe(const Control& control) {
+    return Utf8(ClassOf(control.Handle())) + " " + std::to_string(GetDlgCtrlID(control.Handle())) +
+           " \"" + Utf8(control.Text()) + "\"";
+}
+
+RECT AreaInForm(const Form& form, const Control& control) {
+    RECT area{};
+    GetWindowRect(control.Handle(), &area);
+    MapWindowPoints(nullptr, form.Handle(), reinterpret_cast<POINT*>(&area), 2);
+    return area;
+}
+
+bool ShowsItsText(const Control& control) {
+    if (const auto* picture = dynamic_cast<const PictureButton*>(&control))
+        return picture->ShowsCaption();
+    const std::wstring name = ClassOf(control.Handle());
+    const DWORD style = static_cast<DWORD>(GetWindowLongW(control.Handle(), GWL_STYLE));
+    if (name == L"Static")
+        return (style & SS_TYPEMASK) != SS_OWNERDRAW;
+    return name == L"Button";
+}
+
+// Lines are broken at "\n" only; "&&" shows as one sign unless the control takes it literally.
+SIZE TextSize(const Control& control) {
+    std::wstring text = control.Text();
+    const HWND window = control.Handle();
+    const HDC target = GetDC(window);
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+    const HGDIOBJ former = SelectObject(target, font);
+    const DWORD style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
+    const bool literal = ClassOf(window) == L"Static" && (style & SS_NOPREFIX);
+    RECT area{};
+    DrawTextW(target, text.c_str(), -1, &area,
+              DT_CALCRECT | (literal ? static_cast<UINT>(DT_NOPREFIX) : 0u));
+    SelectObject(target, former);
+    ReleaseDC(window, target);
+    return {area.right, area.bottom};
+}
+
+bool Overlap(const RECT& a, const RECT& b) {
+    RECT common{};
+    return IntersectRect(&common, &a, &b) != 0;
+}
+
+} // namespace
+
+void MoveToDensity(Form& form, unsigned dpi) {
+    RECT suggested{};
+    GetWindowRect(form.Handle(), &suggested);
+    SendMessageW(form.Handle(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
+                 reinterpret_cast<LPARAM>(&suggested));
+}
+
+void ShrinkToMinimum(Form& form) {
+    MINMAXINFO info{};
+    SendMessageW(form.Handle(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+    SetWindowPos(form.Handle(), nullptr, 0, 0, info.ptMinTrackSize.x, info.ptMinTrackSize.y,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+std::string CutOffCaptions(const Form& form) {
+    std::string faults;
+    for (const Control* control : form.Controls()) {
+        if (!ShowsItsText(*control) || control->Text().empty())
+            continue;
+        const SIZE text = TextSize(*control);
+        RECT room{};
+        GetClientRect(control->Handle(), &room);
+        if (text.cx > room.right || text.cy > room.bottom)
+            faults += Describe(*control) + ": needs " + std::to_string(text.cx) + "x" +
+                      std::to_string(text.cy) + ", has " + std::to_string(room.right) + "x" +
+                      std::to_string(room.bottom) + "\n";
+    }
+    return faults;
+}
+
+std::string MisplacedControls(const Form& form) {
+    std::string faults;
+    RECT client{};
+    GetClientRect(form.Handle(), &client);
+    const auto& controls = form.Controls();
+    for (size_t i = 0; i < controls.size(); ++i) {
+        const RECT area = AreaInForm(form, *controls[i]);
+        if (area.left < 0 || area.top < 0 || area.right > client.right ||
+            area.bottom > client.bottom)
+            faults += Describe(*controls[i]) + " sticks out of the form\n";
+        for (size_t j = 0; j < i; ++j)
+            if (controls[i]->IsVisible() && controls[j]->IsVisible() &&
+                Overlap(area, AreaInForm(form, *controls[j])))
+                faults += Describe(*controls[i]) + " overlaps " + Describe(*controls[j]) + "\n";
+    }
+    return faults;
+}
+
+std::string NamelessControls(const Form& form) {
+    std::string faults;
+    for (const Control* control : form.Controls()) {
+        const bool textIsName =
+            control->Name().kind != ControlKind::Text && control->Name().kind != ControlKind::Combo;
+        const bool named =
+            (textIsName && !control->Text().empty()) || !control->AccessibleName().empty();
+        const bool isLabel = control->Name().kind == ControlKind::Label;
+        if (!named && !isLabel)
+            faults += Describe(*control) + " has no name for screen readers\n";
+    }
+    return faults;
+}
+
+std::string WrongIds(const Form& form) {
+    std::string faults;
+    std::set<int> seen;
+    for (const Control* control : form.Controls()) {
+        const int id = GetDlgCtrlID(control->Handle());
+        if (id != ControlId(control->Name()) || GetParent(control->Handle()) != form.Handle())
+            faults += Describe(*control) + " is not where its name says\n";
+        if (!seen.insert(id).second)
+            faults += Describe(*control) + " shares its ID\n";
+    }
+    return faults;
+}
+
+std::string UnreachableControls(const Form& form) {
+    std::set<HWND> reached;
+    HWND at = nullptr;
+    for (size_t step = 0; step <= form.Controls().size(); ++step) {
+        at = GetNextDlgTabItem(form.Handle(), at, FALSE);
+        reached.insert(at);
+    }
+    std::string faults;
+    for (const Control* control : form.Controls()) {
+        const bool forReading = control->Name().kind == ControlKind::Label ||
+                                control->Name().kind == ControlKind::Image;
+        const bool usable = !forReading && control->IsEnabled() && control->IsVisible();
+        if (usable && !reached.contains(control->Handle()))
+            faults += Describe(*control) + " cannot be reached with the Tab key\n";
+    }
+    return faults;
+}
+
+std::string FaultsOf(Form& form) {
+    std::string faults = NamelessControls(form) + WrongIds(form) + UnreachableControls(form);
+    for (const unsigned dpi : Densities) {
+        MoveToDensity(form, dpi);
+        std::string here = CutOffCaptions(form) + MisplacedControls(form);
+        ShrinkToMinimum(form);
+        here += CutOffCaptions(form) + MisplacedControls(form);
+        if (!here.empty())
+            faults += "at " + std::to_string(dpi) + " dpi:\n" + here;
+    }
+    return faults;
+}
+
+} // namespace tamblin

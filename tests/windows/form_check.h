@@ -1,0 +1,29 @@
+// What holds for every form of the program, at every density: no caption is cut off, nothing
+// overlaps or sticks out, every control has a name for screen readers and its own ID, and the
+// keyboard reaches all that can be used. Each returns what is wrong, line by line.
+#pragma once
+
+#include <string>
+
+#include "ui/form.h"
+
+namespace tamblin {
+
+inline constexpr unsigned Densities[] = {96, 120, 144, 192};
+
+// As when the form is dragged to a monitor of another density.
+void MoveToDensity(Form& form, unsigned dpi);
+// Makes the form as small as the user can.
+void ShrinkToMinimum(Form& form);
+
+std::string CutOffCaptions(const Form& form);
+std::string MisplacedControls(const Form& form);
+std::string NamelessControls(const Form& form);
+std::string WrongIds(const Form& form);
+// The controls that the Tab key does not come to, although they can be used.
+std::string UnreachableControls(const Form& form);
+
+// All of the above, at every density, at the first and at the least size.
+std::string FaultsOf(Form& form);
+
+} // namespace tamblin

@@ -1,0 +1,501 @@
+// The window kit: reporting failures, activation, closing, keyboard, pointer, timers.
+#include "ui/form.h"
+
+#include "ui/at_exit.h"
+#include "ui/busy_pointer.h"
+#include "ui/button.h"
+#include "ui/text_box.h"
+#include "windows/window_scene.h"
+
+namespace tamblin {
+namespace {
+
+class PlainForm : public Form {
+  public:
+    explicit PlainForm(Application& owner, int number = 101, HWND ownerWindow = nullptr)
+        : Form(owner, number, L"Plain", FormFrame::Resizable, ownerWindow) {
+        auto column = Column();
+        column->Add(first).Add(second).Add(third).Add(text).Gap(20, 1);
+        SetLayout(std::move(column));
+        SetFirstFocus(first);
+    }
+
+    using Form::StartTimer;
+    using Form::StopTimer;
+
+    int activations = 0;
+    int closings = 0;
+    int ticks = 0;
+    bool mayClose = true;
+    std::vector<CloseReason> asked;
+    std::vector<std::wstring> keys;
+    std::vector<Control*> pointedAt;
+    std::function<void()> onTick;
+    std::function<void()> onClosing;
+
+    Button first{*this, 1, L"First"};
+    Button second{*this, 2, L"Second"};
+    Button third{*this, 3, L"Third"};
+    TextBox text{*this, 1, TextBox::Access::Editable};
+
+  private:
+    void Activated() override { ++activations; }
+    bool MayClose(CloseReason reason) override {
+        asked.push_back(reason);
+        return mayClose;
+    }
+    void Closing() override {
+        ++closings;
+        if (onClosing)
+            onClosing();
+    }
+    void Tick() override {
+        ++ticks;
+        if (onTick)
+            onTick();
+    }
+    void PointerOver(Control* control) override { pointedAt.push_back(control); }
+    void ReturnPressed() override { keys.push_back(L"return"); }
+    void EscapePressed() override { keys.push_back(L"escape"); }
+};
+
+class FormTest : public WindowScene {
+  protected:
+    PlainForm& Open(int number = 101) {
+        auto& form = application.Open<PlainForm>(application, number);
+        form.Show();
+        Pump();
+        return form;
+    }
+};
+
+TEST_F(FormTest, HasTheClassOfItsNumber) {
+    wchar_t name[64]{};
+    GetClassNameW(Open(107).Handle(), name, 64);
+    EXPECT_STREQ(name, L"Tamblin.Form107");
+}
+
+TEST_F(FormTest, ComputesControlIdsFromNames) {
+    EXPECT_EQ(ControlId({ControlKind::Command, 12}), 1240);
+    EXPECT_EQ(ControlId({ControlKind::Option, 1, 2}), 6022);
+    EXPECT_EQ(ControlId({ControlKind::Image, 1}), 8020);
+    auto& form = Open();
+    EXPECT_EQ(Find(form, ControlKind::Command, 2), form.second.Handle());
+}
+
+// Failures of commands
+
+TEST_F(FormTest, ReportsTheFailureOfACommandWithNumberAndText) {
+    auto& form = Open();
+    form.first.onClick = [] {
+        throw RunTimeError(ErrorNumber::FileNotFound);
+    };
+    Click(form.first.Handle());
+    ASSERT_EQ(fake.messages.shown.size(), 1u);
+    EXPECT_EQ(fake.messages.shown[0].text, L"実行時エラー '53':\n\nファイルが見つかりません。");
+    EXPECT_EQ(fake.messages.shown[0].icon, MessageIcon::Stop);
+    EXPECT_EQ(timesEnded, 0);
+    EXPECT_TRUE(form.IsOpen());
+}
+
+TEST_F(FormTest, ReportsExhaustedMemory) {
+    auto& form = Open();
+    form.first.onClick = [] {
+        throw std::bad_alloc();
+    };
+    Click(form.first.Handle());
+    ASSERT_EQ(fake.messages.shown.size(), 1u);
+    EXPECT_EQ(fake.messages.shown[0].text.substr(0, 10), L"実行時エラー '7'");
+}
+
+TEST_F(FormTest, EndsTheProcessAfterTheReportOfAFatalFailure) {
+    auto& form = Open();
+    form.first.onClick = [] {
+        throw RunTimeError(ErrorNumber::DiskFull).AsFatal();
+    };
+    fake.messages.onShow = [&](const auto&) {
+        EXPECT_EQ(timesEnded, 0);
+    };
+    Click(form.first.Handle());
+    EXPECT_EQ(fake.messages.shown.size(), 1u);
+    EXPECT_EQ(timesEnded, 1);
+}
+
+TEST_F(FormTest, EnablesWhatAFailedCommandHadDisabledBeforeItReports) {
+    auto& form = Open();
+    auto& other = Open(102);
+    form.first.onClick = [&] {
+        form.Hold();
+        other.Hold();
+        throw RunTimeError(ErrorNumber::DiskFull);
+    };
+    fake.messages.onShow = [&](const auto&) {
+        EXPECT_TRUE(IsEnabled(form.Handle()));
+        EXPECT_TRUE(IsEnabled(other.Handle()));
+    };
+    Click(form.first.Handle());
+    EXPECT_EQ(fake.messages.shown.size(), 1u);
+}
+
+TEST_F(FormTest, LeavesDisabledWhatAnOuterCommandHolds) {
+    auto& form = Open();
+    auto& other = Open(102);
+    form.Hold();
+    other.first.onClick = [] {
+        throw RunTimeError(ErrorNumber::DiskFull);
+    };
+    Click(other.first.Handle());
+    EXPECT_FALSE(IsEnabled(form.Handle()));
+    form.Release();
+    EXPECT_TRUE(IsEnabled(form.Handle()));
+}
+
+TEST_F(FormTest, ReportsAFailureInATimerTickAndGoesOnTicking) {
+    auto& form = Open();
+    form.onTick = [&] {
+        if (form.ticks == 1)
+            throw RunTimeError(ErrorNumber::DiskNotReady);
+    };
+    form.StartTimer(10);
+    EXPECT_TRUE(PumpUntil([&] { return form.ticks >= 3; }));
+    EXPECT_EQ(fake.messages.shown.size(), 1u);
+}
+
+TEST_F(FormTest, DoesNotTickWhileATickIsBeingHandled) {
+    auto& form = Open();
+    int depth = 0;
+    int deepest = 0;
+    form.onTick = [&] {
+        ++depth;
+        deepest = std::max(deepest, depth);
+        Sleep(30);
+        Pump();
+        --depth;
+    };
+    form.StartTimer(10);
+    EXPECT_TRUE(PumpUntil([&] { return form.ticks >= 2; }));
+    EXPECT_EQ(deepest, 1);
+}
+
+// Activation
+
+TEST_F(FormTest, IsActivatedWhenItIsShown) {
+    EXPECT_EQ(Open().activations, 1);
+}
+
+TEST_F(FormTest, IsActivatedWhenTheFocusComesFromAnotherForm) {
+    auto& form = Open();
+    auto& other = Open(102);
+    SetActiveWindow(form.Handle());
+    Pump();
+    EXPECT_EQ(form.activations, 2);
+    EXPECT_EQ(other.activations, 1);
+}
+
+TEST_F(FormTest, IsNotActivatedByAWindowThatIsNoForm) {
+    auto& form = Open();
+    const HWND box = CreateWindowExW(0, L"Static", L"box", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
+                                     form.Handle(), nullptr, nullptr, nullptr);
+    SetActiveWindow(box);
+    Pump();
+    ASSERT_EQ(GetActiveWindow(), box);
+    DestroyWindow(box);
+    SetActiveWindow(form.Handle());
+    Pump();
+    EXPECT_EQ(form.activations, 1);
+}
+
+TEST_F(FormTest, IsActivatedAgainWhenItIsShownAfterHiding) {
+    auto& form = Open();
+    form.Hide();
+    Pump();
+    form.Show();
+    Pump();
+    EXPECT_EQ(form.activations, 2);
+}
+
+TEST_F(FormTest, IsNotActivatedWhileAnOperationHoldsIt) {
+    auto& form = Open();
+    form.Hold();
+    auto& other = Open(102);
+    other.Close();
+    Pump();
+    SetActiveWindow(form.Handle());
+    Pump();
+    form.Release();
+    Pump();
+    EXPECT_EQ(form.activations, 1);
+}
+
+TEST_F(FormTest, GivesTheFocusBackToTheControlThatHadIt) {
+    auto& form = Open();
+    SetFocus(form.third.Handle());
+    auto& other = Open(102);
+    EXPECT_EQ(GetFocus(), other.first.Handle());
+    SetActiveWindow(form.Handle());
+    EXPECT_EQ(GetFocus(), form.third.Handle());
+}
+
+// Modal forms
+
+TEST_F(FormTest, ModalFormDisablesTheOthersUntilItIsClosed) {
+    auto& form = Open();
+    PlainForm modal(application, 102, form.Handle());
+    bool disabledMeanwhile = false;
+    modal.onTick = [&] {
+        disabledMeanwhile = !IsEnabled(form.Handle());
+        modal.Close();
+    };
+    modal.StartTimer(10);
+    modal.ShowModal();
+    EXPECT_TRUE(disabledMeanwhile);
+    EXPECT_FALSE(modal.IsOpen());
+    EXPECT_TRUE(IsEnabled(form.Handle()));
+    EXPECT_EQ(GetActiveWindow(), form.Handle());
+}
+
+TEST_F(FormTest, ModalFormLeavesAHeldOwnerHeldButActive) {
+    auto& form = Open();
+    form.Hold();
+    PlainForm modal(application, 102, form.Handle());
+    modal.onTick = [&] {
+        modal.Close();
+    };
+    modal.StartTimer(10);
+    modal.ShowModal();
+    EXPECT_FALSE(IsEnabled(form.Handle()));
+    EXPECT_EQ(GetActiveWindow(), form.Handle());
+    EXPECT_EQ(form.activations, 1);
+}
+
+TEST_F(FormTest, ModalFormPausesTheBusyPointer) {
+    auto& form = Open();
+    const BusyPointer busy;
+    PlainForm modal(application, 102, form.Handle());
+    bool busyMeanwhile = true;
+    modal.onTick = [&] {
+        busyMeanwhile = BusyPointer::IsShown();
+        modal.Close();
+    };
+    modal.StartTimer(10);
+    modal.ShowModal();
+    EXPECT_FALSE(busyMeanwhile);
+    EXPECT_TRUE(BusyPointer::IsShown());
+}
+
+// Closing
+
+TEST_F(FormTest, AsksWhenTheUserCloses) {
+    auto& form = Open();
+    form.mayClose = false;
+    SendMessageW(form.Handle(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(form.IsOpen());
+    EXPECT_EQ(form.asked, std::vector{CloseReason::User});
+    form.mayClose = true;
+    SendMessageW(form.Handle(), WM_CLOSE, 0, 0);
+    EXPECT_FALSE(form.IsOpen());
+}
+
+TEST_F(FormTest, TellsTheProgramsOwnCloseFromTheUsers) {
+    auto& form = Open();
+    form.Close();
+    EXPECT_EQ(form.asked, std::vector{CloseReason::Program});
+    EXPECT_EQ(form.closings, 1);
+}
+
+TEST_F(FormTest, IgnoresTheCloseBoxWhileItIsDisabled) {
+    auto& form = Open();
+    form.Hold();
+    SendMessageW(form.Handle(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(form.IsOpen());
+    EXPECT_TRUE(form.asked.empty());
+}
+
+TEST_F(FormTest, ClosesAllWithTheMostRecentlyOpenedFirst) {
+    std::vector<int> order;
+    for (const int number : {101, 102, 103})
+        Open(number).onClosing = [&order, number] {
+            order.push_back(number);
+        };
+    application.CloseAll();
+    EXPECT_EQ(order, (std::vector{103, 102, 101}));
+    EXPECT_TRUE(application.OpenForms().empty());
+}
+
+TEST_F(FormTest, AFormThatClosesAllIsClosedOnce) {
+    auto& form = Open(101);
+    Open(102);
+    form.onClosing = [&] {
+        application.CloseAll();
+    };
+    form.Close();
+    EXPECT_EQ(form.closings, 1);
+    EXPECT_TRUE(application.OpenForms().empty());
+}
+
+TEST_F(FormTest, TheEndOfTheSessionClosesAllWithoutAsking) {
+    auto& form = Open(101);
+    auto& other = Open(102);
+    form.mayClose = other.mayClose = false;
+    EXPECT_NE(SendMessageW(form.Handle(), WM_QUERYENDSESSION, 0, 0), 0);
+    EXPECT_TRUE(form.IsOpen());
+    SendMessageW(form.Handle(), WM_ENDSESSION, TRUE, 0);
+    EXPECT_TRUE(form.asked.empty());
+    EXPECT_TRUE(application.OpenForms().empty());
+}
+
+TEST_F(FormTest, ASessionThatGoesOnClosesNothing) {
+    auto& form = Open();
+    SendMessageW(form.Handle(), WM_ENDSESSION, FALSE, 0);
+    EXPECT_TRUE(form.IsOpen());
+}
+
+TEST_F(FormTest, TheLoopEndsWithTheLastForm) {
+    auto& form = Open();
+    form.onTick = [&] {
+        application.CloseAll();
+    };
+    form.StartTimer(10);
+    application.Run();
+    EXPECT_TRUE(application.OpenForms().empty());
+}
+
+TEST_F(FormTest, ACommandMayCloseItsOwnForm) {
+    auto& form = Open();
+    bool ranToItsEnd = false;
+    form.first.onClick = [&] {
+        form.Close();
+        ranToItsEnd = true;
+    };
+    Click(form.first.Handle());
+    EXPECT_TRUE(ranToItsEnd);
+    EXPECT_FALSE(form.IsOpen());
+}
+
+// Keyboard
+
+TEST_F(FormTest, TabMovesThroughTheControlsInTheirOrder) {
+    auto& form = Open();
+    EXPECT_EQ(GetFocus(), form.first.Handle());
+    PressKey(VK_TAB);
+    EXPECT_EQ(GetFocus(), form.second.Handle());
+    form.third.SetEnabled(false);
+    PressKey(VK_TAB);
+    EXPECT_EQ(GetFocus(), form.text.Handle());
+    PressKey(VK_TAB);
+    EXPECT_EQ(GetFocus(), form.first.Handle());
+}
+
+TEST_F(FormTest, ReturnPressesTheButtonThatHasTheFocus) {
+    auto& form = Open();
+    int presses = 0;
+    form.second.onClick = [&] {
+        ++presses;
+    };
+    SetFocus(form.second.Handle());
+    PressKey(VK_RETURN);
+    EXPECT_EQ(presses, 1);
+    EXPECT_TRUE(form.keys.empty());
+}
+
+TEST_F(FormTest, ReturnElsewhereAndEscapeGoToTheForm) {
+    auto& form = Open();
+    SetFocus(form.text.Handle());
+    PressKey(VK_RETURN);
+    PressKey(VK_ESCAPE);
+    EXPECT_EQ(form.keys, (std::vector<std::wstring>{L"return", L"escape"}));
+}
+
+TEST_F(FormTest, FocusLeavesAControlThatItsCommandDisables) {
+    auto& form = Open();
+    form.second.onClick = [&] {
+        form.second.SetEnabled(false);
+    };
+    SetFocus(form.second.Handle());
+    PressKey(VK_RETURN);
+    EXPECT_EQ(GetFocus(), form.first.Handle());
+}
+
+// Disabled and held forms
+
+TEST_F(FormTest, IgnoresCommandsOfDisabledButtonsAndHeldForms) {
+    auto& form = Open();
+    int presses = 0;
+    form.first.onClick = [&] {
+        ++presses;
+    };
+    form.first.SetEnabled(false);
+    Click(form.first.Handle());
+    form.first.SetEnabled(true);
+    form.Hold();
+    Click(form.first.Handle());
+    EXPECT_EQ(presses, 0);
+    form.Release();
+    Click(form.first.Handle());
+    EXPECT_EQ(presses, 1);
+}
+
+// Pointer
+
+TEST_F(FormTest, TellsWhatThePointerIsOverAlsoWhenItIsDisabled) {
+    auto& form = Open();
+    form.second.SetEnabled(false);
+    MovePointerOver(form, form.first.Handle());
+    MovePointerOver(form, form.second.Handle());
+    MovePointerTo(form, {3, 300});
+    EXPECT_EQ(form.pointedAt, (std::vector<Control*>{&form.first, &form.second, nullptr}));
+}
+
+TEST_F(FormTest, APointerThatStandsStillPointsAtNothingNew) {
+    auto& form = Open();
+    MovePointerOver(form, form.first.Handle());
+    MovePointerOver(form, form.first.Handle());
+    EXPECT_EQ(form.pointedAt.size(), 1u);
+}
+
+TEST_F(FormTest, ThePointerTellsNothingWhileTheFormIsHeld) {
+    auto& form = Open();
+    form.Hold();
+    MovePointerOver(form, form.first.Handle());
+    EXPECT_TRUE(form.pointedAt.empty());
+}
+
+// Size
+
+TEST_F(FormTest, CannotBeMadeSmallerThanItsLayout) {
+    auto& form = Open();
+    SetWindowPos(form.Handle(), nullptr, 0, 0, 10, 10, SWP_NOMOVE);
+    RECT client{};
+    GetClientRect(form.Handle(), &client);
+    RECT last{};
+    GetWindowRect(form.text.Handle(), &last);
+    MapWindowPoints(nullptr, form.Handle(), reinterpret_cast<POINT*>(&last), 2);
+    EXPECT_LE(last.bottom, client.bottom);
+}
+
+TEST_F(FormTest, StandsInsideTheWorkAreaWhenItIsFirstShown) {
+    auto& form = Open();
+    RECT window{};
+    GetWindowRect(form.Handle(), &window);
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    EXPECT_GE(window.left, work.left);
+    EXPECT_GE(window.top, work.top);
+    EXPECT_LE(window.right, work.right);
+    EXPECT_LE(window.bottom, work.bottom);
+}
+
+TEST_F(FormTest, StaysWhereItIsWhenItIsShownAgain) {
+    auto& form = Open();
+    SetWindowPos(form.Handle(), nullptr, 40, 50, 400, 300, SWP_NOZORDER);
+    form.Hide();
+    form.Show();
+    RECT window{};
+    GetWindowRect(form.Handle(), &window);
+    EXPECT_EQ(window.left, 40);
+    EXPECT_EQ(window.top, 50);
+    EXPECT_EQ(window.right - window.left, 400);
+}
+
+} // namespace
+} // namespace tamblin

@@ -1,0 +1,211 @@
+// List boxes and combo boxes show what a model holds, and give back what the user has selected.
+#include "ui/list_box.h"
+
+#include "ui/combo_box.h"
+#include "windows/window_scene.h"
+
+namespace tamblin {
+namespace {
+
+class ListForm : public Form {
+  public:
+    explicit ListForm(Application& owner) : Form(owner, 110, L"Lists", FormFrame::Resizable) {
+        auto column = Column();
+        column->Add(several, 1).Add(one, 1).Add(combo);
+        SetLayout(std::move(column));
+    }
+    ListBox several{*this, 1, ListBox::Selecting::Several, 10, 5};
+    ListBox one{*this, 2, ListBox::Selecting::One, 10, 5};
+    ComboBox combo{*this, 1};
+};
+
+class ListBoxTest : public WindowScene {
+  protected:
+    void SetUp() override {
+        form.Show();
+        Pump();
+    }
+    LRESULT Ask(const Control& control, UINT message, WPARAM wParam = 0) {
+        return SendMessageW(control.Handle(), message, wParam, 0);
+    }
+    static std::vector<std::wstring> Numbered(size_t count) {
+        std::vector<std::wstring> names;
+        for (size_t i = 0; i < count; ++i)
+            names.push_back(L"character " + std::to_wstring(i));
+        return names;
+    }
+    static SelectionList Listed(std::vector<std::wstring> names) {
+        SelectionList list;
+        list.Assign(std::move(names));
+        return list;
+    }
+    ListForm form{application};
+};
+
+TEST_F(ListBoxTest, ShowsEntriesAndSelections) {
+    SelectionList list = Listed({L"a", L"表ソ能", L"c"});
+    list.Select(0);
+    list.Select(1);
+    form.several.Show(list);
+    EXPECT_EQ(EntriesOf(form.several.Handle()), list.Entries());
+    EXPECT_EQ(SelectedOf(form.several.Handle()), (std::vector<std::wstring>{L"a", L"表ソ能"}));
+}
+
+TEST_F(ListBoxTest, ReadsWhatTheUserHasSelected) {
+    SelectionList list = Listed({L"a", L"b", L"c"});
+    form.several.Show(list);
+    SelectRows(form.several.Handle(), {0, 2});
+    form.several.ReadSelections(list);
+    EXPECT_TRUE(list.IsSelected(0));
+    EXPECT_FALSE(list.IsSelected(1));
+    EXPECT_TRUE(list.IsSelected(2));
+}
+
+TEST_F(ListBoxTest, TakesSelectionsAwayThatTheModelHasDropped) {
+    SelectionList list = Listed({L"a", L"b", L"c"});
+    form.several.Show(list);
+    SelectRows(form.several.Handle(), {0, 1, 2});
+    form.several.ReadSelections(list);
+    list.Select(1, false);
+    form.several.Show(list);
+    EXPECT_EQ(SelectedOf(form.several.Handle()), (std::vector<std::wstring>{L"a", L"c"}));
+}
+
+TEST_F(ListBoxTest, ChangesSelectionsInRunsAndOneByOne) {
+    SelectionList list = Listed(Numbered(12));
+    for (const auto& rows :
+         {std::vector<size_t>{0, 1, 2, 5, 7, 8}, {1, 2, 6, 8, 11}, {0, 11}, {}}) {
+        list.DeselectAll();
+        std::vector<std::wstring> names;
+        for (const size_t row : rows) {
+            list.Select(row);
+            names.push_back(list[row]);
+        }
+        form.several.Show(list);
+        EXPECT_EQ(SelectedOf(form.several.Handle()), names);
+    }
+}
+
+TEST_F(ListBoxTest, StaysScrolledWhereItIsWhenNothingHasChanged) {
+    SelectionList list = Listed(Numbered(200));
+    form.several.Show(list);
+    SendMessageW(form.several.Handle(), LB_SETTOPINDEX, 120, 0);
+    list.Select(3);
+    form.several.Show(list);
+    EXPECT_EQ(Ask(form.several, LB_GETTOPINDEX), 120);
+}
+
+TEST_F(ListBoxTest, KeepsTheTopEntryWhenOthersComeAndGo) {
+    form.several.Show(Listed(Numbered(200)));
+    SendMessageW(form.several.Handle(), LB_SETTOPINDEX, 120, 0);
+    auto names = Numbered(200);
+    names.erase(names.begin(), names.begin() + 5);
+    form.several.Show(Listed(names));
+    EXPECT_EQ(Ask(form.several, LB_GETTOPINDEX), 115);
+}
+
+TEST_F(ListBoxTest, StartsAtTheTopWithOtherContents) {
+    form.several.Show(Listed(Numbered(200)));
+    SendMessageW(form.several.Handle(), LB_SETTOPINDEX, 120, 0);
+    form.several.Show(Listed({L"x", L"y", L"z"}));
+    EXPECT_EQ(Ask(form.several, LB_GETTOPINDEX), 0);
+}
+
+TEST_F(ListBoxTest, CanBeScrolledToTheEndOfItsWidestEntry) {
+    const std::wstring name(300, L'表');
+    form.several.Show(Listed({L"a", name}));
+    EXPECT_GE(Ask(form.several, LB_GETHORIZONTALEXTENT), form.Measure().Width(name));
+    form.several.Show(Listed({L"a"}));
+    EXPECT_LT(Ask(form.several, LB_GETHORIZONTALEXTENT), 100);
+}
+
+TEST_F(ListBoxTest, ShowsTenThousandEntriesAtOnce) {
+    SelectionList list = Listed(Numbered(10000));
+    const ULONGLONG start = GetTickCount64();
+    form.several.Show(list);
+    for (size_t i = 0; i < list.Size(); ++i)
+        list.Select(i);
+    form.several.Show(list);
+    list.DeselectAll();
+    form.several.ReadSelections(list);
+    EXPECT_EQ(list.SelectedCount(), 10000u);
+    EXPECT_LT(GetTickCount64() - start, 3000u);
+}
+
+TEST_F(ListBoxTest, SelectsOneRowOfATreeAndShowsIt) {
+    form.one.Show(Numbered(200), 150);
+    EXPECT_EQ(Ask(form.one, LB_GETCURSEL), 150);
+    const LRESULT top = Ask(form.one, LB_GETTOPINDEX);
+    EXPECT_LE(top, 150);
+    EXPECT_GT(top, 100);
+}
+
+TEST_F(ListBoxTest, ARowBeyondTheEndSelectsTheFirst) {
+    form.one.Show(Numbered(3), 7);
+    EXPECT_EQ(Ask(form.one, LB_GETCURSEL), 0);
+    form.one.Show({}, 0);
+    EXPECT_EQ(Ask(form.one, LB_GETCOUNT), 0);
+}
+
+TEST_F(ListBoxTest, OpensARowByDoubleClickAndByReturn) {
+    std::vector<size_t> opened;
+    form.one.onOpen = [&](size_t row) {
+        opened.push_back(row);
+    };
+    form.one.Show(Numbered(5), 0);
+    DoubleClick(form.one.Handle(), 3);
+    SetFocus(form.one.Handle());
+    SendMessageW(form.one.Handle(), LB_SETCURSEL, 2, 0);
+    PressKey(VK_RETURN);
+    EXPECT_EQ(opened, (std::vector<size_t>{3, 2}));
+}
+
+TEST_F(ListBoxTest, ShowingDoesNotCountAsSelecting) {
+    int selections = 0;
+    form.several.onSelect = [&] {
+        ++selections;
+    };
+    SelectionList list = Listed({L"a", L"b"});
+    list.Select(1);
+    form.several.Show(list);
+    Pump();
+    EXPECT_EQ(selections, 0);
+    SelectRows(form.several.Handle(), {0});
+    EXPECT_EQ(selections, 1);
+}
+
+TEST_F(ListBoxTest, ComboShowsEntriesAndSelection) {
+    form.combo.Show({L"C:\\Vimora", L"D:\\表"}, 1);
+    EXPECT_EQ(Ask(form.combo, CB_GETCOUNT), 2);
+    EXPECT_EQ(TextOf(form.combo.Handle()), L"D:\\表");
+    form.combo.Show({L"C:\\Vimora", L"D:\\表"}, std::nullopt);
+    EXPECT_EQ(TextOf(form.combo.Handle()), L"");
+}
+
+TEST_F(ListBoxTest, ComboReportsWhatTheUserPicks) {
+    std::vector<size_t> picked;
+    form.combo.onSelect = [&](size_t entry) {
+        picked.push_back(entry);
+    };
+    form.combo.Show({L"a", L"b"}, 0);
+    EXPECT_TRUE(picked.empty());
+    SendMessageW(form.combo.Handle(), CB_SETCURSEL, 1, 0);
+    SendMessageW(form.Handle(), WM_COMMAND,
+                 MAKEWPARAM(GetDlgCtrlID(form.combo.Handle()), CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(form.combo.Handle()));
+    EXPECT_EQ(picked, std::vector<size_t>{1});
+}
+
+TEST_F(ListBoxTest, ReturnAndEscapeCloseAnOpenComboFirst) {
+    form.combo.Show({L"a", L"b"}, 0);
+    SetFocus(form.combo.Handle());
+    for (const WPARAM key : {VK_RETURN, VK_ESCAPE}) {
+        SendMessageW(form.combo.Handle(), CB_SHOWDROPDOWN, TRUE, 0);
+        ASSERT_NE(Ask(form.combo, CB_GETDROPPEDSTATE), 0);
+        PressKey(key);
+        EXPECT_EQ(Ask(form.combo, CB_GETDROPPEDSTATE), 0);
+    }
+}
+
+} // namespace
+} // namespace tamblin

@@ -1,0 +1,427 @@
+// The main window: its elements, what it mirrors, its status line, its ways out, an install through
+// it.
+#include "app/main_window.h"
+
+#include "windows/form_check.h"
+#include "windows/window_scene.h"
+
+namespace tamblin {
+namespace {
+
+struct Element {
+    ControlKind kind;
+    int number;
+    const wchar_t* windowClass;
+    const wchar_t* caption; // null when the user's data stand there
+};
+
+constexpr Element Elements[] = {
+    {ControlKind::Combo, 1, L"ComboBox", nullptr},
+    {ControlKind::List, 1, L"ListBox", nullptr},
+    {ControlKind::List, 2, L"ListBox", nullptr},
+    {ControlKind::List, 3, L"ListBox", nullptr},
+    {ControlKind::Text, 1, L"Edit", nullptr},
+    {ControlKind::Text, 2, L"Edit", nullptr},
+    {ControlKind::Command, 1, L"Button", nullptr},
+    {ControlKind::Command, 2, L"Button", nullptr},
+    {ControlKind::Command, 3, L"Button", L"VMR"},
+    {ControlKind::Command, 4, L"Button", L"OBL"},
+    {ControlKind::Command, 5, L"Button", L"UnInstall"},
+    {ControlKind::Command, 6, L"Button", nullptr},
+    {ControlKind::Command, 7, L"Button", L"選択解除"},
+    {ControlKind::Command, 8, L"Button", nullptr},
+    {ControlKind::Command, 9, L"Button", L"選択解除"},
+    {ControlKind::Command, 10, L"Button", L"QuickHelp"},
+    {ControlKind::Command, 11, L"Button", L".rc"},
+    {ControlKind::Command, 12, L"Button", L"CHK"},
+    {ControlKind::Command, 13, L"Button", L"RUN"},
+    {ControlKind::Command, 14, L"Button", L"VIEW"},
+    {ControlKind::Label, 1, L"Static", L"Vimoraフォルダ：\r\n（↓VMRをインストールした場所）"},
+    {ControlKind::Label, 2, L"Static", L"インストール"},
+    {ControlKind::Label, 3, L"Static", L"すべてのフォルダ：\r\n（↓インストールするものを選択）"},
+    {ControlKind::Label, 4, L"Static", L"Local Update"},
+    {ControlKind::Label, 5, L"Static", L"VMR Update"},
+    {ControlKind::Label, 6, L"Static", L"OBL Update"},
+    {ControlKind::Label, 7, L"Static", L""},
+    {ControlKind::Label, 8, L"Static", L""},
+    {ControlKind::Label, 9, L"Static", L"README"},
+    {ControlKind::Label, 10, L"Static", L".rc書換"},
+    {ControlKind::Label, 11, L"Static", L"導入済オンブレル一覧↓"},
+    {ControlKind::Label, 12, L"Static", L"VMRチェック"},
+};
+
+class MainWindowTest : public WindowScene {
+  protected:
+    void SetUp() override {
+        for (const wchar_t* host : {L"C:\\Vimora\\", L"C:\\Second\\"}) {
+            fake.files.AddFile(std::wstring(host) + L"ombrel.exe");
+            fake.files.AddFile(std::wstring(host) + L"ombrel.rc");
+        }
+        for (const wchar_t* name : {L"Alpha", L"Beta", L"表ソ能"}) {
+            fake.files.AddFile(std::wstring(L"C:\\Vimora\\") + name + L".obl");
+            fake.files.AddFolder(std::wstring(L"C:\\Vimora\\") + name);
+        }
+        for (const wchar_t* package : {L"a.lzh", L"abc.obl", L"ombrel.exe", L"new.lzh"})
+            fake.files.AddFile(std::wstring(L"C:\\packages\\") + package);
+        fake.files.AddFolder(L"C:\\packages\\inner");
+        state.HostFolders[1] = L"C:\\Vimora";
+        state.HostFolders[2] = L"C:\\Second";
+        state.HostFolderCount = 2;
+        state.DefaultFolder = L"C:\\Vimora";
+        state.ViewFolder = L"C:\\packages";
+        state.KvaOption = L"OFF";
+        fake.messages.answer = false;
+    }
+
+    Form1& Open() {
+        form = &application.Open<Form1>(application, fake.platform, state, file, handOver);
+        form->Show();
+        Pump();
+        return *form;
+    }
+    HWND Command(int number) const { return Find(*form, ControlKind::Command, number); }
+    HWND List(int number) const { return Find(*form, ControlKind::List, number); }
+    std::wstring Status() const { return TextOf(Find(*form, ControlKind::Text, 2)); }
+    std::vector<int> EnabledCommands() const {
+        std::vector<int> enabled;
+        for (int number = 1; number <= 14; ++number)
+            if (IsEnabled(Command(number)))
+                enabled.push_back(number);
+        return enabled;
+    }
+    int RowOf(HWND list, const std::wstring& entry) const {
+        const auto entries = EntriesOf(list);
+        return static_cast<int>(std::find(entries.begin(), entries.end(), entry) - entries.begin());
+    }
+
+    SettingsState state;
+    SettingsFile file{fake.platform, state};
+    HandOverFake handOver;
+    Form1* form = nullptr;
+};
+
+TEST_F(MainWindowTest, HasEveryElementUnderItsNameWithItsCaption) {
+    Open();
+    EXPECT_EQ(TextOf(form->Handle()), L"Tamblin Ver.0.61");
+    EXPECT_EQ(form->Controls().size(), std::size(Elements));
+    for (const Element& element : Elements) {
+        const HWND window = Find(*form, element.kind, element.number);
+        ASSERT_NE(window, nullptr) << ControlId({element.kind, element.number});
+        wchar_t windowClass[64]{};
+        GetClassNameW(window, windowClass, 64);
+        EXPECT_STREQ(windowClass, element.windowClass);
+        if (element.caption) {
+            EXPECT_EQ(TextOf(window), element.caption);
+        }
+    }
+}
+
+TEST_F(MainWindowTest, ReadsWellAtEveryDensity) {
+    EXPECT_EQ(FaultsOf(Open()), "");
+}
+
+TEST_F(MainWindowTest, FitsASmallScreenAtEveryDensity) {
+    Open();
+    for (const unsigned dpi : Densities) {
+        MoveToDensity(*form, dpi);
+        MINMAXINFO info{};
+        SendMessageW(form->Handle(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+        EXPECT_LE(info.ptMinTrackSize.x, MulDiv(800, static_cast<int>(dpi), 96));
+        EXPECT_LE(info.ptMinTrackSize.y, MulDiv(480, static_cast<int>(dpi), 96));
+    }
+}
+
+TEST_F(MainWindowTest, ShowsWhatIsLoaded) {
+    Open();
+    EXPECT_EQ(TextOf(Find(*form, ControlKind::Combo, 1)), L"C:\\Vimora");
+    EXPECT_EQ(EntriesOf(List(3)), (std::vector<std::wstring>{L"Alpha", L"Beta", L"表ソ能"}));
+    EXPECT_EQ(EntriesOf(List(2)),
+              (std::vector<std::wstring>{L"a.lzh", L"abc.obl", L"new.lzh", L"ombrel.exe"}));
+    EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\packages\\");
+    const auto rows = EntriesOf(List(1));
+    const auto selected = static_cast<size_t>(SendMessageW(List(1), LB_GETCURSEL, 0, 0));
+    ASSERT_LT(selected, rows.size());
+    EXPECT_EQ(rows[selected], L"  + packages");
+    EXPECT_EQ(Status().substr(0, 16), L"Tamblin Ver.0.61");
+    EXPECT_EQ(EnabledCommands(), (std::vector{6, 8, 10, 12}));
+}
+
+TEST_F(MainWindowTest, ItsListsGrowWithIt) {
+    Open();
+    const auto sizeOf = [](HWND window) {
+        RECT area{};
+        GetWindowRect(window, &area);
+        return Size{static_cast<int>(area.right - area.left),
+                    static_cast<int>(area.bottom - area.top)};
+    };
+    ShrinkToMinimum(*form);
+    std::vector<Size> before;
+    for (int list = 1; list <= 3; ++list)
+        before.push_back(sizeOf(List(list)));
+    const Size button = sizeOf(Command(3));
+    RECT window{};
+    GetWindowRect(form->Handle(), &window);
+    SetWindowPos(form->Handle(), nullptr, 0, 0, window.right - window.left + 200,
+                 window.bottom - window.top + 200, SWP_NOMOVE | SWP_NOZORDER);
+    for (int list = 1; list <= 3; ++list) {
+        const Size after = sizeOf(List(list));
+        EXPECT_GT(after.width, before[static_cast<size_t>(list - 1)].width);
+        EXPECT_GT(after.height, before[static_cast<size_t>(list - 1)].height);
+    }
+    EXPECT_EQ(sizeOf(Command(3)).width, button.width);
+    EXPECT_EQ(MisplacedControls(*form), "");
+}
+
+// Selecting
+
+TEST_F(MainWindowTest, LightsTheButtonsThatFitTheSelectedFiles) {
+    Open();
+    SelectRows(List(2), {RowOf(List(2), L"a.lzh")});
+    EXPECT_EQ(EnabledCommands(), (std::vector{1, 6, 8, 9, 10, 12}));
+    SelectRows(List(2), {RowOf(List(2), L"ombrel.exe")});
+    EXPECT_EQ(EnabledCommands(), (std::vector{3, 6, 8, 9, 10, 12}));
+    Click(Command(9));
+    EXPECT_TRUE(SelectedOf(List(2)).empty());
+    EXPECT_FALSE(IsEnabled(Command(9)));
+}
+
+TEST_F(MainWindowTest, TakesTheHostProgramOutOfASelectionOfSeveralFiles) {
+    Open();
+    SelectRows(List(2), {RowOf(List(2), L"a.lzh"), RowOf(List(2), L"ombrel.exe")});
+    EXPECT_EQ(SelectedOf(List(2)), std::vector<std::wstring>{L"a.lzh"});
+    EXPECT_TRUE(IsEnabled(Command(1)));
+}
+
+TEST_F(MainWindowTest, LightsTheButtonsThatFitTheSelectedCharacters) {
+    Open();
+    SelectRows(List(3), {1});
+    EXPECT_EQ(EnabledCommands(), (std::vector{5, 6, 7, 8, 10, 11, 12, 13}));
+    SelectRows(List(3), {0, 1});
+    EXPECT_EQ(EnabledCommands(), (std::vector{5, 6, 7, 8, 10, 12}));
+    Click(Command(7));
+    EXPECT_TRUE(SelectedOf(List(3)).empty());
+    EXPECT_FALSE(IsEnabled(Command(5)));
+    EXPECT_FALSE(IsEnabled(Command(7)));
+}
+
+TEST_F(MainWindowTest, TheStagingButtonStaysGrey) {
+    Open();
+    SelectRows(List(2), {0, 1});
+    SelectRows(List(3), {0});
+    EXPECT_FALSE(IsEnabled(Command(2)));
+}
+
+TEST_F(MainWindowTest, AnotherHostFolderShowsItsCharacters) {
+    Open();
+    const HWND combo = Find(*form, ControlKind::Combo, 1);
+    SendMessageW(combo, CB_SETCURSEL, 1, 0);
+    SendMessageW(form->Handle(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(combo));
+    EXPECT_TRUE(EntriesOf(List(3)).empty());
+    EXPECT_EQ(state.DefaultFolder, L"C:\\Second");
+}
+
+TEST_F(MainWindowTest, ADoubleClickAndReturnOpenARowOfTheTree) {
+    Open();
+    DoubleClick(List(1), RowOf(List(1), L"    + inner"));
+    EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\packages\\inner\\");
+    EXPECT_TRUE(EntriesOf(List(2)).empty());
+    SetFocus(List(1));
+    SendMessageW(List(1), LB_SETCURSEL, static_cast<WPARAM>(RowOf(List(1), L"  + packages")), 0);
+    PressKey(VK_RETURN);
+    EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\packages\\");
+}
+
+// The status line
+
+TEST_F(MainWindowTest, ExplainsTheButtonUnderThePointerEnabledOrNot) {
+    Open();
+    ASSERT_FALSE(IsEnabled(Command(1)));
+    for (const int number : {1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14}) {
+        MovePointerOver(*form, Command(number));
+        EXPECT_EQ(Status(), MainScreen::StatusText(static_cast<size_t>(number)));
+    }
+}
+
+TEST_F(MainWindowTest, TheBackgroundEmptiesTheStatusLine) {
+    Open();
+    MovePointerOver(*form, Command(8));
+    ASSERT_EQ(Status(), L"Tamblinを終了します。");
+    MovePointerTo(*form, {1, 1});
+    EXPECT_EQ(Status(), L"");
+}
+
+TEST_F(MainWindowTest, TheStagingButtonLeavesTheStatusLineAsItIs) {
+    Open();
+    MovePointerOver(*form, Command(8));
+    MovePointerOver(*form, Command(2));
+    EXPECT_EQ(Status(), L"Tamblinを終了します。");
+}
+
+// Refreshing
+
+TEST_F(MainWindowTest, ComingFromAnotherWindowItShowsWhatHasChanged) {
+    Open();
+    Form1 other(application, fake.platform, state, file, handOver);
+    fake.files.AddFile(L"C:\\Vimora\\Gamma.obl");
+    fake.files.AddFolder(L"C:\\Vimora\\Gamma");
+    SetActiveWindow(other.Handle());
+    SetActiveWindow(form->Handle());
+    Pump();
+    EXPECT_EQ(RowOf(List(3), L"Gamma"), 2);
+}
+
+TEST_F(MainWindowTest, AFailureLeavesTheWindowShowingWhatIsTrue) {
+    Open();
+    fake.files.SetReady(L"C:", false);
+    const HWND combo = Find(*form, ControlKind::Combo, 1);
+    SendMessageW(form->Handle(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(combo));
+    ASSERT_FALSE(fake.messages.shown.empty());
+    EXPECT_EQ(fake.messages.shown.back().icon, MessageIcon::Stop);
+    EXPECT_TRUE(EntriesOf(List(3)).empty());
+    EXPECT_TRUE(IsEnabled(form->Handle()));
+}
+
+// Other windows
+
+TEST_F(MainWindowTest, SettingsHideItAndShowFolderManagement) {
+    Open();
+    Click(Command(6));
+    EXPECT_FALSE(IsWindowVisible(form->Handle()));
+    EXPECT_EQ(handOver.shown, std::vector{NextWindow::FolderManagement});
+    EXPECT_TRUE(state.OpenedFromMainWindow);
+}
+
+// Leaving
+
+TEST_F(MainWindowTest, ItsExitButtonSavesThenAsks) {
+    Open();
+    fake.messages.onShow = [&](const auto&) {
+        EXPECT_TRUE(fake.files.Exists(L"C:\\Tamblin\\tamb.ini"));
+    };
+    Click(Command(8));
+    EXPECT_TRUE(form->IsOpen());
+    fake.messages.answer = true;
+    Click(Command(8));
+    EXPECT_FALSE(form->IsOpen());
+    EXPECT_EQ(fake.messages.Texts(),
+              (std::vector<std::wstring>(2, L"Tamblin を終了してもよろしいですか？")));
+    EXPECT_EQ(fake.messages.shown[0].kind, MessageBoxesFake::Kind::AskOkCancel);
+}
+
+TEST_F(MainWindowTest, ItsCloseBoxSavesThenAsks) {
+    Open();
+    SendMessageW(form->Handle(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(form->IsOpen());
+    EXPECT_TRUE(fake.files.Exists(L"C:\\Tamblin\\tamb.ini"));
+    fake.messages.answer = true;
+    SendMessageW(form->Handle(), WM_CLOSE, 0, 0);
+    EXPECT_FALSE(form->IsOpen());
+    EXPECT_EQ(fake.messages.Texts(), (std::vector<std::wstring>(2, L"終了してもよろしいですか？")));
+    EXPECT_EQ(fake.messages.shown[0].kind, MessageBoxesFake::Kind::AskYesNo);
+}
+
+TEST_F(MainWindowTest, TheEndOfTheSessionSavesNothing) {
+    Open();
+    SendMessageW(form->Handle(), WM_QUERYENDSESSION, 0, 0);
+    SendMessageW(form->Handle(), WM_ENDSESSION, TRUE, 0);
+    EXPECT_FALSE(form->IsOpen());
+    EXPECT_TRUE(fake.messages.shown.empty());
+    EXPECT_FALSE(fake.files.Exists(L"C:\\Tamblin\\tamb.ini"));
+}
+
+TEST_F(MainWindowTest, TakesEveryOtherWindowAlong) {
+    Open();
+    Form1& other = application.Open<Form1>(application, fake.platform, state, file, handOver);
+    other.Show();
+    form->Close();
+    EXPECT_TRUE(application.OpenForms().empty());
+}
+
+TEST_F(MainWindowTest, SettingsThatCannotBeSavedEndTheProgram) {
+    Open();
+    fake.files.SetCapacity(L"C:", 0);
+    Click(Command(8));
+    EXPECT_EQ(timesEnded, 1);
+    ASSERT_FALSE(fake.messages.shown.empty());
+    EXPECT_EQ(fake.messages.shown[0].icon, MessageIcon::Stop);
+}
+
+// An install, from the selection to the character in the list
+
+class InstallWindowTest : public MainWindowTest {
+  protected:
+    void SetUp() override {
+        MainWindowTest::SetUp();
+        fake.unlha.onUnpack = [this](const std::wstring&) {
+            fake.files.AddFile(L"C:\\TAMTMP\\New\\new.txt");
+            fake.files.AddFile(L"C:\\TAMTMP\\New.obl");
+            return std::int16_t{0};
+        };
+        fake.messages.answer = true;
+    }
+    // Presses Install and does `step` in the confirmation window.
+    void InstallAnd(const std::function<void(Form&)>& step) {
+        SelectRows(List(2), {RowOf(List(2), L"new.lzh")});
+        Meanwhile([this, step] {
+            Form* const confirmation = FormOfClass(L"Tamblin.Form7");
+            if (confirmation)
+                step(*confirmation);
+            return confirmation != nullptr;
+        });
+        Click(Command(1));
+    }
+};
+
+TEST_F(InstallWindowTest, EndsWithTheCharacterInTheList) {
+    Open();
+    InstallAnd([&](Form& confirmation) {
+        EXPECT_FALSE(IsEnabled(form->Handle()));
+        EXPECT_EQ(EntriesOf(Find(confirmation, ControlKind::List, 1)).size(), 1u);
+        Click(Find(confirmation, ControlKind::Command, 1));
+    });
+    EXPECT_EQ(fake.messages.Texts(), std::vector<std::wstring>{L"インストールが完了しました。"});
+    EXPECT_EQ(RowOf(List(3), L"New"), 2);
+    EXPECT_TRUE(SelectedOf(List(2)).empty());
+    EXPECT_TRUE(IsEnabled(form->Handle()));
+    EXPECT_TRUE(IsEnabled(Command(1)));
+    EXPECT_FALSE(IsEnabled(Command(9)));
+    EXPECT_EQ(GetActiveWindow(), form->Handle());
+}
+
+TEST_F(InstallWindowTest, EscapeCancelsIt) {
+    Open();
+    InstallAnd([&](Form&) { PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1); });
+    EXPECT_EQ(fake.messages.Texts(), std::vector<std::wstring>{L"インストールを中止しました。"});
+    EXPECT_EQ(EntriesOf(List(3)).size(), 3u);
+    EXPECT_EQ(SelectedOf(List(2)), std::vector<std::wstring>{L"new.lzh"});
+    EXPECT_TRUE(IsEnabled(Command(1)));
+}
+
+TEST_F(InstallWindowTest, ADamagedPackageLeavesTheWindowUsable) {
+    Open();
+    fake.unlha.onUnpack = [](const std::wstring&) {
+        return std::int16_t{1};
+    };
+    SelectRows(List(2), {RowOf(List(2), L"new.lzh")});
+    Click(Command(1));
+    EXPECT_EQ(fake.messages.Texts(),
+              std::vector<std::wstring>{L"パッケージの解凍に失敗しました。"});
+    EXPECT_TRUE(IsEnabled(form->Handle()));
+    EXPECT_FALSE(IsEnabled(Command(1)));
+}
+
+TEST_F(InstallWindowTest, AFullDiskIsReportedAndLeavesTheWindowUsable) {
+    Open();
+    InstallAnd([&](Form& confirmation) {
+        fake.files.SetReady(L"C:", false);
+        Click(Find(confirmation, ControlKind::Command, 1));
+    });
+    ASSERT_FALSE(fake.messages.shown.empty());
+    EXPECT_EQ(fake.messages.shown[0].icon, MessageIcon::Stop);
+    EXPECT_TRUE(IsEnabled(form->Handle()));
+}
+
+} // namespace
+} // namespace tamblin

@@ -1,0 +1,93 @@
+// The splash window: its elements, its steps, a second copy.
+#include "app/splash_window.h"
+
+#include "windows/form_check.h"
+#include "windows/window_scene.h"
+
+namespace tamblin {
+namespace {
+
+class SplashWindowTest : public WindowScene {
+  protected:
+    Form6& Open(bool anotherCopyIsRunning = false) {
+        return application.Open<Form6>(application, startUp, handOver,
+                                       [=] { return anotherCopyIsRunning; });
+    }
+    static bool ProgressShown(const Form& form) {
+        return IsWindowVisible(Find(form, ControlKind::Label, 4)) != 0;
+    }
+    static void Tick(const Form& form) { SendMessageW(form.Handle(), WM_TIMER, 1, 0); }
+
+    SettingsState state;
+    SettingsFile file{fake.platform, state};
+    StartUp startUp{fake.platform, state, file};
+    HandOverFake handOver;
+};
+
+TEST_F(SplashWindowTest, HasEveryElementWithItsText) {
+    Form6& form = Open();
+    const auto label = [&](int number) {
+        return TextOf(Find(form, ControlKind::Label, number));
+    };
+    EXPECT_EQ(label(2), L"Version 0.61");
+    EXPECT_EQ(label(3), L"support to install && uninstall ombrels");
+    EXPECT_EQ(label(4), L"system files are checking...");
+    EXPECT_NE(label(6), L"");
+    EXPECT_NE(Find(form, ControlKind::Image, 1), nullptr);
+    EXPECT_NE(Find(form, ControlKind::Image, 2), nullptr);
+}
+
+TEST_F(SplashWindowTest, ReadsWellAtEveryDensity) {
+    Form6& form = Open();
+    form.Show();
+    EXPECT_EQ(FaultsOf(form), "");
+}
+
+TEST_F(SplashWindowTest, ShowsTheProgressLineBetweenItsThirdAndEleventhTick) {
+    Form6& form = Open();
+    form.Show();
+    for (int tick = 1; tick <= 11; ++tick) {
+        Tick(form);
+        EXPECT_EQ(ProgressShown(form), tick >= 3 && tick < 11) << tick;
+    }
+}
+
+TEST_F(SplashWindowTest, OpensTheWizardWithoutSettingsAndCloses) {
+    Form6& form = Open();
+    form.Show();
+    for (int tick = 1; tick <= 12; ++tick)
+        Tick(form);
+    EXPECT_EQ(handOver.shown, std::vector{NextWindow::SetUpWizard});
+    EXPECT_FALSE(form.IsOpen());
+}
+
+TEST_F(SplashWindowTest, OpensTheMainWindowWithSettings) {
+    fake.files.AddFile(L"C:\\Vimora\\ombrel.exe");
+    fake.files.AddFile(L"C:\\Vimora\\ombrel.rc");
+    fake.files.AddFile(L"C:\\Tamblin\\tamb.ini", "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Vimora\r\n");
+    Form6& form = Open();
+    form.Show();
+    for (int tick = 1; tick <= 12; ++tick)
+        Tick(form);
+    EXPECT_EQ(handOver.shown, std::vector{NextWindow::MainWindow});
+    EXPECT_FALSE(form.IsOpen());
+}
+
+TEST_F(SplashWindowTest, TicksByItself) {
+    Form6& form = Open();
+    form.Show();
+    EXPECT_TRUE(PumpUntil([&] { return ProgressShown(form); }));
+}
+
+TEST_F(SplashWindowTest, ASecondCopyIsRefusedBeforeAnythingIsSeen) {
+    Form6& form = Open(true);
+    fake.messages.onShow = [&](const auto&) {
+        EXPECT_FALSE(IsWindowVisible(form.Handle()));
+    };
+    form.Show();
+    EXPECT_EQ(fake.messages.Texts(), std::vector<std::wstring>{L"すでに起動されています。"});
+    EXPECT_EQ(handOver.shown, std::vector{NextWindow::EndProgram});
+}
+
+} // namespace
+} // namespace tamblin

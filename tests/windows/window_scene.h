@@ -1,0 +1,60 @@
+// Real windows over fakes of everything else, and what tests do with them: events handled when the
+// test says so, controls found by name, keys and pointer as messages.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "support/platform_fake.h"
+#include "ui/application.h"
+#include "ui/control_id.h"
+#include "ui/form.h"
+#include "ui/hand_over.h"
+
+namespace tamblin {
+
+class HandOverFake : public HandOver {
+  public:
+    std::vector<NextWindow> shown;
+    void Show(NextWindow next) override { shown.push_back(next); }
+};
+
+class WindowScene : public testing::Test {
+  protected:
+    // Handles all events that wait.
+    void Pump();
+    // Does something while a modal window holds the test up: as soon as `step` is not false.
+    void Meanwhile(std::function<bool()> step);
+    // The open form of that window class, or null.
+    Form* FormOfClass(const std::wstring& name) const;
+
+    // Handles events until the condition holds, or two seconds have passed.
+    bool PumpUntil(const std::function<bool()>& condition);
+
+    static HWND Find(const Form& form, ControlKind kind, int number, int index = 0);
+    static std::wstring TextOf(HWND window);
+    static bool IsEnabled(HWND window) { return IsWindowEnabled(window) != 0; }
+    static std::vector<std::wstring> EntriesOf(HWND list);
+    static std::vector<std::wstring> SelectedOf(HWND list);
+
+    // As another program would do it: selects, then notifies the form.
+    static void SelectRows(HWND list, std::initializer_list<int> rows);
+    static void Click(HWND button);
+    static void DoubleClick(HWND list, int row);
+    void PressKey(WPARAM key);
+    void MovePointerOver(const Form& form, HWND control);
+    void MovePointerTo(const Form& form, POINT inClient);
+
+    ~WindowScene() override { KillTimer(nullptr, meanwhileTimer); }
+
+    PlatformFake fake;
+    int timesEnded = 0;
+    Application application{fake.messages, [this] {
+                                ++timesEnded;
+                            }};
+
+  private:
+    static inline std::function<bool()> meanwhile;
+    UINT_PTR meanwhileTimer = 0;
+};
+
+} // namespace tamblin
