@@ -14,8 +14,8 @@
 //
 // The bit buffer. The next bits of the data stand left-aligned in a 64-bit word (bit_reader.h). One
 // refill makes at least 56 of them valid without a branch. The longest symbol code takes 16 bits,
-// the longest distance 16 + 19; so the loop refills once for up to three look-ups of bytes, and
-// once more between a match's length and its distance.
+// the longest distance 16 + 19; a look-up takes at most 11. So the loop refills once for up to five
+// look-ups, once more between a match's length and its distance, and before a search.
 //
 // The tables. The next 11 bits index a table of 32-bit entries (code_table.h), which give all that
 // the loop wants to know:
@@ -74,8 +74,9 @@ constexpr unsigned secondShift = 6;
 // Bytes that are packed into pairs pay for the work only in a block that is long enough.
 constexpr unsigned pairWorthyBlock = 6000;
 
-// Symbols that one round of the fast loop can take.
-constexpr unsigned symbolsPerRound = 6;
+// Look-ups that one refill is enough for, and the symbols that they can take.
+constexpr int lookUpsPerRound = 5;
+constexpr unsigned symbolsPerRound = 2 * lookUpsPerRound;
 
 std::uint32_t SymbolEntry(unsigned symbol, unsigned length) {
     const std::uint32_t bits = length << secondShift | length;
@@ -283,24 +284,17 @@ std::uint8_t* StaticHuffmanDecoder::DecodeFast(BitReader& outerReader, std::uint
         }
         reader.Refill();
         std::uint32_t entry = symbols[reader.Bits()];
-        if ((entry & bytesFlag) != 0) {
+        for (int i = 1; i < lookUpsPerRound && (entry & bytesFlag) != 0; ++i) {
             putBytes(entry);
             entry = symbols[reader.Bits()];
-            if ((entry & bytesFlag) != 0) {
-                putBytes(entry);
-                entry = symbols[reader.Bits()];
-                if ((entry & bytesFlag) != 0) {
-                    putBytes(entry);
-                    continue;
-                }
-            }
         }
         if ((entry & searchSymbol) != 0) [[unlikely]] {
+            reader.Refill();
             entry = FindSymbol(reader.Bits());
-            if ((entry & bytesFlag) != 0) {
-                putBytes(entry);
-                continue;
-            }
+        }
+        if ((entry & bytesFlag) != 0) {
+            putBytes(entry);
+            continue;
         }
         reader.Skip(Bits(entry));
         reader.Refill();
