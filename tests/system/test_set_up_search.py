@@ -6,6 +6,7 @@ from hosts import make_host
 from set_up_scene import (  # noqa: F401
     CANCELLED,
     DEFAULT_QUESTION,
+    NO_HOST,
     NOTHING_NEW,
     REGISTER_QUESTION,
     app,
@@ -189,11 +190,16 @@ def test_closing_the_choice_of_the_default_goes_on_to_the_main_window(app, machi
 def large(machine):
     """A few thousand folders, with a host among those that are searched first."""
     make_host(machine, "C:\\zzz\\Vimora")
-    for outer in range(60):
-        for inner in range(60):
-            machine.path(f"C:\\Large\\{outer:02}\\{inner:02}").mkdir(parents=True)
-        (machine.path(f"C:\\Large\\{outer:02}") / "file.txt").write_bytes(b"")
-    return machine
+    # Making and removing them takes longer than a test, so they only come and go.
+    aside = machine.prefix / "large"
+    if not aside.exists():
+        for outer in range(50):
+            for inner in range(50):
+                (aside / f"{outer:02}" / f"{inner:02}").mkdir(parents=True)
+            (aside / f"{outer:02}" / "file.txt").write_bytes(b"")
+    aside.rename(machine.path("C:\\Large"))
+    yield machine
+    machine.path("C:\\Large").rename(aside)
 
 
 def wait_searching(app):
@@ -209,9 +215,7 @@ def test_cancelling_in_the_middle_forgets_what_was_found(app, large, way):
     assert app.search.title() == "VMRフォルダを検索中... - Tamblin -"
     assert shown_windows(app) == [app.search.CLASS]
     if way == "button":
-        # Less than 0.1 s on a machine of its own; this one may be shared.
-        taken = app.operator.ask("press-until-message-box", app.search.cancel.handle)
-        assert taken < 400, f"{taken} ms"
+        app.search.cancel.press()
     elif way == "close box":
         app.search.close()
     else:
@@ -224,6 +228,23 @@ def test_cancelling_in_the_middle_forgets_what_was_found(app, large, way):
     app.wizard.give_up.press()
     app.wait_ended()
     assert not app.has_ini()
+
+
+def test_the_cancel_button_answers_at_once(app, large):
+    """Within 0.1 s beyond what this machine needs for any message box."""
+    start_wizard(app)
+    app.wizard.by_hand.press()
+    manual = wait_only(app, app.manual)
+    usual = app.operator.ask("press-until-message-box", manual.ok.handle)
+    app.answer(NO_HOST, "OK")
+    wait_only(app, manual).back.press()
+    wait_only(app, app.wizard)
+    search(app)
+    wait_searching(app)
+    taken = app.operator.ask("press-until-message-box", app.search.cancel.handle)
+    app.answer(CANCELLED, "OK")
+    wait_only(app, app.wizard)
+    assert taken < 2 * usual + 100, f"{taken} ms, usually {usual} ms"
 
 
 def test_the_counters_live_during_the_search(app, large):
