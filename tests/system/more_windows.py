@@ -48,28 +48,40 @@ class Link(Control):
 
 
 class CheckList(List):
+    def _is_ticked(self, handle, row):
+        data = self.operator.ask("send", handle, LB_GETITEMDATA, row, 0)
+        assert data in [0, 1], data
+        return data == 1
+
     def ticked(self):
         """The texts of the ticked lines."""
         handle = self.handle
-        entries = self.entries()
-        data = [self.operator.ask("send", handle, LB_GETITEMDATA, row, 0) for row in range(len(entries))]
-        assert set(data) <= {0, 1}, data
-        return [entry for entry, tick in zip(entries, data) if tick]
+        return [entry for row, entry in enumerate(self.entries()) if self._is_ticked(handle, row)]
+
+    def _change(self, text, act):
+        handle, row = self.handle, self.row(text)
+        before = self._is_ticked(handle, row)
+        act(handle, row)
+        wait_until(lambda: self._is_ticked(handle, row) != before, f"the tick of {text} to change")
 
     def press_space(self, text):
         """Changes a line's tick as the space bar does."""
-        handle = self.handle
-        before = text in self.ticked()
-        self.operator.ask("send", handle, LB_SETCURSEL, self.row(text), 0)
-        self.operator.ask("post", handle, WM_KEYDOWN, VK_SPACE, 1)
-        self.operator.ask("post", handle, WM_KEYUP, VK_SPACE, 1)
-        wait_until(lambda: (text in self.ticked()) != before, f"the tick of {text} to change")
+
+        def press(handle, row):
+            self.operator.ask("send", handle, LB_SETCURSEL, row, 0)
+            self.operator.ask("post", handle, WM_KEYDOWN, VK_SPACE, 1)
+            self.operator.ask("post", handle, WM_KEYUP, VK_SPACE, 1)
+
+        self._change(text, press)
 
     def real_click_box(self, text):
-        left, top, right, bottom = self.operator.ask("row-area", self.handle, self.row(text))
-        before = text in self.ticked()
-        click(left + (bottom - top) // 2, (top + bottom) // 2)
-        wait_until(lambda: (text in self.ticked()) != before, f"the tick of {text} to change")
+        """Changes a line's tick by the mouse on its box."""
+
+        def press(handle, row):
+            left, top, _, bottom = self.operator.ask("row-area", handle, row)
+            click(left + (bottom - top) // 2, (top + bottom) // 2)
+
+        self._change(text, press)
 
 
 class PopupMenu(Window):

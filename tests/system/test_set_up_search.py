@@ -302,6 +302,37 @@ def test_a_folder_that_may_not_be_read_is_reported_and_passed_over(app, machine)
     closed.chmod(0o755)
 
 
+def test_a_host_far_down_and_names_that_are_not_in_the_code_page(app, machine):
+    deep = "D:\\" + "\\".join(["a name of 20 letters"] * 20) + "\\Vimora"
+    assert len(deep) > 400
+    make_host(machine, deep, ["mikan"])
+    machine.write("C:\\Привет 한국 😀\\inside\\ombrel.exe", b"")
+    start_wizard(app)
+    search(app)
+    wait_only(app, app.main)
+    assert_main_shows(app, deep, selected=deep)
+    assert app.main.list3.entries() == ["mikan"]
+
+
+def test_of_eleven_hosts_the_last_takes_the_tenth_place(app, machine):
+    hosts = [f"D:\\Host{number:02}" for number in reversed(range(11))]
+    for folder in hosts:
+        make_host(machine, folder)
+    start_wizard(app)
+    search(app)
+    choice = wait_only(app, app.choice)
+    assert choice.found.entries() == hosts[:9] + hosts[10:]
+    for folder in choice.found.entries():
+        choice.found.press_space(folder)
+    choice.ok.press()
+    wait_until(lambda: choice.question.text() == DEFAULT_QUESTION, "the second question")
+    choice.default.select(hosts[10])
+    wait_until(choice.ok.enabled, "the OK button")
+    choice.ok.press()
+    wait_only(app, app.main)
+    assert_main_shows(app, *hosts[:9], hosts[10], selected=hosts[10])
+
+
 # Searching with folders registered
 
 
