@@ -106,27 +106,35 @@ void DrawEmblem(Picture& picture) {
 }
 
 void DrawLetters(Picture& picture) {
-    constexpr float weight = 4.2f;
-    constexpr float base = 30, middle = 12, top = 5, round = 9;
-    const auto bowl = [&](float x) {
-        return Outline::Circle({x, base - round}, round);
-    };
+    constexpr float weight = 3.8f;
+    constexpr float base = 30, middle = 13, top = 5, bowlRadius = 8.5f, archRadius = 5.5f;
     Outline strokes;
-    strokes.Add(Line({4, top}, {24, top})).Add(Line({14, top}, {14, base})); // T
-    strokes.Add(bowl(33)).Add(Line({42, middle}, {42, base}));               // a
-    strokes
-        .Add(Line({50, middle}, {50, base})) // m
-        .Add(Outline::Arc({55, middle + 5}, 5, 180, 360).Add(Line({60, middle + 5}, {60, base})))
-        .Add(Outline::Arc({65, middle + 5}, 5, 180, 360).Add(Line({70, middle + 5}, {70, base})));
-    strokes.Add(Line({78, top - 1}, {78, base})).Add(bowl(87)); // b
-    strokes.Add(Line({103, top - 1}, {103, base}));             // l
-    strokes.Add(Line({110, middle}, {110, base}));              // i
-    strokes
-        .Add(Line({117, middle}, {117, base})) // n
-        .Add(Outline::Arc({121.5f, middle + 4.5f}, 4.5f, 180, 360))
-        .Add(Line({126, middle + 4.5f}, {126, base}));
+    const auto stem = [&](float x, float from) {
+        strokes.Add(Line({x, from}, {x, base}));
+    };
+    const auto bowl = [&](float centre) {
+        strokes.Add(Outline::Circle({centre, base - bowlRadius}, bowlRadius));
+    };
+    const auto arch = [&](float left) { // with the stem on its right
+        const float right = left + 2 * archRadius;
+        strokes.Add(Outline::Arc({left + archRadius, middle + archRadius}, archRadius, 180, 360));
+        stem(right, middle + archRadius);
+    };
+    strokes.Add(Line({2, top}, {22, top})); // T
+    stem(12, top);
+    bowl(30); // a
+    stem(38.5f, middle);
+    stem(47, middle); // m
+    arch(47);
+    arch(58);
+    stem(78, top - 1); // b
+    bowl(86.5f);
+    stem(103, top - 1); // l
+    stem(111, middle);  // i
+    stem(119, middle);  // n
+    arch(119);
     picture.Fill(strokes.Stroked(weight), Cream);
-    picture.Fill(Outline::Circle({110, 4.5f}, 3), Orange);
+    picture.Fill(Outline::Circle({111, 5}, 2.8f), Orange);
 }
 
 void DrawSplashBackground(Picture& picture, float width, float height) {

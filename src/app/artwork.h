@@ -12,7 +12,7 @@ void DrawEmblem(Picture& picture);
 void DrawParasol(Picture& picture);
 
 // "Tamblin", in light letters.
-inline constexpr int LettersWidth = 128;
+inline constexpr int LettersWidth = 133;
 inline constexpr int LettersHeight = 36;
 void DrawLetters(Picture& picture);
 

@@ -150,6 +150,7 @@ void Form1::SetMainWindowEnabled(bool enabled) {
 }
 
 void Form1::ShowConfirmation(const InstallConfirmation& lists, std::int16_t& InstallAnswer) {
+    ShowModel();
     Form7 confirmation(App(), lists, InstallAnswer, Handle());
     confirmation.ShowModal();
 }

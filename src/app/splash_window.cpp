@@ -20,12 +20,12 @@ Form6::~Form6() {
 
 std::unique_ptr<LayoutItem> Form6::MakeLayout() {
     auto texts = Column();
-    texts->Gap(4, 1);
-    texts->Add(image2, 0, Across::Start).Gap(3).Add(label2, 0, Across::Start).Gap(8);
-    texts->Add(label3, 0, Across::Start).Gap(4).Add(label4, 0, Across::Start).Gap(4, 1);
+    texts->Gap(10, 1);
+    texts->Add(image2, 0, Across::Start).Gap(4).Add(label2, 0, Across::Start).Gap(12);
+    texts->Add(label3, 0, Across::Start).Gap(5).Add(label4, 0, Across::Start).Gap(12, 1);
     texts->Add(label6, 0, Across::Start);
     auto whole = Row();
-    whole->Margin(16, 14).Add(image1, 0, Across::Centre).Gap(16).Add(std::move(texts), 1);
+    whole->Margin(20, 16).Add(image1, 0, Across::Centre).Gap(20).Add(std::move(texts), 1);
     return whole;
 }
 

@@ -49,7 +49,7 @@ void ComboBox::Arrange(const Place& place, const TextMeasure& measure, Placement
 void ComboBox::SetFont(const TextMeasure& measure) {
     Control::SetFont(measure);
     ::SendMessageW(Handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
-                   measure.LineHeight() + measure.Down(3));
+                   measure.LineHeight() + measure.Down(2));
     ::SendMessageW(Handle(), CB_SETITEMHEIGHT, 0, measure.LineHeight() + measure.Down(1));
 }
 

@@ -324,6 +324,13 @@ void Form::DensityChanged(unsigned newDpi, const RECT& suggested) {
 }
 
 // Room for the layout and for the title, with its icon and boxes beside it.
+// The user has chosen another font or other colours for all programs.
+void Form::AppearanceChanged() {
+    RECT window{};
+    GetWindowRect(handle, &window);
+    DensityChanged(dpi, window);
+}
+
 Size Form::MinimumSize() const {
     if (!layout)
         return {};
@@ -467,6 +474,11 @@ LRESULT Form::HandleSystemMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ERASEBKGND:
             if (PaintBackground(reinterpret_cast<HDC>(wParam)))
                 return 1;
+            break;
+        case WM_SETTINGCHANGE:
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            AppearanceChanged();
             break;
         case WM_CTLCOLORSTATIC:
             if (const HBRUSH brush =

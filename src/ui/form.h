@@ -118,6 +118,7 @@ class Form {
     void TimerRang();
     void SetDensity(unsigned newDpi);
     void DensityChanged(unsigned newDpi, const RECT& suggested);
+    void AppearanceChanged();
     void PutInPlace();
     void KeepSizeInBounds(MINMAXINFO& info) const;
     RECT FrameAround(Size clientSize) const;

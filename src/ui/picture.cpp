@@ -223,6 +223,14 @@ void Picture::AddEdgeInRow(float* row, float x0, float x1, float signedHeight) c
     row[last + 1] += before;
 }
 
+void Picture::Tint(Colour colour) {
+    for (std::uint32_t& pixel : pixels) {
+        const float coverage = static_cast<float>(pixel >> 24) / 255;
+        pixel = 0;
+        Blend(pixel, colour, coverage);
+    }
+}
+
 void Picture::Blend(std::uint32_t& pixel, Colour colour, float coverage) const {
     const float opacity = colour.opacity * coverage;
     const auto channel = [&](int shift, float value) {

@@ -61,6 +61,9 @@ class Picture {
     // From one colour at `from` to another at `to`, straight on beyond both.
     void Fill(const Outline& outline, Point from, Colour fromColour, Point to, Colour toColour);
 
+    // Gives all that is drawn one colour.
+    void Tint(Colour colour);
+
   private:
     template <class ColourAt>
     void FillWith(const Outline& outline, ColourAt colourAt);

@@ -9,6 +9,23 @@
 
 namespace tamblin {
 
+namespace {
+
+// On a high-contrast screen drawings have the colour of the text beside them.
+bool IsHighContrast() {
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON);
+}
+
+Colour TextColour() {
+    const COLORREF text = GetSysColor(COLOR_BTNTEXT);
+    return {GetRValue(text), GetGValue(text), GetBValue(text)};
+}
+
+} // namespace
+
 constexpr UINT_PTR HoverSubclass = 2;
 constexpr BYTE DisabledStrength = 90;
 
@@ -39,6 +56,8 @@ void PictureButton::SetFont(const TextMeasure& measure) {
     Picture picture(side, side);
     picture.SetUnit(static_cast<float>(side) / GlyphUnits);
     glyph(picture);
+    if (IsHighContrast())
+        picture.Tint(TextColour());
     bitmap = std::make_unique<Bitmap>(picture);
 }
 

@@ -9,7 +9,7 @@ TextBox::TextBox(Form& owner, int number, Access access)
               WS_EX_CLIENTEDGE) {}
 
 Size TextBox::NaturalSize(const TextMeasure& measure) const {
-    return {measure.Across(60), measure.LineHeight() + measure.Down(5)};
+    return {measure.Across(60), measure.LineHeight() + measure.Down(4)};
 }
 
 } // namespace tamblin

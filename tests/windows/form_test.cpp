@@ -5,6 +5,7 @@
 #include "ui/busy_pointer.h"
 #include "ui/button.h"
 #include "ui/text_box.h"
+#include "windows/form_check.h"
 #include "windows/window_scene.h"
 
 namespace tamblin {
@@ -471,6 +472,26 @@ TEST_F(FormTest, CannotBeMadeSmallerThanItsLayout) {
     GetWindowRect(form.text.Handle(), &last);
     MapWindowPoints(nullptr, form.Handle(), reinterpret_cast<POINT*>(&last), 2);
     EXPECT_LE(last.bottom, client.bottom);
+}
+
+TEST_F(FormTest, FollowsTheSystemsChangeOfFontAndColours) {
+    auto& form = Open();
+    MoveToDensity(form, 192);
+    const HFONT before = form.Measure().Font();
+    SendMessageW(form.Handle(), WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
+    const auto shown = reinterpret_cast<HFONT>(SendMessageW(form.first.Handle(), WM_GETFONT, 0, 0));
+    EXPECT_NE(form.Measure().Font(), before);
+    EXPECT_EQ(shown, form.Measure().Font());
+}
+
+TEST_F(FormTest, GrowsWithTheDensityButNotBackBelowWhatItNeeds) {
+    auto& form = Open();
+    const int before = form.Measure().LineHeight();
+    for (const unsigned dpi : Densities) {
+        MoveToDensity(form, dpi);
+        EXPECT_NEAR(form.Measure().LineHeight(), before * static_cast<int>(dpi) / 96, 4);
+        EXPECT_EQ(MisplacedControls(form), "");
+    }
 }
 
 TEST_F(FormTest, StandsInsideTheWorkAreaWhenItIsFirstShown) {

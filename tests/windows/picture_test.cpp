@@ -84,6 +84,16 @@ TEST(PictureTest, GrowsWithItsUnit) {
     EXPECT_EQ(Opacity(picture, 5, 6), 0u);
 }
 
+TEST(PictureTest, TintsWhatIsDrawnAndNothingElse) {
+    Picture picture(3, 1);
+    picture.Fill(Outline::Rectangle({0, 0}, 1.5f, 1), White);
+    picture.Tint(Red);
+    EXPECT_EQ(picture.Pixels()[0], 0xFFFF0000u);
+    EXPECT_NEAR(Opacity(picture, 1, 0), 128, 1);
+    EXPECT_EQ(picture.Pixels()[1] & 0xFFFF, 0u);
+    EXPECT_EQ(picture.Pixels()[2], 0u);
+}
+
 TEST(PictureTest, MixesColoursAlongALine) {
     Picture picture(11, 1);
     picture.Fill(Outline::Rectangle({0, 0}, 11, 1), {0.5f, 0}, {0, 0, 0}, {10.5f, 0}, Red);

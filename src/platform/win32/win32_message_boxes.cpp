@@ -17,8 +17,17 @@ UINT StyleOf(MessageIcon icon) {
 
 } // namespace
 
+// A box gives the focus back to its owner only when that was enabled before. A window that an
+// operation holds disabled would lose it to another program.
 int Win32MessageBoxes::Show(const std::wstring& text, UINT style) const {
-    return MessageBoxW(owner ? owner() : nullptr, text.c_str(), L"Tamblin", style);
+    const HWND window = owner ? owner() : nullptr;
+    const bool held = window && !IsWindowEnabled(window);
+    if (held)
+        EnableWindow(window, TRUE);
+    const int answer = MessageBoxW(window, text.c_str(), L"Tamblin", style);
+    if (held)
+        EnableWindow(window, FALSE);
+    return answer;
 }
 
 void Win32MessageBoxes::Inform(const std::wstring& text, MessageIcon icon) {
