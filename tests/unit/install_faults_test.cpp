@@ -1,0 +1,208 @@
+// Installs during which the n-th file operation fails. Whatever fails: no file of the host is lost,
+// none of a package that was to be installed, no archive; the main window can be used again; and
+// the same install without the fault succeeds unless the host already has a part of the character.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "install/package_staging.h"
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+constexpr ErrorNumber Errors[] = {ErrorNumber::BadFileName,      ErrorNumber::FileNotFound,
+                                  ErrorNumber::DeviceIo,         ErrorNumber::DiskFull,
+                                  ErrorNumber::PermissionDenied, ErrorNumber::DiskNotReady,
+                                  ErrorNumber::PathFileAccess,   ErrorNumber::PathNotFound};
+
+const std::vector<PackedFile> Packed = {{L"mio.obl", "mio 1"},
+                                        {L"mio\\face.bmp", "mio 2"},
+                                        {L"mio\\readonly", "mio 3", {.readOnly = true}},
+                                        {L"mio\\dat\\voice.wav", "mio 4"},
+                                        {L"mio\\mio-X.txt", "mio 5"},
+                                        {L"mio\\KVA.DEF", "a,b,2\r\nc,d,2\r\n"},
+                                        {L"old.obl", "mio 7"},
+                                        {L"abc.obl", "installed"},
+                                        {L"abc\\x", "installed"},
+                                        {L"loose\\x", "no character"},
+                                        {L"readme.txt", "no character"}};
+constexpr char FormerDefinitions[] = "#mine\r\na,b,1\r\n";
+constexpr char MergedDefinitions[] = "#mine\r\na,b,2\r\nc,d,2\r\n";
+
+// A host with a character, launcher definitions and a stray definition file of an earlier mio.
+struct FaultScene : MainWindowScene {
+    FaultScene() {
+        AddCharacter(files, L"C:\\Host", L"abc");
+        files.AddFile(L"C:\\Host\\old.obl", "to be replaced");
+        files.AddFile(L"C:\\Host\\kva.def", FormerDefinitions);
+        files.AddFile(L"C:\\Host\\kva.tmp", "replaced by the next merge");
+        files.AddFile(L"C:\\TAMTMP\\left\\over");
+        state.KvaOption = L"ON";
+        AddPackage(L"p.lzh", Packed);
+        Open();
+    }
+
+    // Installs with the n-th operation failing.
+    std::optional<ErrorNumber> InstallWithFault(size_t n, ErrorNumber error) {
+        Select(model.browser.Files(), {L"p.lzh"});
+        files.ForgetOperations();
+        files.FailOperation(n, error);
+        const auto failure = ErrorOf([&] { main.InstallPressed(screen); });
+        faultReached = files.OperationCount() >= n;
+        files.FailNothing();
+        return failure;
+    }
+
+    std::optional<ErrorNumber> InstallAgain() {
+        main.Activate();
+        Select(model.browser.Files(), {L"p.lzh"});
+        return ErrorOf([&] { main.InstallPressed(screen); });
+    }
+
+    bool Holds(const std::wstring& path, std::string_view bytes) const {
+        return files.Exists(path) && files.Contents(path) == bytes;
+    }
+    bool CopyHasBegun() const { return files.Exists(L"C:\\Host\\mio"); }
+
+    bool faultReached = false;
+};
+
+void ExpectHostAsItWas(const FaultScene& scene) {
+    EXPECT_TRUE(scene.Holds(L"C:\\Host\\ombrel.exe", "host"));
+    EXPECT_TRUE(scene.Holds(L"C:\\Host\\ombrel.rc", "H001currentobl=abc.obl\r\n"));
+    EXPECT_TRUE(scene.Holds(L"C:\\Host\\abc.obl", "definition"));
+    EXPECT_TRUE(scene.Holds(L"C:\\Host\\abc\\face.bmp", "picture"));
+    EXPECT_TRUE(scene.Holds(L"C:\\Packs\\p.lzh", "archive"));
+    EXPECT_TRUE(scene.Holds(L"C:\\Host\\kva.def", FormerDefinitions) ||
+                scene.Holds(L"C:\\Host\\kva.tmp", FormerDefinitions));
+}
+
+// Once the user has said yes, each file of the character is in the host or still staged.
+void ExpectPackageComplete(const FaultScene& scene) {
+    for (const PackedFile& file : Packed) {
+        const bool goesToTheHost = StartsWith(file.path, L"mio") || StartsWith(file.path, L"old");
+        if (!goesToTheHost)
+            continue;
+        EXPECT_TRUE(scene.Holds(L"C:\\Host\\" + file.path, file.bytes) ||
+                    scene.Holds(L"C:\\TAMTMP\\" + file.path, file.bytes))
+            << std::string(file.path.begin(), file.path.end());
+    }
+}
+
+void ExpectInstalled(const FaultScene& scene) {
+    for (const PackedFile& file : Packed)
+        if (StartsWith(file.path, L"mio")) {
+            EXPECT_TRUE(scene.Holds(L"C:\\Host\\" + file.path, file.bytes));
+        }
+    EXPECT_TRUE(scene.Holds(L"C:\\Host\\kva.def", MergedDefinitions));
+    EXPECT_FALSE(scene.files.Exists(L"C:\\TAMTMP"));
+    EXPECT_TRUE(scene.screen.enabled);
+}
+
+class InstallFaults : public testing::TestWithParam<ErrorNumber> {};
+
+TEST_P(InstallFaults, LoseNothingOfTheHostNorOfThePackage) {
+    size_t n = 1;
+    for (;; ++n) {
+        SCOPED_TRACE(n);
+        FaultScene scene;
+        const auto failure = scene.InstallWithFault(n, GetParam());
+        EXPECT_TRUE(scene.screen.enabled);
+        ExpectHostAsItWas(scene);
+        if (!scene.faultReached) {
+            EXPECT_FALSE(failure);
+            ExpectInstalled(scene);
+            break;
+        }
+        if (!scene.screen.confirmations.empty())
+            ExpectPackageComplete(scene);
+        if (failure) {
+            EXPECT_EQ(failure, GetParam());
+        }
+    }
+    EXPECT_GT(n, 40U);
+}
+
+TEST_P(InstallFaults, DoNotKeepTheNextInstallFromSucceeding) {
+    for (size_t n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        FaultScene scene;
+        const auto failure = scene.InstallWithFault(n, GetParam());
+        if (!scene.faultReached)
+            break;
+        const bool begun = scene.CopyHasBegun();
+        const auto again = scene.InstallAgain();
+        EXPECT_TRUE(scene.screen.enabled);
+        ExpectHostAsItWas(scene);
+        if (!begun) {
+            EXPECT_FALSE(again);
+            ExpectInstalled(scene);
+        } else if (again) {
+            EXPECT_EQ(again, ErrorNumber::PathFileAccess); // the character's folder is there
+        }
+        EXPECT_TRUE(failure || begun);
+    }
+}
+
+TEST_P(InstallFaults, DuringACancelledInstallLeaveTheHostUntouched) {
+    for (size_t n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        FaultScene scene;
+        const auto before = scene.files.Snapshot(L"C:\\Host");
+        scene.screen.answer = AnswerCancel;
+        scene.InstallWithFault(n, GetParam());
+        EXPECT_TRUE(scene.screen.enabled);
+        EXPECT_EQ(scene.files.Snapshot(L"C:\\Host"), before);
+        if (!scene.faultReached)
+            break;
+        scene.screen.answer = AnswerInstall;
+        EXPECT_FALSE(scene.InstallAgain());
+        ExpectInstalled(scene);
+    }
+}
+
+TEST_P(InstallFaults, WhileADamagedArchiveIsClearedLeaveTheHostUntouched) {
+    for (size_t n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        FaultScene scene;
+        const auto before = scene.files.Snapshot(L"C:\\Host");
+        scene.AddPackage(L"p.lzh", Packed, 1);
+        scene.InstallWithFault(n, GetParam());
+        EXPECT_TRUE(scene.screen.enabled);
+        EXPECT_TRUE(scene.screen.confirmations.empty());
+        EXPECT_EQ(scene.files.Snapshot(L"C:\\Host"), before);
+        if (!scene.faultReached)
+            break;
+        scene.AddPackage(L"p.lzh", Packed);
+        EXPECT_FALSE(scene.InstallAgain());
+        ExpectInstalled(scene);
+    }
+}
+
+TEST_P(InstallFaults, WhileTheStagingFolderIsClearedAreMadeGoodByTheNextClearing) {
+    for (size_t n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        FaultScene scene;
+        const auto hostBefore = scene.files.Snapshot(L"C:\\Host");
+        scene.files.AddFile(L"C:\\TAMTMP\\a\\b\\readonly", "", {.readOnly = true});
+        scene.files.ForgetOperations();
+        scene.files.FailOperation(n, GetParam());
+        const auto failure = ErrorOf([&] { ClearStagingFolder(L"C:\\Host", scene.fake.platform); });
+        const bool reached = scene.files.OperationCount() >= n;
+        scene.files.FailNothing();
+        EXPECT_EQ(failure.has_value(), reached);
+        EXPECT_EQ(scene.files.Snapshot(L"C:\\Host"), hostBefore);
+        if (!reached)
+            break;
+        scene.main.PrepareStagingPressed();
+        EXPECT_TRUE(scene.files.Snapshot(L"C:\\TAMTMP").empty());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Errors, InstallFaults, testing::ValuesIn(Errors), [](const auto& error) {
+    return "Error" + std::to_string(static_cast<int>(error.param));
+});
+
+} // namespace
+} // namespace tamblin

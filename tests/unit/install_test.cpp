@@ -1,0 +1,407 @@
+// An install from the pressed button to the refreshed list: what is asked, said, copied and left.
+#include "install/install.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+using Box = MessageBoxesFake::Box;
+constexpr auto Inform = MessageBoxesFake::Kind::Inform;
+
+constexpr wchar_t Failed[] = L"パッケージの解凍に失敗しました。";
+constexpr wchar_t Cancelled[] = L"インストールを中止しました。";
+constexpr wchar_t Done[] = L"インストールが完了しました。";
+constexpr wchar_t None[] = L"（なし）";
+
+std::vector<PackedFile> Ombrel(const std::wstring& name) {
+    return {{name + L".obl", "definition of " + std::string(1, static_cast<char>(name[0]))},
+            {name + L"\\face.bmp", "picture"},
+            {name + L"\\dat\\voice.wav", "sound"}};
+}
+
+std::vector<PackedFile> Both(std::vector<PackedFile> one, const std::vector<PackedFile>& other) {
+    one.insert(one.end(), other.begin(), other.end());
+    return one;
+}
+
+class InstallTest : public testing::Test {
+  protected:
+    explicit InstallTest(const std::wstring& host = L"C:\\Host") : scene(host) {}
+
+    void Install(const std::vector<std::wstring>& names) {
+        scene.Open();
+        hostBefore = files.Snapshot(scene.hostFolder);
+        scene.InstallFiles(names);
+    }
+    const InstallConfirmation& Asked() const { return scene.screen.confirmations.at(0); }
+    void ExpectLists(const std::vector<std::wstring>& toInstall,
+                     const std::vector<std::wstring>& cannotInstall,
+                     const std::vector<std::wstring>& alreadyInstalled) const {
+        EXPECT_THAT(Asked().toInstall.Entries(), ElementsAreArray(toInstall));
+        EXPECT_THAT(Asked().cannotInstall.Entries(), ElementsAreArray(cannotInstall));
+        EXPECT_THAT(Asked().alreadyInstalled.Entries(), ElementsAreArray(alreadyInstalled));
+    }
+    void ExpectHostUntouched() const { EXPECT_EQ(files.Snapshot(scene.hostFolder), hostBefore); }
+    bool InHost(const std::wstring& path) const {
+        return files.Exists(WithBackslash(scene.hostFolder) + path);
+    }
+    // What is staged while the confirmation window is open.
+    MemoryFileSystem::Tree StagedWhenAsked(const std::vector<std::wstring>& names) {
+        MemoryFileSystem::Tree staged;
+        scene.screen.onConfirmation = [&] {
+            staged = files.Snapshot(L"C:\\TAMTMP");
+        };
+        Install(names);
+        return staged;
+    }
+
+    MainWindowScene scene;
+    MemoryFileSystem& files = scene.files;
+    PlatformFake& fake = scene.fake;
+    MainModel& model = scene.model;
+    MemoryFileSystem::Tree hostBefore;
+};
+
+// --- The road to the end ------------------------------------------------------------------------
+
+TEST_F(InstallTest, PutsTheCharacterIntoTheHostFolderAndTheList) {
+    AddCharacter(files, L"C:\\Host", L"abc");
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    Install({L"mio.lzh"});
+    ExpectLists({L"mio （mio.lzh）"}, {None}, {None});
+    EXPECT_TRUE(Asked().installNowEnabled);
+    EXPECT_EQ(files.Contents(L"C:\\Host\\mio.obl"), "definition of m");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\dat\\voice.wav"), "sound");
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+    EXPECT_TRUE(files.Exists(L"C:\\Packs\\mio.lzh"));
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, Done, MessageIcon::Information}));
+    EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"abc", L"mio"));
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
+}
+
+TEST_F(InstallTest, LeavesTheInstallButtonEnabledAndNothingSelected) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    Install({L"mio.lzh"});
+    EXPECT_THAT(SelectedEntries(model.browser.Files()), IsEmpty());
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1));
+}
+
+TEST_F(InstallTest, MainWindowIsDisabledUntilTheUserHasSeenTheEnd) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    for (const std::int16_t answer : {AnswerCancel, AnswerInstall}) {
+        scene.screen.answer = answer;
+        scene.screen.onConfirmation = [&] {
+            EXPECT_FALSE(scene.screen.enabled);
+            EXPECT_FALSE(model.buttons[1]);
+        };
+        fake.messages.onShow = [&](const Box&) {
+            EXPECT_FALSE(scene.screen.enabled);
+        };
+        Install({L"mio.lzh"});
+        EXPECT_TRUE(scene.screen.enabled);
+    }
+    EXPECT_THAT(fake.messages.Texts(), ElementsAre(Cancelled, Done));
+}
+
+TEST_F(InstallTest, ExtensionMayBeInAnyCase) {
+    scene.AddPackage(L"a.lzh", Ombrel(L"aa"));
+    scene.AddPackage(L"B.LZH", Ombrel(L"bb"));
+    scene.AddPackage(L"c.Lzh", Ombrel(L"cc"));
+    Install({L"a.lzh", L"B.LZH", L"c.Lzh"});
+    ExpectLists({L"aa （a.lzh）", L"bb （B.LZH）", L"cc （c.Lzh）"}, {None}, {None});
+    EXPECT_TRUE(InHost(L"aa\\face.bmp") && InHost(L"bb\\face.bmp") && InHost(L"cc\\face.bmp"));
+}
+
+TEST_F(InstallTest, EveryCharacterOfAPackageIsInstalled) {
+    scene.AddPackage(L"two.lzh", Both(Ombrel(L"表ソ能"), Ombrel(L"ｶﾅ")));
+    Install({L"two.lzh"});
+    ExpectLists({L"表ソ能 （two.lzh）", L"ｶﾅ （two.lzh）"}, {None}, {None});
+    EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"表ソ能", L"ｶﾅ"));
+}
+
+TEST_F(InstallTest, ArchiveIsUnpackedIntoTheStagingFolder) {
+    scene.AddPackage(L"mio.lzh", {});
+    std::wstring folder;
+    fake.unlha.onUnpack = [&](const std::wstring&) {
+        folder = files.CurrentFolder();
+        return std::int16_t{0};
+    };
+    Install({L"mio.lzh"});
+    EXPECT_EQ(folder, L"C:\\TAMTMP");
+    EXPECT_THAT(fake.unlha.calls,
+                ElementsAre(UnlhaFake::Call{&scene.screen, L"x \"C:\\Packs\\mio.lzh\"",
+                                            L"\"C:\\TAMTMP\"", 0}));
+}
+
+TEST_F(InstallTest, ArchiveAtADriveRootHasNoDoubledBackslash) {
+    files.AddFile(L"C:\\root.lzh");
+    scene.state.ViewFolder = L"C:\\";
+    fake.unlha.onUnpack = [](const std::wstring&) {
+        return std::int16_t{0};
+    };
+    Install({L"root.lzh"});
+    EXPECT_EQ(fake.unlha.calls.at(0).command, L"x \"C:\\root.lzh\"");
+}
+
+class InstallOnAnotherDriveTest : public InstallTest {
+  protected:
+    InstallOnAnotherDriveTest() : InstallTest(L"D:\\Prog\\Host") {}
+};
+
+TEST_F(InstallOnAnotherDriveTest, StagesAtTheRootOfTheHostFoldersDrive) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    bool staged = false;
+    scene.screen.onConfirmation = [&] {
+        staged = files.Exists(L"D:\\TAMTMP\\mio\\face.bmp");
+    };
+    Install({L"mio.lzh"});
+    EXPECT_TRUE(staged);
+    EXPECT_TRUE(InHost(L"mio\\face.bmp"));
+    EXPECT_FALSE(files.Exists(L"D:\\TAMTMP"));
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
+}
+
+TEST_F(InstallTest, LeftOverStagingFolderIsNotInstalled) {
+    files.AddFile(L"C:\\TAMTMP\\old.obl");
+    files.AddFile(L"C:\\TAMTMP\\old\\x");
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    Install({L"mio.lzh"});
+    ExpectLists({L"mio （mio.lzh）"}, {None}, {None});
+    EXPECT_FALSE(InHost(L"old.obl"));
+}
+
+// --- Lists and thinning -------------------------------------------------------------------------
+
+TEST_F(InstallTest, SameCharacterInTwoArchivesIsUndecidedTheSecondTime) {
+    scene.AddPackage(L"a.lzh", Ombrel(L"mio"));
+    scene.AddPackage(L"b.lzh", Ombrel(L"mio"));
+    Install({L"a.lzh", L"b.lzh"});
+    ExpectLists({L"mio （a.lzh）"}, {L"b.lzh （判定不能）"}, {None});
+    EXPECT_TRUE(InHost(L"mio\\face.bmp"));
+}
+
+TEST_F(InstallTest, LooseDefinitionFileCannotBeInstalled) {
+    files.AddFile(L"C:\\Packs\\abc.obl");
+    files.AddFile(L"C:\\Packs\\abc\\x");
+    scene.screen.answer = AnswerCancel;
+    Install({L"abc.obl"});
+    ExpectLists({None}, {L"abc.obl"}, {None});
+    EXPECT_FALSE(Asked().installNowEnabled);
+    EXPECT_THAT(fake.unlha.calls, IsEmpty());
+    ExpectHostUntouched();
+}
+
+TEST_F(InstallTest, InstalledCharacterIsListedAndNotInstalledAgain) {
+    AddCharacter(files, L"C:\\Host", L"ABC");
+    scene.AddPackage(L"p.lzh", Both(Ombrel(L"abc"), Ombrel(L"mio")));
+    const auto staged = StagedWhenAsked({L"p.lzh"});
+    ExpectLists({L"mio （p.lzh）"}, {None}, {L"ABC （p.lzh）"});
+    EXPECT_EQ(staged.count(L"C:\\TAMTMP\\abc\\"), 0U);
+    EXPECT_EQ(staged.count(L"C:\\TAMTMP\\abc.obl"), 0U);
+    EXPECT_EQ(staged.count(L"C:\\TAMTMP\\mio\\face.bmp"), 1U);
+    EXPECT_EQ(files.Contents(L"C:\\Host\\ABC.obl"), "definition");
+    EXPECT_FALSE(InHost(L"ABC\\dat\\voice.wav"));
+    EXPECT_TRUE(InHost(L"mio\\face.bmp"));
+}
+
+TEST_F(InstallTest, OnlyInstalledCharactersLeaveNothingToInstall) {
+    AddCharacter(files, L"C:\\Host", L"abc");
+    scene.AddPackage(L"p.lzh", Ombrel(L"abc"));
+    scene.screen.answer = AnswerCancel;
+    Install({L"p.lzh"});
+    ExpectLists({None}, {None}, {L"abc （p.lzh）"});
+    EXPECT_FALSE(Asked().installNowEnabled);
+    ExpectHostUntouched();
+}
+
+TEST_F(InstallTest, StagedAreOnlyCharactersWhenTheUserIsAsked) {
+    scene.AddPackage(L"p.lzh", Both(Ombrel(L"mio"), {{L"xyz\\1"},
+                                                     {L"readme.txt"},
+                                                     {L"KVA.DEF", "a,b,1"},
+                                                     {L"ro.txt", "", {.readOnly = true}}}));
+    const auto staged = StagedWhenAsked({L"p.lzh"});
+    ExpectLists({L"mio （p.lzh）"}, {None}, {None});
+    std::vector<std::wstring> paths;
+    for (const auto& [path, bytes] : staged)
+        paths.push_back(path);
+    EXPECT_THAT(paths,
+                ElementsAre(L"C:\\TAMTMP\\mio.obl", L"C:\\TAMTMP\\mio\\", L"C:\\TAMTMP\\mio\\dat\\",
+                            L"C:\\TAMTMP\\mio\\dat\\voice.wav", L"C:\\TAMTMP\\mio\\face.bmp"));
+    EXPECT_FALSE(InHost(L"xyz"));
+    EXPECT_FALSE(InHost(L"readme.txt"));
+}
+
+TEST_F(InstallTest, LoneDefinitionOfAPackageIsCopiedWithTheOthers) {
+    scene.AddPackage(L"p.lzh", Both(Ombrel(L"mio"), {{L"lone.obl", "alone"}}));
+    Install({L"p.lzh"});
+    EXPECT_EQ(files.Contents(L"C:\\Host\\lone.obl"), "alone");
+    EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"mio"));
+}
+
+TEST_F(InstallTest, DefinitionFileLeftInTheHostIsOverwritten) {
+    files.AddFile(L"C:\\Host\\mio.obl", "old");
+    scene.AddPackage(L"p.lzh", Ombrel(L"mio"));
+    Install({L"p.lzh"});
+    EXPECT_EQ(files.Contents(L"C:\\Host\\mio.obl"), "definition of m");
+    EXPECT_THAT(fake.messages.Texts(), ElementsAre(Done));
+}
+
+TEST_F(InstallTest, WhatIsNoPackageIsListedInTheOrderOfTheFiles) {
+    scene.AddPackage(L"a.lzh", {{L"readme.txt"}});
+    files.AddFile(L"C:\\Packs\\b.obl");
+    scene.AddPackage(L"c.lzh", {{L"folder\\x"}});
+    scene.AddPackage(L"d.lzh", {});
+    scene.AddPackage(L"unselected.lzh", Ombrel(L"no"));
+    scene.screen.answer = AnswerCancel;
+    Install({L"a.lzh", L"b.obl", L"c.lzh", L"d.lzh"});
+    ExpectLists({None}, {L"a.lzh", L"b.obl", L"c.lzh", L"d.lzh （判定不能）"}, {None});
+}
+
+TEST(InstallConfirmation, NoteIsSeenOnlyWhenSomethingCannotBeInstalled) {
+    EXPECT_EQ(InstallConfirmation::Note(),
+              L"tambに対応した形式ではありませんでした。\r\n"
+              L"これらをインストールする場合は手動で行ってください。");
+    InstallConfirmation lists;
+    lists.cannotInstall.Assign({None});
+    EXPECT_FALSE(lists.NoteVisible());
+    lists.cannotInstall.Assign({L"a.lzh"});
+    EXPECT_TRUE(lists.NoteVisible());
+}
+
+// --- Notes and launcher definitions -------------------------------------------------------------
+
+TEST_F(InstallTest, NoteOfThePackageIsShown) {
+    scene.AddPackage(L"p.lzh", Both(Ombrel(L"mio"), {{L"mio\\Read-x.txt", "note"}}));
+    Install({L"p.lzh"});
+    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\Read-x.txt"), "note");
+    EXPECT_THAT(fake.starter.shown, ElementsAre(L"C:\\Host\\mio\\Read-x.txt"));
+}
+
+TEST_F(InstallTest, LauncherEntriesAreMergedWhenAllowed) {
+    files.AddFile(L"C:\\Host\\kva.def", "#mine\r\na,b,1\r\n");
+    scene.state.KvaOption = L"ON";
+    scene.AddPackage(L"p.lzh", Both(Ombrel(L"mio"), {{L"mio\\KVA.DEF", "a,b,2\r\nc,d,3\r\n"},
+                                                     {L"KVA.DEF", "a,b,7\r\n"}}));
+    Install({L"p.lzh"});
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "#mine\r\na,b,2\r\nc,d,3\r\n");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), "#mine\r\na,b,1\r\n");
+}
+
+TEST_F(InstallTest, LauncherEntriesAreLeftAloneWhenNotAllowed) {
+    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
+    scene.state.KvaOption = L"OFF";
+    scene.AddPackage(L"p.lzh", Both(Ombrel(L"mio"), {{L"mio\\KVA.DEF", "a,b,2\r\n"}}));
+    Install({L"p.lzh"});
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,1\r\n");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\KVA.DEF"), "a,b,2\r\n");
+}
+
+// --- Other ends ---------------------------------------------------------------------------------
+
+TEST_F(InstallTest, CancelLeavesTheHostAndTheSelectionAlone) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    scene.screen.answer = AnswerCancel;
+    Install({L"mio.lzh"});
+    ExpectHostUntouched();
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, Cancelled, MessageIcon::Information}));
+    EXPECT_TRUE(scene.screen.enabled);
+    EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9)); // the rules have run again
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
+}
+
+TEST_F(InstallTest, ClosingTheWindowByItsFrameGoesOn) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    scene.screen.answer.reset();
+    Install({L"mio.lzh"});
+    EXPECT_TRUE(InHost(L"mio\\face.bmp"));
+    EXPECT_THAT(fake.messages.Texts(), ElementsAre(Done));
+}
+
+TEST_F(InstallTest, DamagedArchiveEndsTheInstallAtOnce) {
+    scene.AddPackage(L"a.lzh", Ombrel(L"mio"));
+    scene.AddPackage(L"b.lzh", {{L"half\\x"}, {L"half.obl"}}, 0x1234);
+    scene.AddPackage(L"c.lzh", Ombrel(L"never"));
+    Install({L"a.lzh", L"b.lzh", L"c.lzh"});
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, Failed}));
+    EXPECT_THAT(scene.screen.confirmations, IsEmpty());
+    EXPECT_EQ(fake.unlha.calls.size(), 2U);
+    ExpectHostUntouched();
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+    EXPECT_TRUE(scene.screen.enabled);
+    EXPECT_FALSE(model.buttons[1]); // until the selection rules run again
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
+    scene.main.FileListClicked();
+    EXPECT_TRUE(model.buttons[1]);
+}
+
+TEST_F(InstallTest, AnyReturnCodeButZeroIsAFailure) {
+    for (const int code : {1, -1, 0x7FFF, -0x8000}) {
+        scene.AddPackage(L"a.lzh", Ombrel(L"mio"), static_cast<std::int16_t>(code));
+        Install({L"a.lzh"});
+        EXPECT_THAT(scene.screen.confirmations, IsEmpty());
+        ExpectHostUntouched();
+    }
+}
+
+TEST_F(InstallTest, StagingIsStillThereWhileTheFailureIsTold) {
+    scene.AddPackage(L"a.lzh", {{L"half\\x"}}, 1);
+    bool staged = false;
+    fake.messages.onShow = [&](const Box&) {
+        staged = files.Exists(L"C:\\TAMTMP\\half\\x");
+    };
+    Install({L"a.lzh"});
+    EXPECT_TRUE(staged);
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+}
+
+TEST_F(InstallTest, FolderThatTheHostHasWithoutDefinitionEndsTheCopy) {
+    files.AddFile(L"C:\\Host\\mio\\mine", "mine");
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    EXPECT_EQ(ErrorOf([&] { Install({L"mio.lzh"}); }), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\mine"), "mine");
+    EXPECT_TRUE(scene.screen.enabled);
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
+TEST_F(InstallTest, FullDriveIsReportedAndTheMainWindowUsable) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    scene.Open();
+    std::uint64_t used = 0;
+    for (const auto& [path, bytes] : files.Snapshot())
+        used += bytes.size();
+    files.SetCapacity(L"C:", used);
+    EXPECT_EQ(ErrorOf([&] { scene.InstallFiles({L"mio.lzh"}); }), ErrorNumber::DiskFull);
+    EXPECT_TRUE(scene.screen.enabled);
+    EXPECT_THAT(scene.screen.confirmations, IsEmpty());
+}
+
+TEST_F(InstallTest, HostFolderThatVanishesMeanwhileIsReported) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    scene.screen.onConfirmation = [&] {
+        files.DeleteTree(L"C:\\Host");
+    };
+    EXPECT_EQ(ErrorOf([&] { Install({L"mio.lzh"}); }), ErrorNumber::PathNotFound);
+    EXPECT_TRUE(scene.screen.enabled);
+    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\mio\\face.bmp"));
+}
+
+TEST_F(InstallTest, WithoutAHostFolderNothingIsStaged) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    scene.Open();
+    model.combo.selected.reset();
+    EXPECT_EQ(ErrorOf([&] { scene.main.InstallPressed(scene.screen); }), ErrorNumber::PathNotFound);
+    EXPECT_TRUE(scene.screen.enabled);
+    EXPECT_THAT(fake.unlha.calls, IsEmpty());
+}
+
+} // namespace
+} // namespace tamblin

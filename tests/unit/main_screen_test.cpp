@@ -1,0 +1,300 @@
+// The main window's events: what they refresh, enable, ask and save.
+#include "app/main_screen.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using Box = MessageBoxesFake::Box;
+using Kind = MessageBoxesFake::Kind;
+
+constexpr wchar_t IniPath[] = L"C:\\Tamblin\\tamb.ini";
+
+class MainScreenTest : public testing::Test {
+  protected:
+    MainScreenTest() {
+        AddCharacter(files, L"C:\\Host", L"abc");
+        AddHost(files, L"C:\\Second");
+        AddCharacter(files, L"C:\\Second", L"xyz");
+        Register(scene.state, L"C:\\Second");
+        scene.AddPackage(L"mio.lzh", {});
+    }
+    const std::vector<std::wstring>& Installed() const { return model.installed.names.Entries(); }
+
+    MainWindowScene scene;
+    MemoryFileSystem& files = scene.files;
+    PlatformFake& fake = scene.fake;
+    MainScreen& main = scene.main;
+    MainModel& model = scene.model;
+    SettingsState& state = scene.state;
+};
+
+// --- Load and activation ------------------------------------------------------------------------
+
+TEST_F(MainScreenTest, LoadFillsComboListAndBrowser) {
+    main.Load();
+    EXPECT_THAT(model.combo.entries, ElementsAre(L"C:\\Host", L"C:\\Second"));
+    EXPECT_EQ(model.combo.Text(), L"C:\\Host");
+    EXPECT_THAT(Installed(), ElementsAre(L"abc"));
+    EXPECT_EQ(model.browser.PathText(), L"C:\\Packs\\");
+    EXPECT_THAT(model.browser.Files().Entries(), ElementsAre(L"mio.lzh"));
+    EXPECT_THAT(EnabledButtons(model), IsEmpty());
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
+TEST_F(MainScreenTest, LoadBrowsesTheProgramFolderWhenNoFolderIsKnown) {
+    state.ViewFolder.clear();
+    main.Load();
+    EXPECT_EQ(model.browser.PathText(), L"C:\\Tamblin\\");
+}
+
+TEST_F(MainScreenTest, LoadWithoutACurrentHostFolderShowsAnEmptyList) {
+    state.DefaultFolder = L"c:\\host";
+    main.Load();
+    EXPECT_FALSE(model.combo.selected);
+    EXPECT_THAT(Installed(), IsEmpty());
+    EXPECT_EQ(state.DefaultFolder, L"");
+    EXPECT_EQ(model.browser.PathText(), L"C:\\Packs\\");
+}
+
+TEST_F(MainScreenTest, ActivationShowsWhatOtherWindowsHaveChanged) {
+    main.Load();
+    AddHost(files, L"C:\\Third");
+    AddCharacter(files, L"C:\\Third", L"new");
+    Register(state, L"C:\\Third");
+    state.DefaultFolder = L"C:\\Third";
+    scene.AddPackage(L"more.lzh", {});
+    main.Activate();
+    EXPECT_EQ(model.combo.entries.size(), 3U);
+    EXPECT_EQ(model.combo.Text(), L"C:\\Third");
+    EXPECT_THAT(Installed(), ElementsAre(L"new"));
+    EXPECT_THAT(model.browser.Files().Entries(), ElementsAre(L"mio.lzh", L"more.lzh"));
+    EXPECT_EQ(model.browser.PathText(), L"C:\\Packs\\"); // not the folder of the settings again
+}
+
+TEST_F(MainScreenTest, ActivationKeepsTheFolderThatIsBrowsed) {
+    main.Load();
+    state.BrowseStartFolder = L"C:\\Second\\";
+    main.Activate();
+    EXPECT_EQ(model.browser.PathText(), L"C:\\Second\\");
+}
+
+TEST_F(MainScreenTest, ActivationThatTakesSelectionsAppliesTheRules) {
+    main.Load();
+    Select(model.installed.names, {L"abc"});
+    Select(model.browser.Files(), {L"mio.lzh"});
+    main.FileListClicked();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 9, 11, 13));
+    main.Activate();
+    EXPECT_THAT(EnabledButtons(model), IsEmpty());
+}
+
+TEST_F(MainScreenTest, HostFolderThatIsGoneFailsAndLeavesTheBrowserUsable) {
+    files.DeleteTree(L"C:\\Host");
+    EXPECT_EQ(ErrorOf([&] { main.Load(); }), ErrorNumber::PathNotFound);
+    EXPECT_THAT(Installed(), IsEmpty());
+    EXPECT_EQ(model.browser.PathText(), L"C:\\Packs\\");
+    main.ComboSelected(1);
+    EXPECT_THAT(Installed(), ElementsAre(L"xyz"));
+}
+
+// --- The combo ----------------------------------------------------------------------------------
+
+TEST_F(MainScreenTest, ChoiceInTheComboBecomesTheCurrentHostFolder) {
+    main.Load();
+    main.ComboSelected(1);
+    EXPECT_EQ(state.DefaultFolder, L"C:\\Second");
+    EXPECT_THAT(Installed(), ElementsAre(L"xyz"));
+    main.Activate();
+    EXPECT_EQ(model.combo.Text(), L"C:\\Second");
+}
+
+TEST_F(MainScreenTest, AnotherChoiceReevaluatesTheButtons) {
+    main.Load();
+    Select(model.installed.names, {L"abc"});
+    main.InstalledListClicked();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(5, 7, 11, 13));
+    main.ComboSelected(1);
+    EXPECT_THAT(EnabledButtons(model), IsEmpty());
+}
+
+TEST_F(MainScreenTest, SameChoiceRebuildsTheListWithoutApplyingTheRules) {
+    main.Load();
+    Select(model.browser.Files(), {L"mio.lzh"});
+    AddCharacter(files, L"C:\\Host", L"def");
+    main.ComboSelected(0);
+    EXPECT_THAT(Installed(), ElementsAre(L"abc", L"def"));
+    EXPECT_THAT(EnabledButtons(model), IsEmpty());
+}
+
+// --- Lists and their buttons --------------------------------------------------------------------
+
+TEST_F(MainScreenTest, ClicksInEitherListApplyTheRules) {
+    main.Load();
+    Select(model.browser.Files(), {L"mio.lzh"});
+    main.FileListClicked();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+    Select(model.installed.names, {L"abc"});
+    main.InstalledListClicked();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 9, 11, 13));
+}
+
+TEST_F(MainScreenTest, OpeningATreeRowAppliesTheRulesToALostSelection) {
+    main.Load();
+    Select(model.browser.Files(), {L"mio.lzh"});
+    main.FileListClicked();
+    main.TreeRowOpened(1);
+    EXPECT_EQ(model.browser.PathText(), L"C:\\");
+    EXPECT_THAT(EnabledButtons(model), IsEmpty());
+}
+
+TEST_F(MainScreenTest, DeselectingCharactersDisablesTheirTwoButtonsOnly) {
+    main.Load();
+    Select(model.installed.names, {L"abc"});
+    Select(model.browser.Files(), {L"mio.lzh"});
+    main.InstalledListClicked();
+    main.DeselectInstalledPressed();
+    EXPECT_THAT(SelectedEntries(model.installed.names), IsEmpty());
+    EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9, 11, 13));
+}
+
+TEST_F(MainScreenTest, DeselectingFilesDisablesItsOwnButtonOnly) {
+    main.Load();
+    Select(model.installed.names, {L"abc"});
+    Select(model.browser.Files(), {L"mio.lzh"});
+    main.InstalledListClicked();
+    main.DeselectFilesPressed();
+    EXPECT_THAT(SelectedEntries(model.browser.Files()), IsEmpty());
+    EXPECT_THAT(SelectedEntries(model.installed.names), ElementsAre(L"abc"));
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 11, 13));
+}
+
+TEST_F(MainScreenTest, SecondActionButtonPreparesTheStagingFolder) {
+    main.Load();
+    files.AddFile(L"C:\\TAMTMP\\old\\x");
+    main.PrepareStagingPressed();
+    EXPECT_THAT(files.Snapshot(L"C:\\TAMTMP"), IsEmpty());
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\TAMTMP");
+}
+
+TEST_F(MainScreenTest, SettingsButtonLeavesWordWhereItWasPressed) {
+    EXPECT_FALSE(state.OpenedFromMainWindow);
+    main.SettingsPressed();
+    EXPECT_TRUE(state.OpenedFromMainWindow);
+}
+
+// --- Status line --------------------------------------------------------------------------------
+
+struct StatusCase {
+    size_t command;
+    const wchar_t* text;
+};
+
+class StatusTextTest : public testing::TestWithParam<StatusCase> {};
+
+TEST_P(StatusTextTest, ExplainsTheButton) {
+    EXPECT_EQ(MainScreen::StatusText(GetParam().command), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Buttons, StatusTextTest,
+    testing::Values(StatusCase{1, L"選択しているパッケージをインストールします。"},
+                    StatusCase{3, L"ombrel.exeをアップデートします。"},
+                    StatusCase{4, L"該当オンブレルのオンブレル定義ファイルをアップデートします。"},
+                    StatusCase{5, L"選択されているオンブレルをアンインストールします。"},
+                    StatusCase{6, L"ヴィモラフォルダの設定を行います。"},
+                    StatusCase{7, L"「導入済オンブレル一覧」のファイル選択を解除します。"},
+                    StatusCase{8, L"Tamblinを終了します。"},
+                    StatusCase{9, L"「すべてのフォルダ」のファイル選択を解除します。"},
+                    StatusCase{10, L"Tamblinの簡単な操作説明です。"},
+                    StatusCase{11,
+                               L"選択しているオンブレルを、通常起動時のオンブレルに設定します。"},
+                    StatusCase{12, L"ヴィモラフォルダの不具合を検出します。"},
+                    StatusCase{13, L"選択されているオンブレルを呼び出します。"},
+                    StatusCase{14, L"選択されているオンブレルの README ファイルを表示します。"}),
+    [](const auto& button) { return "Command" + std::to_string(button.param.command); });
+
+TEST(StatusText, SecondActionButtonHasNone) {
+    EXPECT_FALSE(MainScreen::StatusText(2));
+}
+
+TEST(StatusText, BeginsWithTheVersionAndACredit) {
+    const std::wstring text = MainScreen::InitialStatusText();
+    EXPECT_TRUE(StartsWith(text, L"Tamblin Ver.0.61"));
+    EXPECT_GT(text.size(), std::wstring(L"Tamblin Ver.0.61").size());
+}
+
+// --- Leaving ------------------------------------------------------------------------------------
+
+class LeavingTest : public MainScreenTest, public testing::WithParamInterface<bool> {
+  protected:
+    LeavingTest() {
+        main.Load();
+        fake.messages.onShow = [this](const Box&) {
+            savedBeforeAsking = files.Exists(IniPath);
+        };
+    }
+    bool Leave() { return GetParam() ? main.ExitPressed() : main.CloseBoxPressed(); }
+
+    bool savedBeforeAsking = false;
+};
+
+INSTANTIATE_TEST_SUITE_P(Ways, LeavingTest, testing::Bool(),
+                         [](const auto& way) { return way.param ? "ExitButton" : "CloseBox"; });
+
+TEST_P(LeavingTest, SavesAndThenAsks) {
+    const Box exit{Kind::AskOkCancel, L"Tamblin を終了してもよろしいですか？"};
+    const Box close{Kind::AskYesNo, L"終了してもよろしいですか？"};
+    EXPECT_TRUE(Leave());
+    EXPECT_THAT(fake.messages.shown, ElementsAre(GetParam() ? exit : close));
+    EXPECT_TRUE(savedBeforeAsking);
+}
+
+TEST_P(LeavingTest, RefusalStaysAndHasSavedAllTheSame) {
+    fake.messages.answer = false;
+    main.ComboSelected(1);
+    EXPECT_FALSE(Leave());
+    const std::string ini = files.Contents(IniPath);
+    EXPECT_THAT(ini, HasSubstr("DEFAULT=C:\\Second\r\n"));
+    EXPECT_THAT(ini, HasSubstr("VMRFOLDER=C:\\Host\r\nVMRFOLDER=C:\\Second\r\n"));
+    EXPECT_THAT(ini, HasSubstr("VIEWFOLDER=C:\\Packs\\\r\n"));
+    EXPECT_THAT(Installed(), ElementsAre(L"xyz"));
+}
+
+TEST_P(LeavingTest, SavesTheFolderThatIsShownWhileTheDesktopIsParked) {
+    fake.shell.desktopFolder = L"C:\\Packs";
+    main.Activate();
+    EXPECT_EQ(state.BrowseStartFolder, L"");
+    Leave();
+    EXPECT_THAT(files.Contents(IniPath), HasSubstr("VIEWFOLDER=C:\\Packs\\\r\n"));
+}
+
+TEST_P(LeavingTest, FailedSaveIsFatalAndAsksNothing) {
+    files.AddFolder(IniPath);
+    try {
+        Leave();
+        FAIL();
+    } catch (const RunTimeError& error) {
+        EXPECT_TRUE(error.IsFatal());
+    }
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
+TEST_F(MainScreenTest, NothingButLeavingSaves) {
+    main.Load();
+    main.ComboSelected(1);
+    main.SettingsPressed();
+    main.Activate();
+    EXPECT_FALSE(files.Exists(IniPath));
+}
+
+} // namespace
+} // namespace tamblin
