@@ -207,6 +207,20 @@ def test_a_start_up_file_that_is_read_only_survives_a_launch(app, machine):
     assert_start_up_file_is_back(machine)
 
 
+def test_a_start_up_file_in_use_survives_a_launch(app, machine):
+    held = app.operator.ask("hold-file", HOST + "\\ombrel.rc")
+    before = machine.tree(HOST)
+    app.main.list3.select("mikan")
+    app.main.command13.press()
+    wait_report(app, 55, 70, 75)
+    app.main.wait_enabled()
+    assert machine.tree(HOST) == before
+    app.operator.ask("release-file", held)
+    app.main.command13.press()
+    wait_host(machine)
+    assert_start_up_file_is_back(machine)
+
+
 # README
 
 

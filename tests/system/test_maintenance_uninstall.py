@@ -140,6 +140,32 @@ def test_a_definition_file_that_is_gone_is_reported_after_the_folder(app, machin
     assert app.main.list3.entries() == ["yuzu", "空 白", "表ソ能"]
 
 
+def test_a_definition_file_in_use_is_reported_and_kept(app, machine):
+    before = machine.tree(HOST)
+    held = app.operator.ask("hold-file", HOST + "\\表ソ能.obl")
+    app.main.list3.select("表ソ能")
+    app.main.command5.press()
+    app.answer(QUESTION, "OK")
+    wait_report(app, 55, 70, 75)
+    app.main.wait_enabled()
+    assert machine.tree(HOST) == without(before, "表ソ能")
+    app.operator.ask("release-file", held)
+    app.main.combo1.select(OTHER_HOST)
+    assert app.main.list3.entries() == ["kinako"]
+
+
+def test_a_character_folder_that_cannot_be_deleted_is_passed_over(app, machine):
+    """The shell's failure is not looked at: the definition file goes all the same."""
+    before = machine.tree(HOST)
+    machine.path(HOST + "\\yuzu").chmod(0o555)
+    uninstall(app, "yuzu")
+    machine.path(HOST + "\\yuzu").chmod(0o755)
+    after = machine.tree(HOST)
+    assert "yuzu/yuzu.txt" in after and "yuzu.obl" not in after
+    assert without(after, "yuzu") == without(before, "yuzu", "yuzu.obl")
+    assert app.main.list3.entries() == ["mikan", "空 白", "表ソ能"]
+
+
 def test_a_host_folder_that_vanished_is_reported(app, machine):
     app.main.list3.select("mikan")
     machine.path(HOST).rename(machine.path("C:\\moved"))

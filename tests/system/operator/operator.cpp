@@ -9,6 +9,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "file_operations.h"
 #include "json.h"
 #include "message_operations.h"
 #include "window_operations.h"
@@ -144,6 +145,14 @@ const std::map<std::string, Operation>& Operations() {
         {"press-until-message-box",
          [](const Arguments& a) {
              return PressUntilMessageBox(Window(a));
+         }},
+        {"hold-file",
+         [](const Arguments& a) {
+             return HoldFile(Wide(At(a, 1)));
+         }},
+        {"release-file",
+         [](const Arguments& a) {
+             return ReleaseFile(std::stoll(At(a, 1)));
          }},
         {"focus",
          [](const Arguments&) {
