@@ -32,7 +32,7 @@ struct GrowthWorld {
     EventLoopFake events;
     UnlhaFake unlha;
     NativeAnsiCodePage ansi;
-    Platform platform{files, shell, starter, messages, events, unlha, ansi, BenchFolder};
+    Platform platform{files, shell, starter, messages, events, unlha, ansi, L"C:\\"};
 };
 
 } // namespace tamblin

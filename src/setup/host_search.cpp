@@ -36,7 +36,7 @@ std::wstring SearchProgress::CounterText(std::uint64_t count) {
 }
 
 std::wstring SearchProgress::FoundText() const {
-    return anyFound ? std::to_wstring(found) : std::wstring();
+    return found == 0 ? std::wstring() : std::to_wstring(found);
 }
 
 NextWindow HostSearch::SearchAllDrives() {
@@ -107,13 +107,16 @@ void HostSearch::EnterSubfolder(std::vector<Visit>& visits) {
     try {
         visits.push_back(ListVisit(folder));
     } catch (const RunTimeError& error) {
-        if (error.Number() != ErrorNumber::OutOfMemory) {
-            Report(error);
+        if (error.Number() == ErrorNumber::OutOfMemory) {
+            platform.messages.Inform(OutOfMemoryText);
+            state.SearchRunning = false;
+            visits.pop_back();
             return;
         }
-        platform.messages.Inform(OutOfMemoryText);
-        state.SearchRunning = false;
-        visits.pop_back();
+        Report(error);
+        // Of a drive that has gone nothing more is asked: each of its folders would fail.
+        if (error.Number() == ErrorNumber::DeviceUnavailable)
+            visits.clear();
     }
 }
 
@@ -155,8 +158,7 @@ void HostSearch::TakeFound(const std::wstring& folder) {
         state.WorkingFolderCount = HostFolderLimit - 1;
     ++state.WorkingFolderCount;
     state.HostFolders[static_cast<size_t>(state.WorkingFolderCount)] = folder;
-    progress.found = static_cast<std::int16_t>(state.WorkingFolderCount - state.HostFolderCount);
-    progress.anyFound = true;
+    ++progress.found;
 }
 
 NextWindow HostSearch::Settle() {

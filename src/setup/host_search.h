@@ -17,8 +17,7 @@ struct SearchProgress {
     std::wstring drive; // "C:\"
     std::uint64_t files = 0;
     std::uint64_t folders = 0; // folders finished that hold files
-    std::int16_t found = 0;
-    bool anyFound = false;
+    std::uint64_t found = 0;   // goes on counting where a find takes the place of the one before
 
     // Counters stand with a leading blank, and are empty until they have counted.
     static std::wstring CounterText(std::uint64_t count);

@@ -141,6 +141,22 @@ TEST_P(OtherSpellings, OfARegisteredFolderAreAddedASecondTime) {
 INSTANTIATE_TEST_SUITE_P(HostSearch, OtherSpellings,
                          testing::Values(L"c:\\VMR", L"C:\\vmr", L"C:\\VMR\\"));
 
+// As a drive does that stands in the list twice.
+TEST(HostSearch, FindsOfTheSameSearchAreNotCompared) {
+    struct DriveTwice : MemoryFileSystem {
+        std::vector<Drive> Drives() override {
+            return {{L"c:", DriveType::Fixed}, {L"c:", DriveType::Fixed}};
+        }
+    } files;
+    files.AddDrive(L"C:");
+    AddHost(files, L"C:\\VMR");
+    SearchScene scene;
+    Platform& p = scene.platform;
+    Platform platform{files, p.shell, p.starter, p.messages, p.events, p.unlha, p.ansi, L"C:\\"};
+    HostSearch(platform, scene.state).SearchAllDrives();
+    EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\VMR", L"C:\\VMR"));
+}
+
 TEST(HostSearch, HostsThatDifferOnlyInCaseAreTwoFinds) {
     SearchScene scene;
     scene.files.AddDrive(L"D:");
@@ -214,6 +230,17 @@ TEST(HostSearch, HiddenFoldersAreSearched) {
     scene.files.AddFolder(L"C:\\a", {.hidden = true, .system = true});
     scene.Run();
     EXPECT_EQ(scene.state.HostFolders[1], L"C:\\a\\b");
+}
+
+TEST(HostSearch, HiddenAndSystemFilesAreNeitherCountedNorFinds) {
+    SearchScene scene;
+    scene.files.AddFile(L"C:\\a\\ombrel.exe", {}, {.hidden = true});
+    scene.files.AddFile(L"C:\\a\\ombrel.rc");
+    scene.files.AddFile(L"C:\\b\\ombrel.exe");
+    scene.files.AddFile(L"C:\\b\\ombrel.rc", {}, {.system = true});
+    scene.Run();
+    EXPECT_EQ(scene.state.WorkingFolderCount, 0);
+    EXPECT_EQ(scene.search.Progress().files, 2U);
 }
 
 TEST(HostSearch, LinksAreNotDescendedInto) {
@@ -339,6 +366,14 @@ TEST(HostSearch, WithTenRegisteredEachFindTakesTheTenthSlot) {
     EXPECT_EQ(scene.state.HostFolders[9], L"R:\\r9");
     EXPECT_EQ(scene.state.HostFolders[10], L"C:\\h10");
     EXPECT_EQ(scene.state.WorkingFolderCount, 10);
+}
+
+TEST(HostSearch, FoundCounterGoesOnWhereFindsTakeTheTenthSlot) {
+    SearchScene scene;
+    RegisterOthers(scene.state, 10);
+    AddHosts(scene, 3);
+    scene.Run();
+    EXPECT_EQ(scene.search.Progress().FoundText(), L"3");
 }
 
 // --- Settling -------------------------------------------------------------------------------
@@ -536,11 +571,13 @@ TEST(HostSearchFailure, FolderDeletedMeanwhileIsReportedAndItsSiblingsAreSearche
     EXPECT_EQ(scene.state.HostFolders[1], L"C:\\a");
 }
 
-TEST(HostSearchFailure, DriveThatGoesAwayLeavesWhatWasFoundAndTheOtherDrives) {
+TEST(HostSearchFailure, DriveThatGoesAwayIsReportedOnceAndLeavesTheFindsAndTheOtherDrives) {
     SearchScene scene;
     scene.files.AddDrive(L"D:");
     for (const wchar_t* host : {L"C:\\z", L"C:\\a", L"D:\\d"})
         AddHost(scene.files, host);
+    for (const wchar_t* folder : {L"C:\\b", L"C:\\c"})
+        scene.files.AddFolder(folder);
     scene.events.onYield = [&] {
         if (scene.events.yields == 3)
             scene.files.RemoveDrive(L"C:");
@@ -602,6 +639,16 @@ TEST(HostSearchFailure, OutOfMemoryStopsTheWholeSearch) {
     EXPECT_EQ(scene.messages.Texts().front(), OutOfMemoryText);
     EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\", L"C:\\b", L"C:\\b\\x"));
     EXPECT_EQ(scene.state.HostFolderCount, 0);
+}
+
+TEST(HostSearchFailure, OutOfMemoryLeavesTheFolderAboveWithoutALook) {
+    SearchScene scene;
+    for (const wchar_t* file : {L"C:\\1", L"C:\\b\\2", L"C:\\b\\x\\3"})
+        scene.files.AddFile(file);
+    scene.files.ForgetOperations();
+    scene.files.FailOperation(4, ErrorNumber::OutOfMemory); // x
+    scene.Run();
+    EXPECT_EQ(scene.search.Progress().files, 1U);
 }
 
 } // namespace

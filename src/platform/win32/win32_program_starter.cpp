@@ -4,6 +4,7 @@
 // After <windows.h>, which it needs.
 #include <shellapi.h>
 
+#include "platform/win32/program_folder.h"
 #include "platform/win32/win32_error.h"
 #include "platform/win32/win32_handle.h"
 
@@ -28,6 +29,9 @@ void Win32ProgramStarter::ShowMinimised(const std::wstring& document) {
     execution.cbSize = sizeof execution;
     execution.fMask = SEE_MASK_FLAG_NO_UI;
     execution.lpFile = document.c_str();
+    // Not the current folder, which the program that shows the document would keep in use.
+    const std::wstring folder = ProgramFolder();
+    execution.lpDirectory = folder.c_str();
     execution.nShow = SW_SHOWMINIMIZED;
     ShellExecuteExW(&execution);
 }
