@@ -7,8 +7,18 @@
 namespace tamblin {
 namespace {
 
+std::string EncodingOf(unsigned codePage) {
+    if (codePage == 65001)
+        return "UTF-8";
+    if (codePage == 20932)
+        return "EUC-JP";
+    return "CP" + std::to_string(codePage);
+}
+
+} // namespace
+
 // One conversion into wchar_t.
-class Conversion {
+class IconvCodePages::Conversion {
   public:
     explicit Conversion(const std::string& encoding)
         : handle(iconv_open("WCHAR_T", encoding.c_str())) {}
@@ -38,22 +48,22 @@ class Conversion {
     iconv_t handle;
 };
 
-std::string EncodingOf(unsigned codePage) {
-    if (codePage == 65001)
-        return "UTF-8";
-    if (codePage == 20932)
-        return "EUC-JP";
-    return "CP" + std::to_string(codePage);
+IconvCodePages::IconvCodePages() = default;
+IconvCodePages::~IconvCodePages() = default;
+
+IconvCodePages::Conversion& IconvCodePages::ConversionFrom(unsigned codePage) {
+    std::unique_ptr<Conversion>& conversion = conversions[codePage];
+    if (!conversion)
+        conversion = std::make_unique<Conversion>(EncodingOf(codePage));
+    return *conversion;
 }
 
-} // namespace
-
 bool IconvCodePages::Knows(unsigned codePage) {
-    return Conversion(EncodingOf(codePage)).IsOpen();
+    return ConversionFrom(codePage).IsOpen();
 }
 
 std::optional<std::wstring> IconvCodePages::Decode(unsigned codePage, std::string_view bytes) {
-    Conversion conversion(EncodingOf(codePage));
+    Conversion& conversion = ConversionFrom(codePage);
     if (!conversion.IsOpen())
         return std::nullopt;
     return conversion.Decode(bytes);
