@@ -152,13 +152,19 @@ std::string UnreachableControls(const Form& form) {
         at = GetNextDlgTabItem(form.Handle(), at, FALSE);
         reached.insert(at);
     }
+    // Of a row of options the Tab key comes to one, the arrow keys to the others.
+    std::set<int> rows;
+    for (const Control* control : form.Controls())
+        if (control->Name().kind == ControlKind::Option && reached.contains(control->Handle()))
+            rows.insert(control->Name().number);
     std::string faults;
     for (const Control* control : form.Controls()) {
-        const bool forReading = control->Name().kind == ControlKind::Label ||
-                                control->Name().kind == ControlKind::Image;
+        const ControlName name = control->Name();
+        const bool forReading = name.kind == ControlKind::Label || name.kind == ControlKind::Image;
         const bool usable = !forReading && control->IsEnabled() && control->IsVisible();
-        if (usable && !reached.contains(control->Handle()))
-            faults += Describe(*control) + " cannot be reached with the Tab key\n";
+        const bool byArrows = name.kind == ControlKind::Option && rows.contains(name.number);
+        if (usable && !byArrows && !reached.contains(control->Handle()))
+            faults += Describe(*control) + " cannot be reached with the keyboard\n";
     }
     return faults;
 }

@@ -20,7 +20,7 @@ std::string CutOffCaptions(const Form& form);
 std::string MisplacedControls(const Form& form);
 std::string NamelessControls(const Form& form);
 std::string WrongIds(const Form& form);
-// The controls that the Tab key does not come to, although they can be used.
+// The controls that the keyboard does not come to, although they can be used.
 std::string UnreachableControls(const Form& form);
 
 // All of the above, at every density, at the first and at the least size.
