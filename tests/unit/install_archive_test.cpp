@@ -1,0 +1,108 @@
+// Installing real archives: the whole road from the selected file through the archive reader into
+// the host folder.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/lzh_memory_unlha.h"
+#include "support/lzh_writer.h"
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+using lzh::LzhWriter;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class InstallArchiveTest : public testing::Test {
+  protected:
+    InstallArchiveTest() {
+        fake.unlha.onUnpack = [this](const std::wstring& archive) {
+            return reader.Run(nullptr, L"x \"" + archive + L"\"", L"\"C:\\TAMTMP\"", 0);
+        };
+    }
+    void Install(const std::string& archive) {
+        files.AddFile(L"C:\\Packs\\p.lzh", archive);
+        scene.Open();
+        before = files.Snapshot();
+        scene.InstallFiles({L"p.lzh"});
+    }
+    void ExpectFailedAndNothingTouched() {
+        EXPECT_THAT(fake.messages.Texts(), ElementsAre(L"パッケージの解凍に失敗しました。"));
+        EXPECT_THAT(scene.screen.confirmations, IsEmpty());
+        EXPECT_EQ(files.Snapshot(), before);
+        EXPECT_TRUE(scene.screen.enabled);
+    }
+
+    MainWindowScene scene;
+    PlatformFake& fake = scene.fake;
+    MemoryFileSystem& files = scene.files;
+    MemoryUnlha reader{files};
+    MemoryFileSystem::Tree before;
+};
+
+TEST_F(InstallArchiveTest, CharacterOfAnArchiveStandsInTheList) {
+    const std::string text(10'000, 'x');
+    scene.state.KvaOption = L"ON";
+    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
+    LzhWriter writer;
+    writer.AddFile(L"表ソ能.obl", "definition", "-lh0-", 0)
+        .AddFolder(L"表ソ能\\")
+        .AddFile(L"表ソ能\\ア.TXT", text, "-lh5-", 1)
+        .AddFile(L"表ソ能\\dat\\ｶﾅ.bmp", text, "-lh7-", 2)
+        .AddFile(L"表ソ能\\Read-X.txt", "note", "-lh6-", 2)
+        .AddFile(L"表ソ能\\KVA.DEF", "a,b,2\r\n");
+    Install(writer.Finish());
+    EXPECT_THAT(scene.screen.confirmations.at(0).toInstall.Entries(),
+                ElementsAre(L"表ソ能 （p.lzh）"));
+    EXPECT_THAT(scene.model.installed.names.Entries(), ElementsAre(L"表ソ能"));
+    EXPECT_EQ(files.Contents(L"C:\\Host\\表ソ能.obl"), "definition");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\表ソ能\\ア.TXT"), text);
+    EXPECT_EQ(files.Contents(L"C:\\Host\\表ソ能\\dat\\ｶﾅ.bmp"), text);
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,2\r\n");
+    EXPECT_THAT(fake.starter.shown, ElementsAre(L"C:\\Host\\表ソ能\\Read-X.txt"));
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+}
+
+TEST_F(InstallArchiveTest, DamagedArchiveTouchesNothing) {
+    LzhWriter writer;
+    writer.AddFile(L"mio.obl", "definition");
+    lzh::LzhEntry damaged = lzh::MakeEntry(L"mio\\face.bmp", std::string(1'000, 'x'), "-lh5-", 2);
+    damaged.claimedCrc = 0x1234;
+    writer.Add(damaged);
+    Install(writer.Finish());
+    ExpectFailedAndNothingTouched();
+}
+
+TEST_F(InstallArchiveTest, FileThatIsNoArchiveTouchesNothing) {
+    for (const char* bytes : {"", "MZ no archive at all", "\x20"}) {
+        fake.messages.shown.clear();
+        Install(bytes);
+        ExpectFailedAndNothingTouched();
+    }
+}
+
+TEST_F(InstallArchiveTest, ArchiveThatReachesOutOfTheStagingFolderTouchesNothing) {
+    for (const wchar_t* path : {L"..\\evil.txt", L"mio\\..\\..\\Host\\ombrel.exe", L"mio\\NUL.txt",
+                                L"mio\\a:b", L"mio\\a.", L"mio\\a "}) {
+        fake.messages.shown.clear();
+        LzhWriter writer;
+        writer.AddFile(L"mio.obl", "definition").AddFile(L"mio\\x", "x").AddFile(path, "evil");
+        Install(writer.Finish());
+        ExpectFailedAndNothingTouched();
+    }
+}
+
+TEST_F(InstallArchiveTest, ReadOnlyFilesOfAnArchiveAreInstalled) {
+    LzhWriter writer;
+    lzh::LzhEntry entry = lzh::MakeEntry(L"mio\\readonly", "x", "-lh0-", 1);
+    entry.dosAttributes = 0x21;
+    writer.Add(entry).AddFile(L"mio.obl", "definition");
+    Install(writer.Finish());
+    EXPECT_THAT(scene.model.installed.names.Entries(), ElementsAre(L"mio"));
+    EXPECT_TRUE(files.AttributesOf(L"C:\\Host\\mio\\readonly").readOnly);
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+}
+
+} // namespace
+} // namespace tamblin
