@@ -11,7 +11,7 @@
 #include <string>
 
 #include "platform/file_system.h"
-#include "support/error_of.h"
+#include "support/thrown_number.h"
 
 namespace tamblin {
 

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/error_of.h"
+#include "support/thrown_number.h"
 
 namespace tamblin {
 namespace {
@@ -43,7 +43,7 @@ TEST_F(MemoryFileSystemTest, SnapshotListsLinksWithoutFollowingThem) {
 TEST_F(MemoryFileSystemTest, LinkThatLeadsInACircleLeadsNowhere) {
     files.AddLink(L"C:\\one", L"C:\\two");
     files.AddLink(L"C:\\two", L"C:\\one");
-    EXPECT_EQ(ErrorOf([&] { files.List(L"C:\\one"); }), 76);
+    EXPECT_EQ(ThrownNumber([&] { files.List(L"C:\\one"); }), 76);
     EXPECT_EQ(files.Find(L"C:\\one\\x"), std::nullopt);
 }
 
@@ -52,7 +52,7 @@ TEST_F(MemoryFileSystemTest, LogsOperationsWithFullPathsInOrder) {
     files.SetCurrentFolder(L"C:\\work");
     files.Write(L"a", "1");
     files.Copy(L"a", L"D:b");
-    EXPECT_EQ(ErrorOf([&] { files.Delete(L"nosuch"); }), 53);
+    EXPECT_EQ(ThrownNumber([&] { files.Delete(L"nosuch"); }), 53);
     EXPECT_THAT(files.Log(), ElementsAre(L"SetCurrentFolder C:\\work", L"Write C:\\work\\a",
                                          L"Copy C:\\work\\a -> D:\\b", L"Delete C:\\work\\nosuch"));
     EXPECT_EQ(files.OperationCount(), 4U);
@@ -67,7 +67,7 @@ TEST_F(MemoryFileSystemTest, FailsTheChosenOperationOnceAndUndone) {
     files.Find(L"C:\\a");
     files.FailOperation(2, ErrorNumber::DeviceIo);
     EXPECT_EQ(files.Read(L"C:\\a"), "old");
-    EXPECT_EQ(ErrorOf([&] { files.Write(L"C:\\a", "new"); }), 57);
+    EXPECT_EQ(ThrownNumber([&] { files.Write(L"C:\\a", "new"); }), 57);
     EXPECT_EQ(files.Contents(L"C:\\a"), "old");
     files.Write(L"C:\\a", "new");
     EXPECT_EQ(files.Contents(L"C:\\a"), "new");
@@ -79,17 +79,17 @@ TEST_F(MemoryFileSystemTest, FailureCountsOnWhenOperationsAreForgotten) {
     files.FailOperation(2, ErrorNumber::DeviceIo);
     files.Find(L"C:\\a");
     files.ForgetOperations();
-    EXPECT_EQ(ErrorOf([&] { files.Find(L"C:\\a"); }), 57);
+    EXPECT_EQ(ThrownNumber([&] { files.Find(L"C:\\a"); }), 57);
 }
 
 TEST_F(MemoryFileSystemTest, ExclusiveLockForbidsEverythingButLooking) {
     files.AddFile(L"C:\\a", "old");
     files.Lock(L"C:\\a");
-    EXPECT_EQ(ErrorOf([&] { files.Read(L"C:\\a"); }), 70);
-    EXPECT_EQ(ErrorOf([&] { files.Write(L"C:\\a", "new"); }), 70);
-    EXPECT_EQ(ErrorOf([&] { files.Copy(L"C:\\a", L"C:\\b"); }), 70);
-    EXPECT_EQ(ErrorOf([&] { files.Rename(L"C:\\a", L"C:\\b"); }), 70);
-    EXPECT_EQ(ErrorOf([&] { files.Delete(L"C:\\a"); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Read(L"C:\\a"); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Write(L"C:\\a", "new"); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Copy(L"C:\\a", L"C:\\b"); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Rename(L"C:\\a", L"C:\\b"); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Delete(L"C:\\a"); }), 70);
     EXPECT_TRUE(files.Find(L"C:\\a"));
     files.Unlock(L"C:\\a");
     EXPECT_EQ(files.Read(L"C:\\a"), "old");
@@ -100,28 +100,28 @@ TEST_F(MemoryFileSystemTest, LockAgainstWritingLetsOthersRead) {
     files.Lock(L"C:\\a", MemoryFileSystem::LockKind::DenyWriting);
     files.Copy(L"C:\\a", L"C:\\b");
     EXPECT_EQ(files.Read(L"C:\\a"), "old");
-    EXPECT_EQ(ErrorOf([&] { files.Copy(L"C:\\b", L"C:\\a"); }), 70);
-    EXPECT_EQ(ErrorOf([&] { files.Delete(L"C:\\a"); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Copy(L"C:\\b", L"C:\\a"); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Delete(L"C:\\a"); }), 70);
 }
 
 TEST_F(MemoryFileSystemTest, FolderWithALockedFileIsNotRenamed) {
     files.AddFile(L"C:\\folder\\a");
     files.Lock(L"C:\\folder\\a");
-    EXPECT_EQ(ErrorOf([&] { files.Rename(L"C:\\folder", L"C:\\other"); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.Rename(L"C:\\folder", L"C:\\other"); }), 75);
 }
 
 TEST_F(MemoryFileSystemTest, LockedFolderIsNotRemoved) {
     files.AddFolder(L"C:\\folder");
     files.Lock(L"C:\\folder");
-    EXPECT_EQ(ErrorOf([&] { files.RemoveFolder(L"C:\\folder"); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.RemoveFolder(L"C:\\folder"); }), 75);
 }
 
 TEST_F(MemoryFileSystemTest, WriteOnAFullDiskKeepsWhatFitted) {
     files.SetCapacity(L"C:", 10);
     files.Write(L"C:\\a", "123456");
-    EXPECT_EQ(ErrorOf([&] { files.Write(L"C:\\b", "1234567"); }), 61);
+    EXPECT_EQ(ThrownNumber([&] { files.Write(L"C:\\b", "1234567"); }), 61);
     EXPECT_EQ(files.Contents(L"C:\\b"), "1234");
-    EXPECT_EQ(ErrorOf([&] { files.MakeFolder(L"C:\\folder"); }), 61);
+    EXPECT_EQ(ThrownNumber([&] { files.MakeFolder(L"C:\\folder"); }), 61);
     files.Delete(L"C:\\a");
     files.Write(L"C:\\b", "1234567");
     EXPECT_EQ(files.Contents(L"C:\\b"), "1234567");
@@ -131,7 +131,7 @@ TEST_F(MemoryFileSystemTest, CopyToAFullDiskLeavesNoTarget) {
     files.AddFile(L"C:\\a", "123456");
     files.AddFile(L"D:\\a", "old");
     files.SetCapacity(L"D:", 5);
-    EXPECT_EQ(ErrorOf([&] { files.Copy(L"C:\\a", L"D:\\a"); }), 61);
+    EXPECT_EQ(ThrownNumber([&] { files.Copy(L"C:\\a", L"D:\\a"); }), 61);
     EXPECT_FALSE(files.Exists(L"D:\\a"));
     files.Write(L"D:\\b", "12345");
     EXPECT_EQ(files.Contents(L"D:\\b"), "12345");
@@ -140,12 +140,12 @@ TEST_F(MemoryFileSystemTest, CopyToAFullDiskLeavesNoTarget) {
 TEST_F(MemoryFileSystemTest, DriveThatIsNotReady) {
     files.AddFile(L"D:\\a");
     files.SetReady(L"D:", false);
-    EXPECT_EQ(ErrorOf([&] { files.List(L"D:\\"); }), 68);
-    EXPECT_EQ(ErrorOf([&] { files.SetCurrentFolder(L"D:\\"); }), 68);
-    EXPECT_EQ(ErrorOf([&] { files.Find(L"D:\\a"); }), 71);
-    EXPECT_EQ(ErrorOf([&] { files.Read(L"D:\\a"); }), 71);
-    EXPECT_EQ(ErrorOf([&] { files.Copy(L"D:\\a", L"C:\\a"); }), 71);
-    EXPECT_EQ(ErrorOf([&] { files.MakeFolder(L"D:\\b"); }), 71);
+    EXPECT_EQ(ThrownNumber([&] { files.List(L"D:\\"); }), 68);
+    EXPECT_EQ(ThrownNumber([&] { files.SetCurrentFolder(L"D:\\"); }), 68);
+    EXPECT_EQ(ThrownNumber([&] { files.Find(L"D:\\a"); }), 71);
+    EXPECT_EQ(ThrownNumber([&] { files.Read(L"D:\\a"); }), 71);
+    EXPECT_EQ(ThrownNumber([&] { files.Copy(L"D:\\a", L"C:\\a"); }), 71);
+    EXPECT_EQ(ThrownNumber([&] { files.MakeFolder(L"D:\\b"); }), 71);
     EXPECT_EQ(files.Drives().size(), 2U);
     files.SetReady(L"D:", true);
     EXPECT_EQ(files.List(L"D:\\").size(), 1U);
@@ -154,9 +154,9 @@ TEST_F(MemoryFileSystemTest, DriveThatIsNotReady) {
 TEST_F(MemoryFileSystemTest, DriveThatVanishes) {
     files.AddFile(L"D:\\a");
     files.RemoveDrive(L"D:");
-    EXPECT_EQ(ErrorOf([&] { files.List(L"D:\\"); }), 68);
-    EXPECT_EQ(ErrorOf([&] { files.Find(L"D:\\a"); }), 52);
-    EXPECT_EQ(ErrorOf([&] { files.Read(L"D:\\a"); }), 76);
+    EXPECT_EQ(ThrownNumber([&] { files.List(L"D:\\"); }), 68);
+    EXPECT_EQ(ThrownNumber([&] { files.Find(L"D:\\a"); }), 52);
+    EXPECT_EQ(ThrownNumber([&] { files.Read(L"D:\\a"); }), 76);
     EXPECT_EQ(files.Drives().size(), 1U);
     files.ReturnDrive(L"D:");
     EXPECT_TRUE(files.Find(L"D:\\a"));

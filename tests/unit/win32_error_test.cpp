@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "support/error_of.h"
+#include "support/thrown_number.h"
 
 namespace tamblin {
 namespace {
@@ -68,8 +68,8 @@ TEST(Win32Error, TakesEverythingElseForTheDevicesFault) {
 
 TEST(Win32Error, ThrowsTheLastError) {
     SetLastError(ERROR_DISK_FULL);
-    EXPECT_EQ(ErrorOf([] { ThrowLastError(); }), 61);
-    EXPECT_EQ(ErrorOf([] { ThrowError(ERROR_NOT_READY, Attempt::List); }), 68);
+    EXPECT_EQ(ThrownNumber([] { ThrowLastError(); }), 61);
+    EXPECT_EQ(ThrownNumber([] { ThrowError(ERROR_NOT_READY, Attempt::List); }), 68);
 }
 
 } // namespace

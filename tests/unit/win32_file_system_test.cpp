@@ -9,8 +9,8 @@
 
 #include "platform/win32/win32_attributes.h"
 #include "platform/win32/win32_path.h"
-#include "support/error_of.h"
 #include "support/temporary_folder.h"
+#include "support/thrown_number.h"
 
 namespace tamblin {
 namespace {
@@ -44,7 +44,7 @@ TEST_F(Win32FileSystemTest, CopyTakesTheTimeOfChangeAlong) {
 TEST_F(Win32FileSystemTest, FailedCopyLeavesAHiddenTargetHidden) {
     files.Write(In(L"to"), "old");
     files.SetAttributes(In(L"to"), {.hidden = true, .archive = true});
-    EXPECT_EQ(ErrorOf([&] { files.Copy(In(L"nosuch"), In(L"to")); }), 53);
+    EXPECT_EQ(ThrownNumber([&] { files.Copy(In(L"nosuch"), In(L"to")); }), 53);
     EXPECT_TRUE(files.Find(In(L"to"))->attributes.hidden);
     EXPECT_EQ(files.Read(In(L"to")), "old");
 }
@@ -55,7 +55,7 @@ TEST_F(Win32FileSystemTest, ReadsFilesThatAnotherProgramIsWriting) {
                                       OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(writer, INVALID_HANDLE_VALUE);
     EXPECT_EQ(files.Read(In(L"a")), "1");
-    EXPECT_EQ(ErrorOf([&] { files.Write(In(L"a"), "2"); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Write(In(L"a"), "2"); }), 70);
     CloseHandle(writer);
 }
 
@@ -71,9 +71,9 @@ TEST_F(Win32FileSystemTest, ShowsNoBoxesForEmptyDrivesWhileItExists) {
 
 TEST_F(Win32FileSystemTest, ServersThatAreNotThereAreMissingDrives) {
     const std::wstring nowhere = L"\\\\tamblin-no-such-server\\share";
-    EXPECT_EQ(ErrorOf([&] { files.Find(nowhere + L"\\a"); }), 52);
-    EXPECT_EQ(ErrorOf([&] { files.List(nowhere); }), 68);
-    EXPECT_EQ(ErrorOf([&] { files.Read(nowhere + L"\\a"); }), 76);
+    EXPECT_EQ(ThrownNumber([&] { files.Find(nowhere + L"\\a"); }), 52);
+    EXPECT_EQ(ThrownNumber([&] { files.List(nowhere); }), 68);
+    EXPECT_EQ(ThrownNumber([&] { files.Read(nowhere + L"\\a"); }), 76);
 }
 
 TEST(Win32Attributes, OnlyLinksElsewhereAreLinks) {
@@ -126,7 +126,7 @@ TEST(Win32Path, FullPathsHaveNoBackslashAtTheEndButForRoots) {
     EXPECT_EQ(FullPath(L"C:\\a\\.\\b\\..\\\\c\\"), L"C:\\a\\c");
     EXPECT_EQ(FullPath(L"C:\\a\\.."), L"C:\\");
     EXPECT_EQ(FullPath(L"C:/a"), L"C:\\a");
-    EXPECT_EQ(ErrorOf([] { FullPath(L"C:\\a?"); }), 52);
+    EXPECT_EQ(ThrownNumber([] { FullPath(L"C:\\a?"); }), 52);
     const std::wstring deep = L"C:\\" + std::wstring(200, L'a') + L"\\" + std::wstring(200, L'b');
     EXPECT_EQ(FullPath(deep + L"\\"), deep);
 }

@@ -11,8 +11,8 @@
 #include "platform/win32/win32_event_loop.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_program_starter.h"
-#include "support/error_of.h"
 #include "support/temporary_folder.h"
+#include "support/thrown_number.h"
 
 namespace tamblin {
 namespace {
@@ -39,10 +39,10 @@ TEST(Win32ProgramStarter, TellsAMissingProgramFromOneThatIsNone) {
     Win32FileSystem files;
     Win32ProgramStarter starter;
     const std::wstring file = folder.Path() + L"\\program.exe";
-    EXPECT_EQ(ErrorOf([&] { starter.StartMinimised(L"\"" + file + L"\" x"); }), 53);
-    EXPECT_EQ(ErrorOf([&] { starter.StartMinimised(folder.Path() + L"\\no\\such.exe"); }), 53);
+    EXPECT_EQ(ThrownNumber([&] { starter.StartMinimised(L"\"" + file + L"\" x"); }), 53);
+    EXPECT_EQ(ThrownNumber([&] { starter.StartMinimised(folder.Path() + L"\\no\\such.exe"); }), 53);
     files.Write(file, "no program");
-    EXPECT_EQ(ErrorOf([&] { starter.StartMinimised(L"\"" + file + L"\" x"); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { starter.StartMinimised(L"\"" + file + L"\" x"); }), 75);
 }
 
 TEST(Win32ProgramStarter, DocumentThatNoProgramShowsStaysUnshown) {

@@ -131,14 +131,20 @@ void SetLength(HANDLE file, std::uint64_t length) {
         ThrowLastError();
 }
 
+// A file that takes no more ends where the bytes end.
+[[noreturn]] void GiveUpWriting(HANDLE file, DWORD code) {
+    SetEndOfFile(file);
+    ThrowError(code);
+}
+
 void WriteAll(HANDLE file, std::string_view bytes) {
     while (!bytes.empty()) {
         const auto wanted = static_cast<DWORD>(std::min<size_t>(bytes.size(), longestTransfer));
         DWORD written = 0;
         if (!WriteFile(file, bytes.data(), wanted, &written, nullptr))
-            ThrowLastError();
+            GiveUpWriting(file, GetLastError());
         if (written == 0)
-            ThrowError(ERROR_DISK_FULL);
+            GiveUpWriting(file, ERROR_DISK_FULL);
         bytes.remove_prefix(written);
     }
 }
@@ -178,6 +184,17 @@ class ReplaceableTarget {
     DWORD bits;
     bool isChanged = false;
 };
+
+// Windows takes the part of a copy that fitted on a full disk away again, Wine leaves it.
+[[noreturn]] void ThrowCopyError(const std::wstring& source, const std::wstring& target) {
+    const DWORD code = GetLastError();
+    if (ErrorNumberOf(code) == ErrorNumber::DiskFull)
+        DeleteFileW(PathForWindows(target).c_str());
+    if (MeansNotThere(code))
+        CheckDrive(target, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
+    SetLastError(code);
+    ThrowFileError(source);
+}
 
 bool IsBelow(const std::wstring& full, const std::wstring& folder) {
     const std::wstring start = WithBackslash(folder);
@@ -284,13 +301,8 @@ void Win32FileSystem::Copy(const std::wstring& from, const std::wstring& to) {
     const std::wstring target = FullFilePath(to);
     CheckNotReadOnly(target);
     ReplaceableTarget replaceable(target);
-    if (!CopyFileW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), FALSE)) {
-        const DWORD code = GetLastError();
-        if (MeansNotThere(code))
-            CheckDrive(target, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
-        SetLastError(code);
-        ThrowFileError(source);
-    }
+    if (!CopyFileW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), FALSE))
+        ThrowCopyError(source, target);
     replaceable.KeepReplaced();
 }
 

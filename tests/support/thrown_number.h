@@ -6,7 +6,7 @@
 namespace tamblin {
 
 template <typename Action>
-int ErrorOf(Action action) {
+int ThrownNumber(Action action) {
     try {
         action();
     } catch (const RunTimeError& error) {
