@@ -355,6 +355,7 @@ TEST(HostSearch, EleventhAndTwelfthFindTakeTheTenthSlot) {
     EXPECT_EQ(scene.state.HostFolders[9], L"C:\\h13");
     EXPECT_EQ(scene.state.HostFolders[10], L"C:\\h10");
     EXPECT_EQ(scene.state.HostFolders[11], L"");
+    EXPECT_EQ(scene.search.Progress().FoundText(), L"12");
 }
 
 TEST(HostSearch, WithTenRegisteredEachFindTakesTheTenthSlot) {
@@ -366,6 +367,7 @@ TEST(HostSearch, WithTenRegisteredEachFindTakesTheTenthSlot) {
     EXPECT_EQ(scene.state.HostFolders[9], L"R:\\r9");
     EXPECT_EQ(scene.state.HostFolders[10], L"C:\\h10");
     EXPECT_EQ(scene.state.WorkingFolderCount, 10);
+    EXPECT_EQ(scene.search.Progress().FoundText(), L"2");
 }
 
 TEST(HostSearch, FoundCounterGoesOnWhereFindsTakeTheTenthSlot) {
