@@ -131,9 +131,9 @@ class InstallRun {
         platform.messages.Inform(DoneText, MessageIcon::Information);
         model.browser.Files().DeselectAll();
         lock.Release();
-        model.buttons[1] = true; // although nothing is selected any more
-        model.buttons[9] = false;
         RefreshInstalledList(model, state, platform);
+        ApplySelectionRules(model, state, platform);
+        model.buttons[1] = true; // although nothing is selected any more
     }
 
     MainModel& model;

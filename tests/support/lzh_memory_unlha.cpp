@@ -3,6 +3,7 @@
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "platform/lzh/unlha_command.h"
+#include "platform/lzh/visible_files_target.h"
 #include "support/lzh_code_pages_here.h"
 #include "support/lzh_memory_source.h"
 
@@ -89,7 +90,8 @@ lzh::ExtractionResult MemoryUnlha::Extract(const std::wstring& command) {
         return {LzhFailure::BadCommand, {}, {}};
     try {
         lzh::MemorySource source(files.Read(*archive));
-        FileSystemTarget target(files);
+        FileSystemTarget folder(files);
+        lzh::VisibleFilesTarget target(folder); // as the program's own
         lzh::CodePagesHere codePages;
         return lzh::Extractor(source, target, codePages).Run();
     } catch (const RunTimeError& error) {

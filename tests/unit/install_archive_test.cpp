@@ -104,5 +104,22 @@ TEST_F(InstallArchiveTest, ReadOnlyFilesOfAnArchiveAreInstalled) {
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
+TEST_F(InstallArchiveTest, HiddenAndSystemFilesOfAnArchiveAreInstalledVisibly) {
+    LzhWriter writer;
+    for (const int attributes : {0x22, 0x24, 0x26}) {
+        const std::wstring name = L"mio\\thumbs" + std::to_wstring(attributes);
+        lzh::LzhEntry entry = lzh::MakeEntry(name, "x", "-lh0-", 1);
+        entry.dosAttributes = static_cast<std::uint8_t>(attributes);
+        writer.Add(entry);
+    }
+    writer.AddFile(L"mio.obl", "definition");
+    Install(writer.Finish());
+    EXPECT_THAT(scene.model.installed.names.Entries(), ElementsAre(L"mio"));
+    for (const wchar_t* name : {L"34", L"36", L"38"})
+        EXPECT_EQ(files.AttributesOf(std::wstring(L"C:\\Host\\mio\\thumbs") + name),
+                  FileAttributes{.archive = true});
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+}
+
 } // namespace
 } // namespace tamblin

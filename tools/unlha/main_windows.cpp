@@ -33,7 +33,7 @@ void WriteLine(const std::wstring& text) {
 int wmain(int argumentCount, wchar_t** arguments) {
     ExtractionResult result{LzhFailure::BadCommand, {}, L"usage: unlha x \"PATH\""};
     if (argumentCount == 3 && std::wstring(arguments[1]) == L"x")
-        result = ExtractIntoCurrentFolder(arguments[2]);
+        result = ExtractIntoCurrentFolder(arguments[2], HiddenFiles::AsStored);
     if (!result.Succeeded())
         WriteLine(result.Message());
     return static_cast<int>(result.failure);

@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "base/run_time_error.h"
+#include "platform/lzh/visible_files_target.h"
 #include "platform/win32/lzh_code_pages.h"
 #include "platform/win32/lzh_file_source.h"
 #include "platform/win32/lzh_folder_target.h"
@@ -11,11 +12,15 @@ namespace tamblin {
 
 using lzh::LzhFailure;
 
-lzh::ExtractionResult ExtractIntoCurrentFolder(const std::wstring& archive,
+lzh::ExtractionResult ExtractIntoCurrentFolder(const std::wstring& archive, HiddenFiles hiddenFiles,
                                                lzh::ExtractionProgress* progress) {
     try {
         LzhFileSource source(archive);
-        LzhFolderTarget target(L"");
+        LzhFolderTarget folder(L"");
+        lzh::VisibleFilesTarget visible(folder);
+        lzh::ExtractionTarget& target = hiddenFiles == HiddenFiles::Visible
+                                            ? static_cast<lzh::ExtractionTarget&>(visible)
+                                            : folder;
         LzhCodePages codePages;
         return lzh::Extractor(source, target, codePages, progress).Run();
     } catch (const lzh::LzhError& error) {

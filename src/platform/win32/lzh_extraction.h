@@ -8,8 +8,10 @@
 
 namespace tamblin {
 
+enum class HiddenFiles { AsStored, Visible };
+
 // Never throws.
-lzh::ExtractionResult ExtractIntoCurrentFolder(const std::wstring& archive,
+lzh::ExtractionResult ExtractIntoCurrentFolder(const std::wstring& archive, HiddenFiles hiddenFiles,
                                                lzh::ExtractionProgress* progress = nullptr);
 
 } // namespace tamblin

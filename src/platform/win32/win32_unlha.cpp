@@ -52,7 +52,7 @@ class BackgroundExtraction {
   public:
     explicit BackgroundExtraction(const std::wstring& archive)
         : done(CreateEventW(nullptr, TRUE, FALSE, nullptr)), thread([this, archive] {
-              result = ExtractIntoCurrentFolder(archive, &progress);
+              result = ExtractIntoCurrentFolder(archive, HiddenFiles::Visible, &progress);
               SetEvent(done.get());
           }) {}
     ~BackgroundExtraction() { thread.join(); }
