@@ -21,9 +21,8 @@ numbers = itertools.count(1)
 def pytest_runtest_makereport(item, call):
     result = yield
     report = result.get_result()
-    fixtures = getattr(item, "funcargs", {})
-    app = fixtures.get("app") or fixtures.get("furnished")
-    if report.when == "call" and report.failed and app is not None:
+    app = App.latest
+    if report.when != "teardown" and report.failed and app is not None:
         FAILURES.mkdir(parents=True, exist_ok=True)
         save_screenshot(FAILURES / f"{item.name}.png")
         try:

@@ -78,7 +78,7 @@ class Machine:
         subprocess.run(self.in_prefix("wineserver", "-k"), check=False, stdin=subprocess.DEVNULL)
         subprocess.run(self.in_prefix("wineserver", "-w"), check=False, stdin=subprocess.DEVNULL)
         for process in self.started:
-            process.wait(timeout=20)
+            process.wait(timeout=60)
 
     def remove(self):
         self.stop()

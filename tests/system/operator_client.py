@@ -30,7 +30,7 @@ class Operator:
             self.answers.put(json.loads(line))
         self.answers.put({"error": "the operator has ended"})
 
-    def ask(self, command, *arguments, timeout=30):
+    def ask(self, command, *arguments, timeout=60):
         line = "\t".join([command, *[str(argument) for argument in arguments]])
         self.process.stdin.write(line.encode() + b"\n")
         self.process.stdin.flush()

@@ -20,7 +20,11 @@ def control_id(kind, number, index=0):
     return 1000 * KINDS[kind] + 20 * number + index
 
 
-def wait_until(condition, what, timeout=20.0):
+# Generous, because many tests may share a slow machine; nothing takes long unless it fails.
+PATIENCE = 60.0
+
+
+def wait_until(condition, what, timeout=PATIENCE):
     """The first true value that `condition` gives."""
     end = time.monotonic() + timeout
     while True:
@@ -173,14 +177,14 @@ class Window:
     def shown(self):
         return self.find() is not None
 
-    def wait_shown(self, timeout=20.0):
+    def wait_shown(self, timeout=PATIENCE):
         wait_until(self.shown, f"{self.CLASS} to be shown", timeout)
         return self
 
-    def wait_gone(self, timeout=20.0):
+    def wait_gone(self, timeout=PATIENCE):
         wait_until(lambda: not self.shown(), f"{self.CLASS} to be gone", timeout)
 
-    def wait_enabled(self, timeout=20.0):
+    def wait_enabled(self, timeout=PATIENCE):
         wait_until(lambda: self.shown() and self.state()["enabled"], f"{self.CLASS} to be usable", timeout)
         return self
 
@@ -262,7 +266,7 @@ class MainWindow(Window):
             self.wait_browsed("\\".join(parts[: depth + 1]) + "\\")
 
     def wait_browsed(self, folder):
-        wait_until(lambda: self.text1.text() == folder, f"the browser to show {folder}", 10)
+        wait_until(lambda: self.text1.text() == folder, f"the browser to show {folder}")
 
 
 class Confirmation(Window):
@@ -318,7 +322,11 @@ class App:
     FOLDER = "C:\\Tamblin"
     PROGRAM = FOLDER + "\\tamblin.exe"
 
+    # The one that a failing test is about.
+    latest = None
+
     def __init__(self, machine):
+        App.latest = self
         self.machine = machine
         self.main = MainWindow(self)
         self.splash = Splash(self)
@@ -351,12 +359,12 @@ class App:
         self.start()
         return self.main.wait_shown()
 
-    def wait_box(self, timeout=20.0):
+    def wait_box(self, timeout=PATIENCE):
         self.box.wait_shown(timeout)
         wait_until(lambda: self.box.shown() and self.box.text(), "the message box to have its text")
         return self.box
 
-    def answer(self, text, button, timeout=20.0):
+    def answer(self, text, button, timeout=PATIENCE):
         """Waits for the message box with exactly that text and presses one of its buttons."""
         box = self.wait_box(timeout)
         if box.text() != text:
@@ -368,7 +376,7 @@ class App:
     def running(self):
         return self.operator.running("tamblin.exe") > 0
 
-    def wait_ended(self, timeout=20.0):
+    def wait_ended(self, timeout=PATIENCE):
         wait_until(lambda: not self.running(), "the program to end", timeout)
 
     def described(self):

@@ -12,7 +12,7 @@ namespace tamblin {
 
 namespace {
 
-constexpr UINT answerMilliseconds = 5000;
+constexpr UINT answerMilliseconds = 20000;
 constexpr std::size_t textLimit = 32768;
 
 LRESULT Ask(HWND window, UINT message, WPARAM wide = 0, LPARAM along = 0) {
