@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <random>
 #include <string>
 
 #include "platform/lzh/extractor.h"
 #include "support/lzh_code_pages_here.h"
 #include "support/lzh_memory_source.h"
 #include "support/lzh_target_fake.h"
+#include "support/lzh_test_data.h"
 #include "support/lzh_writer.h"
 
 namespace tamblin::lzh {
@@ -15,43 +14,6 @@ namespace {
 
 const std::string packingMethods[] = {"-lh0-", "-lh1-", "-lh4-", "-lh5-", "-lh6-",
                                       "-lh7-", "-lhx-", "-lz4-", "-lz5-", "-lzs-"};
-
-std::string RandomBytes(std::size_t size, unsigned seed) {
-    std::mt19937 random(seed);
-    std::string bytes(size, '\0');
-    for (char& byte : bytes)
-        byte = static_cast<char>(random() & 0xFF);
-    return bytes;
-}
-
-// Words out of a small vocabulary, with repetitions near and far.
-std::string RandomText(std::size_t size, unsigned seed) {
-    std::mt19937 random(seed);
-    std::string text;
-    while (text.size() < size) {
-        if (random() % 8 == 0 && text.size() > 100) {
-            const std::size_t from = random() % (text.size() - 50);
-            text += text.substr(from, 3 + random() % 300);
-        } else {
-            text += std::string(1 + random() % 9, static_cast<char>('a' + random() % 26)) + ' ';
-        }
-    }
-    text.resize(size);
-    return text;
-}
-
-// Every symbol's frequency is twice the one before: codes become as long as they can.
-std::string SkewedBytes(std::size_t size, unsigned seed) {
-    std::mt19937 random(seed);
-    std::string bytes(size, '\0');
-    for (char& byte : bytes) {
-        unsigned value = 0;
-        while (value < 255 && random() % 2 == 0)
-            ++value;
-        byte = static_cast<char>(value);
-    }
-    return bytes;
-}
 
 class RoundTrip : public testing::TestWithParam<std::string> {
   protected:
