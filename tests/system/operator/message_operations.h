@@ -1,6 +1,6 @@
 // Plain messages to windows of other programs, and how long an answer takes. Handles are numbers;
 // every answer is JSON text. Throws std::runtime_error when a window is gone or does not answer
-// within five seconds.
+// within twenty seconds.
 #pragma once
 
 #include <windows.h>
