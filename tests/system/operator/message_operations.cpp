@@ -9,7 +9,7 @@ namespace tamblin {
 
 namespace {
 
-constexpr UINT answerMilliseconds = 5000;
+constexpr UINT answerMilliseconds = 20000;
 constexpr auto longestWait = std::chrono::seconds(10);
 
 struct BoxSearch {
