@@ -7,6 +7,20 @@ namespace {
 
 constexpr FileAttributes PlainFolder{.folder = true};
 
+// Windows cannot make a folder current whose path is longer. The walk then stays above it: every
+// operation names its path in full.
+constexpr size_t LongestCurrentFolder = 247;
+
+void MoveTo(const std::wstring& folder, FileSystem& files) {
+    if (folder.size() <= LongestCurrentFolder)
+        files.SetCurrentFolder(folder);
+}
+
+// With its trailing "\".
+std::wstring FolderAbove(const std::wstring& folder) {
+    return folder.substr(0, folder.rfind(L'\\', folder.size() - 2) + 1);
+}
+
 // A folder on the way from the staging folder down to the current one.
 struct Level {
     std::wstring folder; // counted from the staging folder, with a trailing "\"
@@ -32,21 +46,21 @@ Level ListLevel(const std::wstring& stagingFolder, std::wstring folder, FileSyst
 
 void WalkStagingFolder(const std::wstring& stagingFolder, StagingVisitor& visitor,
                        FileSystem& files) {
-    files.SetCurrentFolder(stagingFolder);
+    MoveTo(stagingFolder, files);
     std::vector<Level> levels;
     levels.push_back(ListLevel(stagingFolder, L"", files));
     while (!levels.empty()) {
         Level& level = levels.back();
         if (level.nextSubfolder < level.subfolders.size()) {
             std::wstring below = level.folder + level.subfolders[level.nextSubfolder++] + L"\\";
-            files.SetCurrentFolder(stagingFolder + below);
+            MoveTo(stagingFolder + below, files);
             visitor.EnterFolder(below);
             levels.push_back(ListLevel(stagingFolder, std::move(below), files));
             continue;
         }
         for (const std::wstring& name : level.files)
             visitor.TakeFile(level.folder, name);
-        files.SetCurrentFolder(L"..");
+        MoveTo(FolderAbove(stagingFolder + level.folder), files);
         files.RemoveFolder(WithoutBackslash(stagingFolder + level.folder));
         levels.pop_back();
     }

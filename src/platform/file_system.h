@@ -74,7 +74,7 @@ class FileSystem {
     virtual void Write(const std::wstring& file, std::string_view bytes) = 0;
 
     // Replaces an existing target, which keeps its own name's letter case; takes contents, time of
-    // change and attributes along, and sets archive. A full disk costs the target.
+    // change and attributes along, and sets archive. When it fails, the target is as it was.
     virtual void Copy(const std::wstring& from, const std::wstring& to) = 0;
     // Files and folders. Also moves, within one drive, read-only files too. Never replaces;
     // changing only the letter case is allowed.

@@ -498,6 +498,12 @@ void MemoryFileSystem::Fill(Node& file, std::string_view bytes) {
         throw FileError(ErrorNumber::DiskFull);
 }
 
+// A copy is made beside the file that it replaces, which stands until the copy is complete.
+void MemoryFileSystem::CheckRoomFor(size_t bytes, const DriveState& drive) {
+    if (drive.used + bytes > drive.capacity)
+        throw FileError(ErrorNumber::DiskFull);
+}
+
 void MemoryFileSystem::Erase(Node& node) {
     DriveUnder(node).used -= node.bytes.size();
     node.parent->children.erase(UpperCase(node.name));
@@ -583,13 +589,9 @@ void MemoryFileSystem::Copy(const std::wstring& from, const std::wstring& to) {
             throw FileError(ErrorNumber::PermissionDenied);
         CheckReplaceable(*present);
     }
+    CheckRoomFor(original.bytes.size(), DriveUnder(folder));
     Node& copy = FileIn(folder, target.names.back());
-    try {
-        Fill(copy, original.bytes);
-    } catch (const FileError&) {
-        Erase(copy);
-        throw;
-    }
+    Fill(copy, original.bytes);
     copy.attributes = original.attributes;
     copy.attributes.archive = true;
 }

@@ -123,6 +123,7 @@ class MemoryFileSystem : public FileSystem {
     bool HoldsCurrentFolder(const Node& folder) const;
     bool IsInUse(const Node& tree) const;
     void Fill(Node& file, std::string_view bytes);
+    static void CheckRoomFor(size_t bytes, const DriveState& drive);
     void Erase(Node& node);
     bool DeleteUnused(Node& node);
     static DriveState& DriveUnder(const Node& node);

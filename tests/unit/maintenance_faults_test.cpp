@@ -247,13 +247,15 @@ TEST(FullDisk, LaunchKeepsTheFormerStartUpFileAside) {
     EXPECT_THAT(scene.starter.started, IsEmpty());
 }
 
-TEST(FullDisk, UpdateSaysNothingOfCompletion) {
+TEST(FullDisk, UpdateKeepsTheFormerProgramAndSaysNothingOfCompletion) {
     NewHostProgram scene;
+    const auto former = scene.files.Snapshot();
     scene.files.SetCapacity(L"C:", 0);
     EXPECT_EQ(ErrorOf([&] { UpdateHostProgram(scene.model, scene.platform); }),
               ErrorNumber::DiskFull);
     EXPECT_EQ(scene.messages.shown.size(), 1U);
     EXPECT_EQ(scene.files.Contents(L"C:\\Browsed\\ombrel.exe"), "new");
+    EXPECT_EQ(scene.files.Snapshot(), former);
 }
 
 TEST(UninstallFaults, ListIsEmptyWhenItCannotBeReadAnew) {

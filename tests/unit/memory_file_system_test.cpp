@@ -127,14 +127,14 @@ TEST_F(MemoryFileSystemTest, WriteOnAFullDiskKeepsWhatFitted) {
     EXPECT_EQ(files.Contents(L"C:\\b"), "1234567");
 }
 
-TEST_F(MemoryFileSystemTest, CopyToAFullDiskLeavesNoTarget) {
+TEST_F(MemoryFileSystemTest, CopyToAFullDiskLeavesTheTargetAsItWas) {
     files.AddFile(L"C:\\a", "123456");
     files.AddFile(L"D:\\a", "old");
     files.SetCapacity(L"D:", 5);
     EXPECT_EQ(ThrownNumber([&] { files.Copy(L"C:\\a", L"D:\\a"); }), 61);
-    EXPECT_FALSE(files.Exists(L"D:\\a"));
-    files.Write(L"D:\\b", "12345");
-    EXPECT_EQ(files.Contents(L"D:\\b"), "12345");
+    EXPECT_EQ(files.Contents(L"D:\\a"), "old");
+    EXPECT_EQ(ThrownNumber([&] { files.Copy(L"C:\\a", L"D:\\b"); }), 61);
+    EXPECT_FALSE(files.Exists(L"D:\\b"));
 }
 
 TEST_F(MemoryFileSystemTest, DriveThatIsNotReady) {

@@ -158,33 +158,6 @@ void FlushAndClose(UniqueHandle file) {
         ThrowLastError();
 }
 
-// CopyFile refuses to replace a hidden or system file. Makes it a plain one for that time; gives
-// its attributes back when the copy fails.
-class ReplaceableTarget {
-  public:
-    explicit ReplaceableTarget(const std::wstring& full)
-        : path(PathForWindows(full)), bits(GetFileAttributesW(path.c_str())) {
-        constexpr DWORD inTheWay = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
-        constexpr DWORD leftAlone = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY;
-        isChanged = bits != INVALID_FILE_ATTRIBUTES && (bits & inTheWay) != 0 &&
-                    (bits & leftAlone) == 0 &&
-                    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-    }
-    ~ReplaceableTarget() {
-        if (isChanged)
-            SetFileAttributesW(path.c_str(), bits);
-    }
-    ReplaceableTarget(const ReplaceableTarget&) = delete;
-    ReplaceableTarget& operator=(const ReplaceableTarget&) = delete;
-
-    void KeepReplaced() { isChanged = false; }
-
-  private:
-    std::wstring path;
-    DWORD bits;
-    bool isChanged = false;
-};
-
 // Windows takes the part of a copy that fitted on a full disk away again, Wine leaves it.
 [[noreturn]] void ThrowCopyError(const std::wstring& source, const std::wstring& target) {
     const DWORD code = GetLastError();
@@ -194,6 +167,39 @@ class ReplaceableTarget {
         CheckDrive(target, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
     SetLastError(code);
     ThrowFileError(source);
+}
+
+void CopyToNewFile(const std::wstring& source, const std::wstring& target) {
+    if (!CopyFileW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), TRUE))
+        ThrowCopyError(source, target);
+}
+
+// A name beside the file that nothing has yet.
+std::wstring FreeNameBeside(const std::wstring& full) {
+    for (int number = 0;; ++number) {
+        std::wstring name = full + L".new" + std::to_wstring(number);
+        if (BitsOf(name) == INVALID_FILE_ATTRIBUTES)
+            return name;
+    }
+}
+
+// The file keeps standing until its successor is complete beside it.
+void ReplaceByCopy(const std::wstring& source, const std::wstring& target) {
+    Open(source, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
+    Open(target, GENERIC_WRITE, 0, OPEN_EXISTING); // fails as long as a program uses the file
+    WIN32_FIND_DATAW found;
+    std::wstring spelled = target;
+    if (FindFirst(PathForWindows(target), found, 0))
+        spelled = target.substr(0, target.rfind(L'\\') + 1) + found.cFileName;
+    const std::wstring successor = FreeNameBeside(target);
+    CopyToNewFile(source, successor);
+    if (MoveFileExW(PathForWindows(successor).c_str(), PathForWindows(spelled).c_str(),
+                    MOVEFILE_REPLACE_EXISTING))
+        return;
+    const DWORD code = GetLastError();
+    DeleteFileW(PathForWindows(successor).c_str());
+    SetLastError(code);
+    ThrowFileError(target);
 }
 
 bool IsBelow(const std::wstring& full, const std::wstring& folder) {
@@ -300,10 +306,17 @@ void Win32FileSystem::Copy(const std::wstring& from, const std::wstring& to) {
     const std::wstring source = FullFilePath(from);
     const std::wstring target = FullFilePath(to);
     CheckNotReadOnly(target);
-    ReplaceableTarget replaceable(target);
-    if (!CopyFileW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), FALSE))
-        ThrowCopyError(source, target);
-    replaceable.KeepReplaced();
+    if (EqualIgnoringCase(source, target))
+        throw RunTimeError(BitsOf(source) == INVALID_FILE_ATTRIBUTES
+                               ? ErrorNumber::FileNotFound
+                               : ErrorNumber::PermissionDenied);
+    const DWORD bits = BitsOf(target);
+    if (bits == INVALID_FILE_ATTRIBUTES)
+        CopyToNewFile(source, target);
+    else if ((bits & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        throw RunTimeError(ErrorNumber::PathFileAccess);
+    else
+        ReplaceByCopy(source, target);
 }
 
 void Win32FileSystem::Rename(const std::wstring& from, const std::wstring& to) {
