@@ -48,13 +48,13 @@ TEST_F(MemoryUnlhaTest, UnpacksIntoTheCurrentFolder) {
     EXPECT_TRUE(files.Find(L"C:\\TAMTMP\\空")->attributes.folder);
 }
 
-TEST_F(MemoryUnlhaTest, SetsAttributesAndReplacesReadOnlyFiles) {
+TEST_F(MemoryUnlhaTest, SetsAndReplacesReadOnlyFilesAndHidesNone) {
     lzh::LzhEntry entry = lzh::MakeEntry(L"a.txt", "text", "-lh5-", 1);
-    entry.dosAttributes = 0x23;
+    entry.dosAttributes = 0x27;
     EXPECT_EQ(Run(LzhWriter().Add(entry).Add(entry).Finish()), 0);
     const FileAttributes attributes = files.Find(L"C:\\TAMTMP\\a.txt")->attributes;
     EXPECT_TRUE(attributes.readOnly);
-    EXPECT_TRUE(attributes.hidden);
+    EXPECT_FALSE(attributes.hidden);
     EXPECT_FALSE(attributes.system);
 }
 

@@ -1,0 +1,152 @@
+// What the user sees of an extraction: nothing of a short one, a bar over the main window during a
+// long one, windows that are painted all the time, the busy pointer.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <thread>
+
+#include "platform/win32/win32_unlha.h"
+#include "support/lzh_test_data.h"
+#include "support/lzh_writer.h"
+#include "support/temporary_folder.h"
+
+namespace tamblin {
+namespace {
+
+std::atomic<int> paintings = 0;
+std::atomic<int> clicks = 0;
+
+LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_PAINT)
+        ++paintings;
+    if (message == WM_LBUTTONDOWN)
+        ++clicks;
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+HWND MakeOwner() {
+    WNDCLASSW ownerClass{};
+    ownerClass.lpfnWndProc = OwnerProcedure;
+    ownerClass.hInstance = GetModuleHandleW(nullptr);
+    ownerClass.lpszClassName = L"UnlhaTestOwner";
+    RegisterClassW(&ownerClass);
+    return CreateWindowW(ownerClass.lpszClassName, L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 100,
+                         600, 400, nullptr, nullptr, ownerClass.hInstance, nullptr);
+}
+
+// Looks at the screen from another thread, as another program would.
+class Watcher {
+  public:
+    explicit Watcher(std::function<void()> atEachLook)
+        : look(std::move(atEachLook)), thread([this] {
+              while (!ended) {
+                  look();
+                  Sleep(20);
+              }
+          }) {}
+    ~Watcher() {
+        ended = true;
+        thread.join();
+    }
+
+  private:
+    std::function<void()> look;
+    std::atomic<bool> ended = false;
+    std::thread thread;
+};
+
+HWND ProgressWindow() {
+    return FindWindowW(L"Tamblin.Extraction", nullptr);
+}
+
+class UnlhaWindow : public testing::Test {
+  protected:
+    UnlhaWindow() : owner(MakeOwner()) {
+        SetCurrentDirectoryW(temporary.Path().c_str());
+        paintings = clicks = 0;
+    }
+    ~UnlhaWindow() override { DestroyWindow(owner); }
+
+    void Save(const std::string& archive) {
+        std::ofstream(std::filesystem::path(path), std::ios::binary) << archive;
+    }
+
+    std::int16_t Run() { return Win32Unlha().Run(owner, L"x \"" + path + L"\"", L"", 0); }
+
+    // Takes some seconds.
+    static std::string LongArchive() {
+        lzh::LzhEntry entry = lzh::MakeEntry(L"x", lzh::RandomText(3'000'000, 1), "-lh1-", 2);
+        entry.packed = lzh::Encode(entry.method, entry.bytes);
+        lzh::LzhWriter writer;
+        for (int i = 0; i < 30; ++i) {
+            entry.name = "same name";
+            writer.Add(entry);
+        }
+        return writer.Finish();
+    }
+
+    TemporaryFolder temporary;
+    const std::wstring path = temporary.Path() + L"\\a.lzh";
+    const HWND owner;
+};
+
+TEST_F(UnlhaWindow, ShortExtractionShowsNothing) {
+    Save(lzh::LzhWriter().AddFile(L"a", "text").Finish());
+    std::atomic<bool> seen = false;
+    const Watcher watcher([&] { seen = seen || ProgressWindow() != nullptr; });
+    EXPECT_EQ(Run(), 0);
+    EXPECT_FALSE(seen);
+}
+
+TEST_F(UnlhaWindow, LongExtractionShowsABarAndEverythingStaysPainted) {
+    Save(LongArchive());
+    std::atomic<bool> hasOwner = false;
+    std::atomic<int> first = -1;
+    std::atomic<int> last = -1;
+    const ULONGLONG start = GetTickCount64();
+    std::atomic<ULONGLONG> firstSeen = 0;
+    {
+        const Watcher watcher([&] {
+            InvalidateRect(owner, nullptr, TRUE);
+            PostMessageW(owner, WM_LBUTTONDOWN, 0, 0);
+            const HWND window = ProgressWindow();
+            const HWND bar =
+                window ? FindWindowExW(window, nullptr, PROGRESS_CLASSW, nullptr) : nullptr;
+            if (bar == nullptr || !IsWindowVisible(window))
+                return;
+            if (firstSeen == 0)
+                firstSeen = GetTickCount64();
+            hasOwner = GetWindow(window, GW_OWNER) == owner;
+            const auto part = static_cast<int>(SendMessageW(bar, PBM_GETPOS, 0, 0));
+            if (first < 0)
+                first = part;
+            EXPECT_GE(part, last);
+            last = part;
+        });
+        EXPECT_EQ(Run(), 0);
+    }
+    EXPECT_GE(firstSeen - start, 450u);
+    EXPECT_TRUE(hasOwner);
+    EXPECT_GT(last, first);
+    EXPECT_LE(last, 1000);
+    EXPECT_GE(paintings, 5);
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(ProgressWindow(), nullptr);
+}
+
+TEST_F(UnlhaWindow, PointerIsAsBeforeAfterwards) {
+    const HCURSOR arrow = LoadCursorW(nullptr, IDC_ARROW);
+    SetCursor(arrow);
+    Save("no archive");
+    EXPECT_NE(Run(), 0);
+    EXPECT_EQ(GetCursor(), arrow);
+}
+
+} // namespace
+} // namespace tamblin
