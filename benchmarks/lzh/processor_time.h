@@ -2,7 +2,7 @@
 #pragma once
 
 #ifdef _WIN32
-#include <windows.h>
+#include <chrono>
 #else
 #include <sys/resource.h>
 #endif
@@ -11,13 +11,10 @@ namespace tamblin::bench {
 
 #ifdef _WIN32
 
+// Windows counts processor time in steps that are too coarse; the clock has to do.
 inline double ProcessorSeconds() {
-    FILETIME created, ended, kernel, user;
-    GetProcessTimes(GetCurrentProcess(), &created, &ended, &kernel, &user);
-    const auto seconds = [](FILETIME time) {
-        return (time.dwHighDateTime * 4294967296.0 + time.dwLowDateTime) * 1e-7;
-    };
-    return seconds(kernel) + seconds(user);
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double>(now).count();
 }
 
 #else

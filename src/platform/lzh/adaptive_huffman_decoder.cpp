@@ -38,7 +38,7 @@ constexpr std::array<PlaceCode, 256> placeCodes = MakePlaceCodes();
 unsigned ReadDistance(BitReader& reader) {
     const PlaceCode code = placeCodes[reader.Peek(8)];
     reader.Skip(code.length);
-    return (code.upper << 6 | reader.Take(6)) + 1;
+    return (unsigned{code.upper} << 6 | reader.Take(6)) + 1;
 }
 
 } // namespace

@@ -89,7 +89,7 @@ std::wstring TakeCharacter(std::string_view& bytes, unsigned codePage, CodePages
             return *character;
         }
     }
-    const std::wstring text = Replaced(bytes.substr(0, smallest));
+    std::wstring text = Replaced(bytes.substr(0, smallest));
     bytes.remove_prefix(smallest);
     return text;
 }

@@ -2,6 +2,7 @@
 
 #include <iconv.h>
 
+#include <cstdint>
 #include <string>
 
 namespace tamblin {
@@ -29,7 +30,7 @@ class IconvCodePages::Conversion {
     Conversion(const Conversion&) = delete;
     Conversion& operator=(const Conversion&) = delete;
 
-    bool IsOpen() const { return handle != reinterpret_cast<iconv_t>(-1); }
+    bool IsOpen() const { return reinterpret_cast<std::intptr_t>(handle) != -1; }
 
     std::optional<std::wstring> Decode(std::string_view bytes) {
         iconv(handle, nullptr, nullptr, nullptr, nullptr);

@@ -167,7 +167,7 @@ std::string ToUtf8(const std::wstring& text) {
         bytes += static_cast<char>(value);
     };
     for (const wchar_t letter : text) {
-        const auto code = static_cast<unsigned>(letter);
+        const auto code = static_cast<std::uint32_t>(static_cast<char32_t>(letter));
         if (code < 0x80) {
             put(code);
         } else if (code < 0x800) {
