@@ -2,7 +2,8 @@
 """The program in a sandbox, build/sandbox: a machine with two hosts and a folder of packages.
 
     sandbox.py start    starts the program on the display and waits for its end
-    sandbox.py tour     goes the main road through the real windows, with screenshots in build/tour
+    sandbox.py tour     goes the main road through the real windows, with screenshots in build/tour,
+                        then takes a picture of every window for build/tour/gallery
 
 Both say afterwards what changed on the sandbox's drives. The tour succeeds only when the package has
 arrived in the host, byte for byte.
@@ -17,6 +18,7 @@ TOP = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(TOP / "tests" / "system"))
 
 import lzh_packages  # noqa: E402
+from gallery import Gallery, take_gallery  # noqa: E402
 from machine import Machine  # noqa: E402
 from sandbox import HOST, OTHER_HOST, furnish  # noqa: E402
 from tamblin_app import save_screenshot, wait_until  # noqa: E402
@@ -96,11 +98,13 @@ def picture(app, name, ready):
 
 def walk(app):
     main, confirmation = app.main, app.confirmation
+    gallery = Gallery(app, TOUR / "gallery")
     print("Starting")
     app.start()
     wait_until(lambda: app.splash.shown() and app.splash.label4.visible(), "the splash")
     save_screenshot(TOUR / "1-start-up.png")
     print("  build/tour/1-start-up.png")
+    gallery.take("splash", app.splash)
     main.wait_shown()
     app.splash.wait_gone()
     main.browse("D:\\")
@@ -113,6 +117,7 @@ def walk(app):
     main.command1.press()
     confirmation.wait_shown()
     picture(app, "4-confirmation", lambda: len(confirmation.list1.entries()) == 2)
+    gallery.take("confirmation", confirmation)
     confirmation.command1.press()
     box = app.wait_box()
     picture(app, "5-done", box.shown)
@@ -137,6 +142,17 @@ def tour(machine, app):
     return 1 if missing else 0
 
 
+def take_pictures(machine, app):
+    """After the tour and the list of what it changed: the pictures' scenes change more."""
+    print("Pictures of every window, in build/tour/gallery:")
+    try:
+        take_gallery(machine, app, TOUR / "gallery")
+    except Exception:
+        save_screenshot(TOUR / "failure.png")
+        print(app.described())
+        raise
+
+
 def main():
     ways = {"start": start, "tour": tour}
     if len(sys.argv) != 2 or sys.argv[1] not in ways:
@@ -148,6 +164,8 @@ def main():
         before = snapshot(machine)
         code = ways[sys.argv[1]](machine, app)
         tell_changes(before, snapshot(machine))
+        if sys.argv[1] == "tour":
+            take_pictures(machine, app)
         return code
     finally:
         machine.stop()

@@ -56,6 +56,7 @@ NextWindow Form4::Search() {
     searching = true;
     const AtExit over([this] { searching = false; });
     const BusyPointer busy;
+    RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     const NextWindow next = search.SearchAllDrives();
     ShowProgress();
     return next;
