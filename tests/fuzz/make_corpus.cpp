@@ -29,7 +29,9 @@ void SaveDecoders() {
     const auto packed = [&](const std::string& method) {
         return size + Encode(method, text, {.blockSize = 150});
     };
-    Save("lzh_adaptive_decoder", "text", packed("-lh1-"));
+    Save("lzh_adaptive_decoder", "lh1", LittleEndian(0, 1) + packed("-lh1-"));
+    Save("lzh_adaptive_decoder", "lh2", LittleEndian(1, 1) + packed("-lh2-"));
+    Save("lzh_static_decoder", "lh3", LittleEndian(4, 1) + packed("-lh3-"));
     Save("lzh_larc_decoder", "lzs", LittleEndian(0, 1) + packed("-lzs-"));
     Save("lzh_larc_decoder", "lz5", LittleEndian(1, 1) + packed("-lz5-"));
     Save("lzh_larc_decoder", "stored", LittleEndian(2, 1) + packed("-lh0-"));
@@ -66,7 +68,8 @@ void SaveArchives() {
         }
     }
     LzhWriter methods;
-    for (const char* method : {"-lh0-", "-lh1-", "-lh4-", "-lh6-", "-lz4-", "-lz5-", "-lzs-"})
+    for (const char* method :
+         {"-lh0-", "-lh1-", "-lh2-", "-lh3-", "-lh4-", "-lh6-", "-lz4-", "-lz5-", "-lzs-"})
         methods.AddFile(L"file", "some text, some text", method, 2);
     Save("lzh_archive", "methods", methods.Finish());
     LzhEntry large = MakeEntry(L"a", "x", "-lh0-", 2);

@@ -9,10 +9,6 @@
 namespace tamblin::lzh {
 namespace {
 
-constexpr int symbolCount = 314;
-constexpr int nodeCount = 2 * symbolCount - 1;
-constexpr int root = nodeCount - 1;
-
 // A node of the tree; they stand in the order of their weights, the root last.
 struct Node {
     unsigned weight = 0;
@@ -23,30 +19,54 @@ struct Node {
 
 class CodeTree {
   public:
-    CodeTree() : nodes(nodeCount), leaves(symbolCount) {
-        for (int i = 0; i < symbolCount; ++i) {
+    explicit CodeTree(int symbols) : nodes(static_cast<std::size_t>(2 * symbols - 1)) {
+        leaves.resize(static_cast<std::size_t>(symbols));
+        for (int i = 0; i < symbols; ++i) {
             At(i).weight = 1;
             At(i).symbol = i;
         }
-        for (int i = symbolCount; i < nodeCount; ++i)
-            At(i) = Branch((i - symbolCount) * 2);
+        for (int i = symbols; i <= Root(); ++i)
+            At(i) = Branch((i - symbols) * 2);
         Connect();
+        counted = symbols > 1 ? static_cast<unsigned>(symbols) : 0;
+    }
+
+    // One more symbol: the lightest leaf makes room for a branch above it and the new one.
+    void Grow() {
+        const int symbol = static_cast<int>(leaves.size());
+        leaves.push_back(0);
+        Node branch;
+        branch.weight = nodes.front().weight;
+        branch.child = -2; // 0 when all have moved up by two
+        Node fresh;
+        fresh.symbol = symbol;
+        const Node old = nodes.front();
+        nodes.front() = branch;
+        nodes.insert(nodes.begin(), {fresh, old});
+        for (Node& node : nodes) {
+            if (node.symbol < 0)
+                node.child += 2;
+        }
+        Connect();
+        Count(symbol);
     }
 
     void Put(BitWriter& writer, int symbol) const {
         std::vector<unsigned> bits;
-        for (int node = NodeOf(symbol); node != root; node = At(node).parent)
+        for (int node = NodeOf(symbol); node != Root(); node = At(node).parent)
             bits.push_back(static_cast<unsigned>(node - At(At(node).parent).child));
         for (std::size_t i = bits.size(); i-- > 0;)
             writer.Put(bits[i], 1);
     }
 
+    // The root's weight is of no use: it is never exchanged.
     void Count(int symbol) {
-        if (At(root).weight == 0x8000)
+        if (counted == 0x8000)
             Rebuild();
-        for (int node = NodeOf(symbol); node != -1; node = At(node).parent) {
+        ++counted;
+        for (int node = NodeOf(symbol); node != Root(); node = At(node).parent) {
             int last = node;
-            while (last + 1 < nodeCount && At(last + 1).weight == At(node).weight)
+            while (last + 1 < Root() && At(last + 1).weight == At(node).weight)
                 ++last;
             ++At(node).weight;
             if (last != node)
@@ -56,6 +76,7 @@ class CodeTree {
     }
 
   private:
+    int Root() const { return static_cast<int>(nodes.size()) - 1; }
     Node& At(int index) { return nodes[static_cast<std::size_t>(index)]; }
     const Node& At(int index) const { return nodes[static_cast<std::size_t>(index)]; }
 
@@ -69,9 +90,9 @@ class CodeTree {
     }
 
     void Connect() {
-        for (int i = 0; i < nodeCount; ++i)
+        for (int i = 0; i <= Root(); ++i)
             Adopt(i);
-        At(root).parent = -1;
+        At(Root()).parent = -1;
     }
 
     // Tells a branch's children, or a leaf's symbol, where they belong now.
@@ -94,15 +115,18 @@ class CodeTree {
     }
 
     void Rebuild() {
+        const std::size_t nodeCount = nodes.size();
         std::vector<Node> kept;
+        counted = 0;
         for (const Node& node : nodes) {
-            if (node.symbol >= 0) {
-                kept.push_back(node);
-                kept.back().weight = (node.weight + 1) / 2;
-            }
+            if (node.symbol < 0)
+                continue;
+            kept.push_back(node);
+            kept.back().weight = (node.weight + 1) / 2;
+            counted += kept.back().weight;
         }
         nodes = kept;
-        for (int child = 0; static_cast<int>(nodes.size()) < nodeCount; child += 2) {
+        for (int child = 0; nodes.size() < nodeCount; child += 2) {
             const Node branch = Branch(child);
             const auto place = std::find_if(nodes.rbegin(), nodes.rend(), [&](const Node& node) {
                 return node.weight <= branch.weight;
@@ -114,6 +138,7 @@ class CodeTree {
 
     std::vector<Node> nodes;
     std::vector<int> leaves; // by symbol
+    unsigned counted = 0;    // symbols, halved with the weights
 };
 
 // The fixed code for the upper six bits of a distance.
@@ -133,10 +158,10 @@ void PutUpperBits(BitWriter& writer, unsigned upper) {
 
 } // namespace
 
-std::string EncodeAdaptive(std::string_view data, EncoderOptions options) {
+std::string EncodeLh1(std::string_view data, EncoderOptions options) {
     const std::string history(options.useInitialHistory ? 256 : 0, ' ');
     BitWriter writer;
-    CodeTree tree;
+    CodeTree tree(314);
     for (const Token& token : FindTokens(history, data, {4096, 3, 60, options.lazy})) {
         const int symbol =
             token.distance == 0 ? token.byte : static_cast<int>(token.length - 3 + 256);
@@ -146,6 +171,33 @@ std::string EncodeAdaptive(std::string_view data, EncoderOptions options) {
             PutUpperBits(writer, (token.distance - 1) >> 6);
             writer.Put((token.distance - 1) & 63, 6);
         }
+    }
+    return writer.Finish();
+}
+
+// Distances can be told only as far as bytes have been packed, so nothing is copied from before
+// them.
+std::string EncodeLh2(std::string_view data, EncoderOptions options) {
+    BitWriter writer;
+    CodeTree tree(286);
+    CodeTree distances(1);
+    std::size_t packed = 0;
+    std::size_t reach = 64;
+    for (const Token& token : FindTokens("", data, {8192, 3, 256, options.lazy})) {
+        const unsigned symbol = token.distance == 0 ? token.byte : token.length - 3 + 256;
+        tree.Put(writer, static_cast<int>(std::min(symbol, 285u)));
+        tree.Count(static_cast<int>(std::min(symbol, 285u)));
+        if (symbol >= 285)
+            writer.Put(symbol - 285, 8);
+        if (token.distance > 0) {
+            for (; packed > reach && reach < 8192; reach += 64)
+                distances.Grow();
+            const int upper = static_cast<int>((token.distance - 1) >> 6);
+            distances.Put(writer, upper);
+            distances.Count(upper);
+            writer.Put((token.distance - 1) & 63, 6);
+        }
+        packed += token.length;
     }
     return writer.Finish();
 }

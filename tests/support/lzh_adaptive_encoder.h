@@ -1,4 +1,4 @@
-// The encoder of -lh1-.
+// The encoders of -lh1- and -lh2-.
 #pragma once
 
 #include <string>
@@ -8,6 +8,7 @@
 
 namespace tamblin::lzh {
 
-std::string EncodeAdaptive(std::string_view data, EncoderOptions options);
+std::string EncodeLh1(std::string_view data, EncoderOptions options);
+std::string EncodeLh2(std::string_view data, EncoderOptions options);
 
 } // namespace tamblin::lzh

@@ -12,7 +12,11 @@ std::string Encode(const std::string& method, std::string_view data, EncoderOpti
     if (method == "-lh0-" || method == "-lz4-")
         return std::string(data);
     if (method == "-lh1-")
-        return EncodeAdaptive(data, options);
+        return EncodeLh1(data, options);
+    if (method == "-lh2-")
+        return EncodeLh2(data, options);
+    if (method == "-lh3-")
+        return EncodeLh3(data, options);
     if (method == "-lh4-" || method == "-lh5-")
         return EncodeStatic(method == "-lh4-" ? 12 : 13, data, options);
     if (method == "-lh6-" || method == "-lh7-")

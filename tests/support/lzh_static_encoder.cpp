@@ -239,4 +239,98 @@ std::string EncodeStatic(unsigned historyBits, std::string_view data, EncoderOpt
     return writer.Finish();
 }
 
+namespace {
+
+// The distances' code of -lh3- where a block has none of its own.
+Code UsualDistances() {
+    Code code;
+    constexpr unsigned firstOfLength[] = {1, 3, 6, 13, 31, 78};
+    for (unsigned symbol = 0; symbol < 128; ++symbol) {
+        unsigned length = symbol == 0 ? 2 : 3;
+        for (const unsigned first : firstOfLength)
+            length += symbol >= first ? 1 : 0;
+        code.lengths.push_back(length);
+    }
+    AssignBits(code);
+    return code;
+}
+
+void PutOnlyOneMark(BitWriter& writer, const char* marks) {
+    for (; *marks != '\0'; ++marks)
+        writer.Put(*marks == '1', 1);
+}
+
+void PutLh3Symbols(BitWriter& writer, const Code& code) {
+    if (code.only >= 0) {
+        PutOnlyOneMark(writer, "100001000010000");
+        writer.Put(static_cast<unsigned>(code.only), 9);
+        return;
+    }
+    for (const unsigned length : code.lengths) {
+        writer.Put(length > 0, 1);
+        if (length > 0)
+            writer.Put(length - 1, 4);
+    }
+}
+
+// Codes of 16 bits cannot be told here; blocks that would need them take the usual code.
+Code PutLh3Distances(BitWriter& writer, const Counts& counts) {
+    const Code code = MakeCode(counts);
+    const unsigned longest = *std::max_element(code.lengths.begin(), code.lengths.end());
+    if (longest > 15 || counts.at(0) % 2 == 0) {
+        writer.Put(0, 1);
+        return UsualDistances();
+    }
+    writer.Put(1, 1);
+    if (code.only >= 0) {
+        PutOnlyOneMark(writer, "000100010001");
+        writer.Put(static_cast<unsigned>(code.only), 7);
+    } else {
+        for (const unsigned length : code.lengths)
+            writer.Put(length, 4);
+    }
+    return code;
+}
+
+void PutLh3Block(BitWriter& writer, std::span<const Token> block) {
+    const auto symbolOf = [](const Token& token) {
+        return token.distance == 0 ? token.byte : token.length - 3 + 256;
+    };
+    Counts symbolCounts(286, 0);
+    Counts distanceCounts(128, 0);
+    for (const Token& token : block) {
+        ++symbolCounts[std::min(symbolOf(token), 285u)];
+        if (token.distance > 0)
+            ++distanceCounts[(token.distance - 1) >> 6];
+    }
+    writer.Put(static_cast<unsigned>(block.size()) & 0xFFFF, 16);
+    const Code symbols = MakeCode(symbolCounts);
+    PutLh3Symbols(writer, symbols);
+    const Code distances = PutLh3Distances(writer, distanceCounts);
+    for (const Token& token : block) {
+        const unsigned symbol = std::min(symbolOf(token), 285u);
+        writer.Put(symbols.bits[symbol], symbols.lengths[symbol]);
+        if (symbol == 285)
+            writer.Put(symbolOf(token) - 285, 8);
+        if (token.distance > 0) {
+            const unsigned upper = (token.distance - 1) >> 6;
+            writer.Put(distances.bits[upper], distances.lengths[upper]);
+            writer.Put((token.distance - 1) & 63, 6);
+        }
+    }
+}
+
+} // namespace
+
+std::string EncodeLh3(std::string_view data, EncoderOptions options) {
+    const std::string history(options.useInitialHistory ? 256 : 0, ' ');
+    const std::vector<Token> tokens = FindTokens(history, data, {8192, 3, 256, options.lazy});
+    BitWriter writer;
+    for (std::size_t at = 0; at < tokens.size(); at += options.blockSize) {
+        const std::size_t size = std::min(options.blockSize, tokens.size() - at);
+        PutLh3Block(writer, std::span(tokens).subspan(at, size));
+    }
+    return writer.Finish();
+}
+
 } // namespace tamblin::lzh

@@ -19,6 +19,9 @@ class EntryList {
     // not a single entry, and as HeaderParser does.
     std::optional<EntryHeader> Next();
 
+    // Where in the archive the header stands that is read next, or could not be read.
+    std::uint64_t Offset() const { return offset; }
+
   private:
     EntryHeader First();
     std::optional<EntryHeader> Search();

@@ -56,6 +56,17 @@ class CheckedSink : public ByteSink {
     std::uint16_t crc = 0;
 };
 
+// A header that cannot be read has no name to be reported by, but a place.
+std::optional<EntryHeader> NextOf(EntryList& entries) {
+    try {
+        return entries.Next();
+    } catch (const LzhError& error) {
+        if (entries.Offset() == 0)
+            throw;
+        throw LzhError(error.Failure(), L"at byte " + std::to_wstring(entries.Offset()));
+    }
+}
+
 LzhFailure FailureOf(const RunTimeError& error) {
     switch (error.Number()) {
         case ErrorNumber::OutOfMemory:
@@ -109,7 +120,7 @@ ExtractionResult Extractor::Run() {
 void Extractor::ExtractAll() {
     EntryList entries(source);
     inEntry = false;
-    while (auto next = entries.Next()) {
+    while (auto next = NextOf(entries)) {
         entry = std::move(*next);
         inEntry = true;
         ExtractEntry();

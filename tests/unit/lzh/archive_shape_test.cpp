@@ -118,6 +118,14 @@ TEST(ArchiveShape, DamagedByteAnywhereIsNeverTakenForSound) {
     }
 }
 
+TEST(ArchiveShape, HeaderThatCannotBeReadIsReportedByItsPlace) {
+    const std::string first = LzhWriter().AddFile(L"a", "x", "-lh0-", 1).WithoutEndMark();
+    std::string archive = first + LzhWriter().AddFile(L"b", "x", "-lh0-", 1).Finish();
+    archive[first.size() + 10] ^= 1;
+    EXPECT_EQ(Extraction(archive).result.Message(),
+              L"the header is damaged (at byte " + std::to_wstring(first.size()) + L")");
+}
+
 TEST(ArchiveShape, HeaderThatPointsBehindTheEndIsAFailure) {
     for (unsigned level = 0; level <= 3; ++level) {
         for (const std::uint32_t size : {0x1000u, 0x7FFF'FFFFu, 0xFFFF'FFFFu}) {

@@ -19,8 +19,8 @@ LzhEntry SomeEntry(const std::string& method) {
 
 class Damage : public testing::TestWithParam<std::string> {};
 INSTANTIATE_TEST_SUITE_P(AllMethods, Damage,
-                         testing::Values("-lh0-", "-lh1-", "-lh4-", "-lh5-", "-lh6-", "-lh7-",
-                                         "-lhx-", "-lz4-", "-lz5-", "-lzs-"),
+                         testing::Values("-lh0-", "-lh1-", "-lh2-", "-lh3-", "-lh4-", "-lh5-",
+                                         "-lh6-", "-lh7-", "-lhx-", "-lz4-", "-lz5-", "-lzs-"),
                          [](const auto& test) { return test.param.substr(1, 3); });
 
 TEST_P(Damage, WrongChecksumIsAFailureAndLeavesNoFile) {
