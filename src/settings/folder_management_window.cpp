@@ -63,8 +63,8 @@ Size Form8::FirstSize() const {
 void Form8::Load() {
     management.Load();
     command4.SetText(management.LeaveCaption());
-    option1Allow.SetChosen(management.kvaAllowed);
-    option1Forbid.SetChosen(!management.kvaAllowed);
+    option1Allow.SetTicked(management.kvaAllowed);
+    option1Forbid.SetTicked(!management.kvaAllowed);
 }
 
 void Form8::Activated() {
@@ -86,7 +86,7 @@ void Form8::EscapePressed() {
 
 void Form8::Run(const std::function<NextWindow()>& event) {
     list1.ReadSelections(management.folders);
-    management.kvaAllowed = option1Allow.IsChosen();
+    management.kvaAllowed = option1Allow.IsTicked();
     const NextWindow next = event();
     ShowModel();
     if (next == NextWindow::Stay)

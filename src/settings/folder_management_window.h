@@ -7,7 +7,7 @@
 #include "ui/hand_over.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
-#include "ui/option_button.h"
+#include "ui/tick_button.h"
 
 namespace tamblin {
 

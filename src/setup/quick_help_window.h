@@ -9,11 +9,11 @@
 #include "platform/platform.h"
 #include "setup/quick_help_texts.h"
 #include "ui/button.h"
-#include "ui/check_box.h"
 #include "ui/form.h"
 #include "ui/label.h"
 #include "ui/link_label.h"
 #include "ui/text_pane.h"
+#include "ui/tick_button.h"
 
 namespace tamblin {
 
