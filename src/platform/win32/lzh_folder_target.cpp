@@ -115,7 +115,11 @@ class FolderTargetFile : public lzh::TargetFile {
             ForWindows(times.modifiedLocal ? FromLocalTime(*times.modifiedLocal) : times.modified);
         SetFileInformationByHandle(file.get(), FileBasicInfo, &info, sizeof info);
         file.reset();
-        SetFileAttributesW(path.c_str(), ForWindows(attributes));
+        // Not every system lets a file be hidden that is read-only already.
+        const DWORD bits = ForWindows(attributes);
+        SetFileAttributesW(path.c_str(), bits & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
+        if (attributes.readOnly)
+            SetFileAttributesW(path.c_str(), bits);
     }
 
   private:
