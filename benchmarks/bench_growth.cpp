@@ -14,6 +14,7 @@
 #include "install/package_staging.h"
 #include "install/selection_rules.h"
 #include "maintenance/folder_check.h"
+#include "support/lzh_writer.h"
 
 namespace tamblin {
 namespace {
@@ -124,6 +125,16 @@ void WritePackage(FileSystem& files, const std::wstring& folder, size_t count) {
     }
 }
 
+// The same as an archive.
+std::string PackedPackage(size_t count) {
+    lzh::LzhWriter writer;
+    writer.AddFile(L"package.obl", "definition");
+    for (size_t number = 0; number < count; ++number)
+        writer.AddFile(Numbered(L"package\\part", number / 100) + Numbered(L"\\file", number),
+                       "contents of a small file");
+    return writer.Finish();
+}
+
 // The least that moving these files takes: one renaming each, and the folders.
 double SecondsOfRenaming(FileSystem& files, size_t count) {
     const std::wstring from = std::wstring(BenchFolder) + L"\\from";
@@ -159,14 +170,10 @@ void MeasureInstall(size_t count) {
     world.files.Delete(host + L"\\package.obl");
     const std::wstring packages = std::wstring(BenchFolder) + L"\\packages";
     world.files.MakeFolder(packages);
-    world.files.Write(packages + L"\\package.lzh", "");
+    world.files.Write(packages + L"\\package.lzh", PackedPackage(count));
     session.state.BrowseStartFolder = packages;
     session.model.browser.RebuildBrowser();
     session.model.browser.Files().Select(0);
-    world.unlha.onUnpack = [&](const std::wstring&) -> std::int16_t {
-        WritePackage(world.files, StagingFolder(host), count);
-        return 0;
-    };
     ConfirmingScreen screen;
     Print("install, all of it", count,
           Seconds([&] { Install(session.model, session.state, world.platform, screen); }),

@@ -1,5 +1,5 @@
 // The surroundings that the growth benchmark works on: natively a drive in memory, on Windows the
-// real file system. Message boxes are answered, packages are "unpacked" by writing files.
+// real file system. Message boxes are answered.
 #pragma once
 
 #include <memory>
@@ -8,6 +8,9 @@
 #ifdef _WIN32
 #include "platform/win32/win32_desktop_shell.h"
 #include "platform/win32/win32_file_system.h"
+#include "platform/win32/win32_unlha.h"
+#else
+#include "support/lzh_memory_unlha.h"
 #endif
 
 namespace tamblin {
@@ -18,7 +21,7 @@ struct GrowthWorld {
 #ifdef _WIN32
     Win32FileSystem files;
     Win32DesktopShell shell;
-    MemoryFileSystem unused;
+    Win32Unlha unlha;
 #else
     GrowthWorld() {
         files.AddDrive(L"C:");
@@ -26,11 +29,11 @@ struct GrowthWorld {
     }
     MemoryFileSystem files;
     DesktopShellFake shell{files};
+    MemoryUnlha unlha{files};
 #endif
     ProgramStarterFake starter;
     MessageBoxesFake messages;
     EventLoopFake events;
-    UnlhaFake unlha;
     NativeAnsiCodePage ansi;
     Platform platform{files, shell, starter, messages, events, unlha, ansi, L"C:\\"};
 };
