@@ -22,7 +22,7 @@ std::string Encode(const std::string& method, std::string_view data, EncoderOpti
     if (method == "-lh6-" || method == "-lh7-")
         return EncodeStatic(method == "-lh6-" ? 15 : 16, data, options);
     if (method == "-lhx-")
-        return EncodeStatic(20, data, options);
+        return EncodeStatic(19, data, options);
     if (method == "-lzs-")
         return EncodeLzs(data, options);
     if (method == "-lz5-")

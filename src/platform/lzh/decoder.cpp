@@ -30,6 +30,7 @@ std::unique_ptr<Decoder> Decoders::Make(const std::string& method) {
         return std::make_unique<StaticHuffmanDecoder>(window, method == "-lh4-" ? 12 : 13);
     if (method == "-lh6-" || method == "-lh7-")
         return std::make_unique<StaticHuffmanDecoder>(window, method == "-lh6-" ? 15 : 16);
+    // Other readers are content with 19 bits; one more is understood without doing harm to these.
     if (method == "-lhx-")
         return std::make_unique<StaticHuffmanDecoder>(window, 20);
     if (method == "-lzs-")

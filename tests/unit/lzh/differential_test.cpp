@@ -135,9 +135,9 @@ TEST_F(Differential, EqualsLhasa) {
         GTEST_SKIP() << "lhasa is not installed";
     ArchiveMaker maker(1, false);
     for (int i = 0; i < archivesPerRun / 2; ++i) {
-        const std::string archive = maker.Make(
-            {"-lh0-", "-lh1-", "-lh4-", "-lh5-", "-lh6-", "-lh7-", "-lz4-", "-lz5-", "-lzs-"},
-            true);
+        const std::string archive = maker.Make({"-lh0-", "-lh1-", "-lh4-", "-lh5-", "-lh6-",
+                                                "-lh7-", "-lhx-", "-lz4-", "-lz5-", "-lzs-"},
+                                               true);
         ASSERT_EQ(UnpackByUs(archive), UnpackBy("lhasa xqf", archive)) << "archive " << i;
     }
 }
