@@ -80,7 +80,8 @@ void HeaderParser::CheckSum() const {
         Damaged();
 }
 
-void HeaderParser::ParseLevel0() {
+// What levels 0 and 1 have in common. Returns where the name ends and the checksum begins.
+std::size_t HeaderParser::ParseUpToName() {
     ReadExactly(2u + static_cast<std::uint8_t>(bytes[0]));
     CheckSum();
     const HeaderFields fields(bytes);
@@ -89,7 +90,12 @@ void HeaderParser::ParseLevel0() {
     entry.attributes = FromDosAttributes(fields.U8(19));
     const std::size_t nameSize = fields.U8(21);
     entry.name = fields.Bytes(22, nameSize);
-    const std::size_t crcOffset = 22 + nameSize;
+    return 22 + nameSize;
+}
+
+void HeaderParser::ParseLevel0() {
+    const std::size_t crcOffset = ParseUpToName();
+    const HeaderFields fields(bytes);
     if (crcOffset + 2 <= fields.Size()) {
         entry.crc = fields.U16(crcOffset);
         ParseLevel0Area(crcOffset + 2);
@@ -110,18 +116,12 @@ void HeaderParser::ParseLevel0Area(std::size_t begin) {
 }
 
 void HeaderParser::ParseLevel1() {
-    ReadExactly(2u + static_cast<std::uint8_t>(bytes[0]));
-    CheckSum();
+    const std::size_t crcOffset = ParseUpToName();
     const HeaderFields fields(bytes);
-    if (const std::uint32_t time = fields.U32(15); time != 0)
-        entry.times.modifiedLocal = time;
-    entry.attributes = FromDosAttributes(fields.U8(19));
-    const std::size_t nameSize = fields.U8(21);
-    entry.name = fields.Bytes(22, nameSize);
-    entry.crc = fields.U16(22 + nameSize);
-    entry.system = static_cast<char>(fields.U8(24 + nameSize));
+    entry.crc = fields.U16(crcOffset);
+    entry.system = static_cast<char>(fields.U8(crcOffset + 2));
     const std::size_t baseSize = fields.Size();
-    if (baseSize < 27 + nameSize)
+    if (baseSize < crcOffset + 5)
         Damaged();
 
     // What the base header calls the packed size counts the extended headers as well.

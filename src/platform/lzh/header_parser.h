@@ -30,6 +30,7 @@ class HeaderParser {
     void ReadUpTo(std::size_t size);
     void ReadExactly(std::size_t size);
     void ParseCommonFields();
+    std::size_t ParseUpToName();
     void ParseLevel0();
     void ParseLevel1();
     void ParseLevel2();
