@@ -12,6 +12,14 @@ OMBREL = PROGRAMS / "tests" / "system" / "ombrel.exe"
 OPERATOR = PROGRAMS / "tests" / "system" / "operator.exe"
 
 
+def discard(entry):
+    """Deletes a file, a link, or a folder with all it holds."""
+    if entry.is_dir() and not entry.is_symlink():
+        shutil.rmtree(entry)
+    else:
+        entry.unlink()
+
+
 class Machine:
     """Drives C: and those named, and what runs on them. Nothing outside the prefix is in reach."""
 

@@ -7,7 +7,7 @@ import shutil
 import pytest
 
 from hosts import make_host
-from machine import ROOT, Machine
+from machine import ROOT, Machine, discard
 from more_windows import CheckWindow, Recorder
 from tamblin_app import App, wait_until
 
@@ -16,6 +16,12 @@ OTHER_HOST = "D:\\Games\\Vimora"
 NEW_FILES = "D:\\Neue Dateien"
 START_UP = b"H001currentobl=default.obl\r\n; kept \x83\x5c as it is, \xff\r\nno line end"
 numbers = itertools.count(1)
+
+
+def empty(folder):
+    folder.chmod(0o755)
+    for entry in folder.iterdir():
+        discard(entry)
 
 
 class Scene:
@@ -41,11 +47,11 @@ class Scene:
         self.app.start_main()
 
     def furnish(self):
+        """Gives every folder its first content. The folders themselves stay: the main window re-reads
+        its lists whenever another window hands over to it, and leaves a folder that it finds gone."""
         for folder in [HOST, OTHER_HOST, NEW_FILES]:
-            path = self.machine.path(folder)
-            if path.exists():
-                path.chmod(0o755)
-                shutil.rmtree(path)
+            self.machine.make_folder(folder)
+            empty(self.machine.path(folder))
         make_host(self.machine, HOST, ["mikan", "yuzu", "表ソ能", "空 白"])
         make_host(self.machine, OTHER_HOST, ["kinako"])
         self.machine.write(HOST + "\\ombrel.rc", START_UP)
@@ -56,6 +62,8 @@ class Scene:
         main = self.app.main
         for folder in [OTHER_HOST, HOST]:
             main.combo1.select(folder)
+        if main.text1.text() != NEW_FILES + "\\":
+            main.browse(NEW_FILES)
         main.list1.double_click(main.list1.selected()[0])
         wait_until(lambda: main.list2.entries() == ["new.lzh"], "the browser to be read again")
 

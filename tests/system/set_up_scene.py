@@ -7,7 +7,7 @@ import shutil
 import pytest
 
 from hosts import make_host
-from machine import ROOT, Machine
+from machine import ROOT, Machine, discard
 from more_windows import (
     ChoiceWindow,
     HelpWindow,
@@ -69,10 +69,7 @@ class BareMachine:
         except (OperatorError, TimeoutError):
             return False
         for entry in self.entries() - self.content:
-            if entry.is_dir() and not entry.is_symlink():
-                shutil.rmtree(entry)
-            else:
-                entry.unlink()
+            discard(entry)
         return True
 
 
