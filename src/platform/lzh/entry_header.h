@@ -28,6 +28,10 @@ struct EntryHeader {
     std::optional<std::u16string> unicodeFolder;
     unsigned codePage = 932;
 
+    // Whether an archive of this size holds all of the entry's data.
+    bool FitsInto(std::uint64_t archiveSize) const {
+        return dataOffset <= archiveSize && packedSize <= archiveSize - dataOffset;
+    }
     bool IsFolder() const { return method == "-lhd-"; }
     bool IsLink() const { return (unixMode & 0xF000) == 0xA000; }
 };

@@ -58,7 +58,8 @@ std::optional<EntryHeader> EntryList::Next() {
 }
 
 EntryHeader EntryList::Take(EntryHeader entry) {
-    offset = entry.dataOffset + entry.packedSize;
+    const bool whole = entry.FitsInto(source.Size());
+    offset = whole ? entry.dataOffset + entry.packedSize : source.Size();
     return entry;
 }
 
@@ -70,6 +71,17 @@ EntryHeader EntryList::First() {
     if (auto entry = Search())
         return *entry;
     throw LzhError(LzhFailure::NotAnArchive);
+}
+
+std::optional<EntryHeader> EntryList::Faultless(std::uint64_t place) {
+    try {
+        EntryHeader entry = parser.Parse(place);
+        if (entry.FitsInto(source.Size()))
+            return entry;
+    } catch (const LzhError&) {
+        // No header after all.
+    }
+    return std::nullopt;
 }
 
 // Self-extracting archives begin with a program. The first header behind it has to be faultless,
@@ -84,12 +96,10 @@ std::optional<EntryHeader> EntryList::Search() {
         for (std::size_t i = 0; i + smallestHeader <= got; ++i) {
             if (piece[i + methodOffset] != '-' || !CouldBeHeader({&piece[i], smallestHeader}))
                 continue;
-            try {
-                return parser.Parse(base + i);
-            } catch (const LzhError&) {
-                if (++falseHeaders == mostFalseHeaders)
-                    return std::nullopt;
-            }
+            if (auto entry = Faultless(base + i))
+                return entry;
+            if (++falseHeaders == mostFalseHeaders)
+                return std::nullopt;
         }
         base += got - smallestHeader + 1;
     }

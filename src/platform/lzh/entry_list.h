@@ -15,8 +15,9 @@ class EntryList {
   public:
     explicit EntryList(ArchiveSource& archive) : source(archive), parser(archive) {}
 
-    // The next entry, or nothing behind the last one. Throws LzhError: NotAnArchive when there is
-    // not a single entry, and as HeaderParser does.
+    // The next entry, or nothing behind the last one; an entry that does not fit into the archive
+    // is the last. Throws LzhError: NotAnArchive when there is not a single entry, and as
+    // HeaderParser does.
     std::optional<EntryHeader> Next();
 
     // Where in the archive the header stands that is read next, or could not be read.
@@ -25,6 +26,7 @@ class EntryList {
   private:
     EntryHeader First();
     std::optional<EntryHeader> Search();
+    std::optional<EntryHeader> Faultless(std::uint64_t place);
     bool IsEnd();
     EntryHeader Take(EntryHeader entry);
 

@@ -131,6 +131,8 @@ void Extractor::ExtractAll() {
 }
 
 void Extractor::ExtractEntry() {
+    if (!entry.FitsInto(source.Size()))
+        throw LzhError(LzhFailure::Truncated);
     if (entry.IsLink())
         return;
     const std::optional<EntryPath> path = PathOf(entry, codePages);

@@ -38,8 +38,6 @@ EntryHeader HeaderParser::Parse(std::uint64_t offset) {
     }
     CheckCrc();
     entry.dataOffset = start + bytes.size();
-    if (entry.packedSize > archiveSize - entry.dataOffset)
-        throw LzhError(LzhFailure::Truncated);
     return entry;
 }
 

@@ -22,8 +22,8 @@ class HeaderParser {
   public:
     explicit HeaderParser(ArchiveSource& archive) : source(archive), archiveSize(archive.Size()) {}
 
-    // Throws LzhError: DamagedHeader; Truncated when the header or the data behind it ends behind
-    // the archive.
+    // Throws LzhError: DamagedHeader; Truncated when the header ends behind the archive. Whether
+    // the archive holds the data that the header claims is not looked at.
     EntryHeader Parse(std::uint64_t offset);
 
   private:

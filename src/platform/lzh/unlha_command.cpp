@@ -28,8 +28,4 @@ std::optional<std::wstring> ArchiveOfCommand(std::wstring_view command) {
     return std::wstring(path);
 }
 
-std::wstring CommandOfArguments(std::wstring_view verb, std::wstring_view path) {
-    return std::wstring(verb) + L" \"" + std::wstring(path) + L"\"";
-}
-
 } // namespace tamblin::lzh

@@ -126,6 +126,16 @@ TEST(ArchiveShape, HeaderThatCannotBeReadIsReportedByItsPlace) {
               L"the header is damaged (at byte " + std::to_wstring(first.size()) + L")");
 }
 
+TEST(ArchiveShape, EntryThatTheArchiveCutsIsReportedByItsName) {
+    for (unsigned level = 0; level <= 3; ++level) {
+        const std::string whole =
+            LzhWriter().AddFile(L"dir\\表.txt", "text", "-lh0-", level).WithoutEndMark();
+        const Extraction extraction(whole.substr(0, whole.size() - 1));
+        EXPECT_EQ(extraction.result.Message(), L"dir\\表.txt: the archive ends too early") << level;
+        EXPECT_TRUE(extraction.Files().empty()) << level;
+    }
+}
+
 TEST(ArchiveShape, HeaderThatPointsBehindTheEndIsAFailure) {
     for (unsigned level = 0; level <= 3; ++level) {
         for (const std::uint32_t size : {0x1000u, 0x7FFF'FFFFu, 0xFFFF'FFFFu}) {
