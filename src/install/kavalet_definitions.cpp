@@ -1,10 +1,12 @@
 #include "install/kavalet_definitions.h"
 
+#include <algorithm>
+#include <numeric>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "base/byte_lines.h"
+#include "base/range_minimum.h"
 #include "platform/file_lists.h"
 
 namespace tamblin {
@@ -25,34 +27,62 @@ std::string_view KeyOf(std::string_view entry) {
     return entry.substr(0, entry.find(',', first + 1));
 }
 
+// Sorted by their texts, all entries with one beginning stand side by side; of those, the first in
+// the package's order counts.
 class PackageEntries {
   public:
-    explicit PackageEntries(std::string_view package) {
-        LineReader lines(package);
-        while (const auto line = lines.Next())
-            if (IsEntry(*line))
-                entries.push_back(*line);
+    explicit PackageEntries(std::string_view package)
+        : entries(EntriesOf(package)),
+          sorted(entries.size()),
+          places(entries.size()),
+          unused(entries.size()) {
+        std::iota(sorted.begin(), sorted.end(), size_t{0});
+        std::ranges::sort(sorted, {}, [this](size_t index) { return entries[index]; });
+        for (size_t place = 0; place < sorted.size(); ++place) {
+            places[sorted[place]] = place;
+            unused.Set(place, sorted[place]);
+        }
     }
 
     // The first unused entry that starts with the key; it is used from now on.
     std::optional<std::string_view> Take(std::string_view key) {
-        for (auto& entry : entries)
-            if (entry && entry->starts_with(key))
-                return std::exchange(entry, std::nullopt);
-        return std::nullopt;
+        const auto beginning = [&](size_t index) {
+            return entries[index].substr(0, key.size());
+        };
+        const auto fitting = std::ranges::equal_range(sorted, key, {}, beginning);
+        const auto place = [this](auto position) {
+            return static_cast<size_t>(position - sorted.begin());
+        };
+        const size_t index = unused.Smallest(place(fitting.begin()), place(fitting.end()));
+        if (index == RangeMinimum::None)
+            return std::nullopt;
+        unused.Set(places[index], RangeMinimum::None);
+        return entries[index];
     }
 
     // The unused entries to append. The very first entry is never one of them.
     std::vector<std::string_view> Rest() const {
         std::vector<std::string_view> rest;
         for (size_t index = 1; index < entries.size(); ++index)
-            if (entries[index])
-                rest.push_back(*entries[index]);
+            if (unused.Smallest(places[index], places[index] + 1) != RangeMinimum::None)
+                rest.push_back(entries[index]);
         return rest;
     }
 
   private:
-    std::vector<std::optional<std::string_view>> entries;
+    static std::vector<std::string_view> EntriesOf(std::string_view package) {
+        std::vector<std::string_view> found;
+        LineReader lines(package);
+        while (const auto line = lines.Next())
+            if (IsEntry(*line))
+                found.push_back(*line);
+        return found;
+    }
+
+    const std::vector<std::string_view> entries;
+    std::vector<size_t> sorted; // indices of entries
+    std::vector<size_t> places; // of each entry in the sorted order
+    RangeMinimum unused;        // for each place the entry's index, while it is unused
 };
 
 void AddLine(std::string& text, std::string_view line) {

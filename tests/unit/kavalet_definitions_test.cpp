@@ -4,6 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+#include <utility>
+
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
@@ -78,6 +82,50 @@ TEST(KavaletLines, LastLineNeedsNoEnd) {
 TEST(KavaletLines, BytesThatAreNoCharactersSurvive) {
     const std::string host("\x81\xFF\0,\x95\x5C,1\r\n#\xFC\r\n", 14);
     EXPECT_EQ(MergedKavaletDefinitions(host, "x,x,1\r\n"), host);
+}
+
+// The same by looking at each package entry in turn.
+std::string MergedOneByOne(const std::vector<std::string>& former,
+                           std::vector<std::string> package) {
+    std::string merged;
+    for (const std::string& line : former) {
+        const size_t first = line.find(',');
+        const std::string key = line.substr(0, line.find(',', first + 1));
+        const auto found = std::ranges::find_if(package, [&](const std::string& entry) {
+            return !entry.empty() && entry.starts_with(key);
+        });
+        merged += (found == package.end() ? line : std::exchange(*found, {})) + "\r\n";
+    }
+    for (size_t index = 1; index < package.size(); ++index)
+        merged += package[index].empty() ? "" : package[index] + "\r\n";
+    return merged;
+}
+
+TEST(KavaletLines, ManyEntriesThatBeginAlikeAreTakenInThePackagesOrder) {
+    std::mt19937 random(1);
+    const auto lines = [&random](size_t count) {
+        std::vector<std::string> made;
+        for (size_t line = 0; line < count; ++line) {
+            made.push_back("a,");
+            for (size_t letter = random() % 4; letter > 0; --letter)
+                made.back() += "ab,"[random() % 3];
+        }
+        return made;
+    };
+    const auto joined = [](const std::vector<std::string>& parts) {
+        std::string text;
+        for (const std::string& part : parts)
+            text += part + "\r\n";
+        return text;
+    };
+    for (int round = 0; round < 200; ++round) {
+        const auto former = lines(random() % 20);
+        const auto package = lines(random() % 20);
+        ASSERT_EQ(MergedKavaletDefinitions(joined(former), joined(package)),
+                  MergedOneByOne(former, package))
+            << joined(former) << "--\n"
+            << joined(package);
+    }
 }
 
 class KavaletFileTest : public testing::Test {
