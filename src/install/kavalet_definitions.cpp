@@ -37,7 +37,8 @@ class PackageEntries {
           places(entries.size()),
           unused(entries.size()) {
         std::iota(sorted.begin(), sorted.end(), size_t{0});
-        std::ranges::sort(sorted, {}, [this](size_t index) { return entries[index]; });
+        std::sort(sorted.begin(), sorted.end(),
+                  [this](size_t a, size_t b) { return entries[a] < entries[b]; });
         for (size_t place = 0; place < sorted.size(); ++place) {
             places[sorted[place]] = place;
             unused.Set(place, sorted[place]);
@@ -46,14 +47,16 @@ class PackageEntries {
 
     // The first unused entry that starts with the key; it is used from now on.
     std::optional<std::string_view> Take(std::string_view key) {
-        const auto beginning = [&](size_t index) {
-            return entries[index].substr(0, key.size());
+        const auto isBefore = [&](size_t index, std::string_view begin) {
+            return entries[index].substr(0, key.size()) < begin;
         };
-        const auto fitting = std::ranges::equal_range(sorted, key, {}, beginning);
-        const auto place = [this](auto position) {
-            return static_cast<size_t>(position - sorted.begin());
+        const auto isBehind = [&](std::string_view begin, size_t index) {
+            return begin < entries[index].substr(0, key.size());
         };
-        const size_t index = unused.Smallest(place(fitting.begin()), place(fitting.end()));
+        const auto first = std::lower_bound(sorted.begin(), sorted.end(), key, isBefore);
+        const auto behind = std::upper_bound(first, sorted.end(), key, isBehind);
+        const size_t index = unused.Smallest(static_cast<size_t>(first - sorted.begin()),
+                                             static_cast<size_t>(behind - sorted.begin()));
         if (index == RangeMinimum::None)
             return std::nullopt;
         unused.Set(places[index], RangeMinimum::None);

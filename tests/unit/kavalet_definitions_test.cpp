@@ -91,9 +91,9 @@ std::string MergedOneByOne(const std::vector<std::string>& former,
     for (const std::string& line : former) {
         const size_t first = line.find(',');
         const std::string key = line.substr(0, line.find(',', first + 1));
-        const auto found = std::ranges::find_if(package, [&](const std::string& entry) {
-            return !entry.empty() && entry.starts_with(key);
-        });
+        const auto found = std::find_if(
+            package.begin(), package.end(),
+            [&](const std::string& entry) { return !entry.empty() && entry.starts_with(key); });
         merged += (found == package.end() ? line : std::exchange(*found, {})) + "\r\n";
     }
     for (size_t index = 1; index < package.size(); ++index)
