@@ -43,6 +43,7 @@ class ConfirmingScreen : public InstallScreen {
     void ShowConfirmation(const InstallConfirmation&, std::int16_t& InstallAnswer) override {
         InstallAnswer = AnswerInstall;
     }
+    bool MainWindowIsOpen() const override { return true; }
     void* MainWindowHandle() override { return nullptr; }
 };
 

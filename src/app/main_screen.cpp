@@ -1,6 +1,7 @@
 #include "app/main_screen.h"
 
 #include <exception>
+#include <utility>
 
 #include "base/run_time_error.h"
 #include "install/installed_list.h"
@@ -29,15 +30,19 @@ void MainScreen::Activate() {
     RefreshLists();
 }
 
-// A host folder that cannot be listed must not keep the browser from being built.
+// A host folder that cannot be listed must not keep the browser from being built. The user is told
+// once: this runs whenever the window comes to the front.
 void MainScreen::RefreshLists() {
     FillHostFolderCombo(model.combo, state);
     std::exception_ptr failure;
     bool selectionLost = model.installed.names.FirstSelected().has_value();
+    const std::wstring knownToBeUnreadable = std::exchange(unreadableFolder, {});
     try {
         RefreshInstalledList(model, state, platform);
     } catch (const RunTimeError&) {
-        failure = std::current_exception();
+        unreadableFolder = model.combo.Text();
+        if (unreadableFolder != knownToBeUnreadable)
+            failure = std::current_exception();
     }
     model.browser.RebuildBrowser();
     selectionLost = model.browser.TakeSelectionLost() || selectionLost;
@@ -49,7 +54,13 @@ void MainScreen::RefreshLists() {
 
 void MainScreen::ComboSelected(size_t entry) {
     model.combo.selected = entry;
-    RefreshInstalledList(model, state, platform);
+    try {
+        RefreshInstalledList(model, state, platform);
+    } catch (const RunTimeError&) {
+        unreadableFolder = model.combo.Text();
+        ApplySelectionRules(model, state, platform);
+        throw;
+    }
     EnableInstalledListButtons(model);
 }
 
@@ -122,12 +133,12 @@ std::optional<CharacterMenu> MainScreen::InstalledListMenu() {
 }
 
 bool MainScreen::ExitPressed() {
-    file.SaveSettings(model.combo, model.browser.PathText());
+    file.SaveSettings(model.combo, model.browser.ShownFolder());
     return platform.messages.AskOkCancel(ExitQuestion);
 }
 
 bool MainScreen::CloseBoxPressed() {
-    file.SaveSettings(model.combo, model.browser.PathText());
+    file.SaveSettings(model.combo, model.browser.ShownFolder());
     return platform.messages.AskYesNo(CloseQuestion);
 }
 

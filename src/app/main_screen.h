@@ -24,7 +24,7 @@ class MainScreen {
 
     // All events may throw RunTimeError.
     void Load();
-    void Activate();
+    void Activate(); // a host folder that is gone fails only the first time
     void ComboSelected(size_t entry);
     void FileListClicked();
     void InstalledListClicked();
@@ -59,6 +59,7 @@ class MainScreen {
     SettingsState& state;
     SettingsFile& file;
     MainModel model;
+    std::wstring unreadableFolder; // the host folder that the last refresh could not list
 };
 
 } // namespace tamblin

@@ -46,7 +46,6 @@ void Form1::ConnectCommands() {
     press(command2, &MainScreen::PrepareStagingPressed);
     press(command3, &MainScreen::UpdateHostPressed);
     press(command4, &MainScreen::UpdateDefinitionPressed);
-    press(command5, &MainScreen::UninstallPressed);
     press(command7, &MainScreen::DeselectInstalledPressed);
     command8.onClick = [this] {
         bool leave = false;
@@ -58,6 +57,10 @@ void Form1::ConnectCommands() {
     press(command11, &MainScreen::SetStartUpCharacterPressed);
     press(command13, &MainScreen::LaunchPressed);
     press(command14, &MainScreen::ShowReadmePressed);
+    command5.onClick = [this] {
+        const Held held(*this);
+        Run([this] { screen.UninstallPressed(); });
+    };
     command6.onClick = [this] {
         screen.SettingsPressed();
         Hide();
@@ -170,13 +173,15 @@ void Form1::Run(const std::function<void()>& event) {
 void Form1::ReadSelections() {
     list2.ReadSelections(screen.Model().browser.Files());
     list3.ReadSelections(screen.Model().installed.names);
+    if (const auto row = list1.SelectedRow())
+        screen.Model().browser.SelectTreeRow(*row);
 }
 
 void Form1::ShowModel() {
     const MainModel& model = screen.Model();
     combo1.Show(model.combo.entries, model.combo.selected);
     list3.Show(model.installed.names);
-    text1.SetText(model.browser.PathText());
+    text1.SetText(model.browser.ShownFolder());
     list1.Show(model.browser.Rows(), model.browser.SelectedRow());
     list2.Show(model.browser.Files());
     for (Control* control : Controls())

@@ -29,6 +29,7 @@ class Form1 : public Form, private InstallScreen {
     Size FirstSize() const override;
 
     void SetMainWindowEnabled(bool enabled) override;
+    bool MainWindowIsOpen() const override { return IsOpen(); }
     void ShowConfirmation(const InstallConfirmation& lists, std::int16_t& InstallAnswer) override;
     void* MainWindowHandle() override { return Handle(); }
 

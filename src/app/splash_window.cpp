@@ -1,5 +1,7 @@
 #include "app/splash_window.h"
 
+#include "ui/at_exit.h"
+
 namespace tamblin {
 
 constexpr COLORREF LabelColour = RGB(0xFF, 0xF4, 0xE0);
@@ -43,9 +45,9 @@ void Form6::Tick() {
         return;
     StopTimer();
     // The splash goes whatever becomes of the window that follows.
+    const AtExit close([this] { Close(); });
     handOver.Show(next == FirstWindow::MainWindow ? NextWindow::MainWindow
                                                   : NextWindow::SetUpWizard);
-    Close();
 }
 
 // The background is as large as the window and its pattern begins at the window's corner.

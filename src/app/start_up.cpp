@@ -1,5 +1,7 @@
 #include "app/start_up.h"
 
+#include "base/run_time_error.h"
+
 namespace tamblin {
 
 bool StartUp::Load(bool anotherCopyIsRunning) {
@@ -7,7 +9,11 @@ bool StartUp::Load(bool anotherCopyIsRunning) {
         platform.messages.Inform(AlreadyRunningText);
         return false;
     }
-    platform.files.SetCurrentFolder(platform.programFolder);
+    try {
+        platform.files.SetCurrentFolder(platform.programFolder);
+    } catch (const RunTimeError& error) {
+        throw error.AsFatal();
+    }
     return true;
 }
 

@@ -50,13 +50,4 @@ std::optional<size_t> SelectionList::LastSelected() const {
     return std::nullopt;
 }
 
-std::optional<size_t> SelectionList::Longest() const {
-    const auto longest =
-        std::max_element(entries.begin(), entries.end(),
-                         [](const auto& a, const auto& b) { return a.size() < b.size(); });
-    if (longest == entries.end())
-        return std::nullopt;
-    return static_cast<size_t>(longest - entries.begin());
-}
-
 } // namespace tamblin

@@ -27,9 +27,6 @@ class SelectionList {
     std::optional<size_t> FirstSelected() const;
     std::optional<size_t> LastSelected() const;
 
-    // The entry with the most characters, the first of several such; nothing in an empty list.
-    std::optional<size_t> Longest() const;
-
   private:
     std::vector<std::wstring> entries;
     std::vector<bool> selected;

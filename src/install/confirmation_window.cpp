@@ -50,6 +50,10 @@ void Form7::Load() {
     command1.SetEnabled(confirmation.installNowEnabled);
 }
 
+bool Form7::MayClose(CloseReason reason) {
+    return reason == CloseReason::Program || confirmation.installNowEnabled;
+}
+
 void Form7::Activated() {
     label6.SetVisible(confirmation.NoteVisible());
 }

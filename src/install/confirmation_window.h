@@ -11,12 +11,14 @@ namespace tamblin {
 
 class Form7 : public Form {
   public:
-    // The buttons write `answer`; a window closed otherwise leaves it as it is.
+    // The buttons write `answer`; a window closed otherwise leaves it as it is. While there is
+    // nothing to install, the user can leave by Cancel only.
     Form7(Application& owner, const InstallConfirmation& lists, std::int16_t& answer,
           HWND ownerWindow);
 
   private:
     void Load() override;
+    bool MayClose(CloseReason reason) override;
     void Activated() override;
     void ReturnPressed() override;
     void EscapePressed() override;

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "install/kavalet_definitions.h"
 #include "install/package_staging.h"
+#include "install/staged_file.h"
 #include "install/staging_walk.h"
 
 namespace tamblin {

@@ -33,6 +33,11 @@ void FolderBrowser::RebuildBrowser() {
     }
 }
 
+void FolderBrowser::SelectTreeRow(size_t row) {
+    if (row < rows.size())
+        SelectedTreeRow = row;
+}
+
 void FolderBrowser::OpenTreeRow(size_t row) {
     if (row >= rows.size())
         return;
@@ -40,9 +45,12 @@ void FolderBrowser::OpenTreeRow(size_t row) {
     const std::wstring& target = isDesktopRow ? SpecialEntries[2] : TreePaths[row];
     if (target.empty())
         return;
-    BrowseStartFolder = target;
+    const std::wstring opened = WithBackslash(target);
+    const std::wstring former = std::exchange(BrowseStartFolder, opened);
     treeChangedFlag = true;
     RebuildBrowser();
+    if (shownFolder != opened)
+        BrowseStartFolder = former;
 }
 
 bool FolderBrowser::TakeSelectionLost() {
@@ -56,7 +64,6 @@ void FolderBrowser::Rebuild(bool treeChanged) {
 
     shownListing = ListOrAsk(BrowseStartFolder);
     shownFolder = BrowseStartFolder;
-    pathText = BrowseStartFolder;
     selectionLost = selectionLost || fileList.FirstSelected().has_value();
     fileList.Clear();
     rows.clear();

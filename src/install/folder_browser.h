@@ -27,11 +27,14 @@ class FolderBrowser {
     // ready; any other failure ends it silently with the rows built so far. Never throws.
     void RebuildBrowser();
 
-    // A double-click on a row of the tree.
+    // A click on a row of the tree; rows that are not there are left alone.
+    void SelectTreeRow(size_t row);
+    // A double-click on a row of the tree. A folder that cannot be listed leaves the browser where
+    // it is.
     void OpenTreeRow(size_t row);
 
-    const std::wstring& PathText() const { return pathText; } // what Text1 shows
-    // The folder whose files are listed, with a trailing "\"; empty before the first rebuild.
+    // The folder whose files are listed, with a trailing "\", as Text1 shows it; empty before the
+    // first rebuild.
     const std::wstring& ShownFolder() const { return shownFolder; }
     const std::vector<std::wstring>& Rows() const { return rows; }
     const std::vector<std::wstring>& Paths() const { return TreePaths; }
@@ -68,7 +71,6 @@ class FolderBrowser {
     size_t SelectedTreeRow = 0;
     bool treeChangedFlag = false;
     bool selectionLost = false;
-    std::wstring pathText;
     std::wstring shownFolder;
     FolderListing shownListing;
     SelectionList fileList;

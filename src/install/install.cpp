@@ -6,7 +6,7 @@
 #include "install/installed_list.h"
 #include "install/package_staging.h"
 #include "install/selection_rules.h"
-#include "install/staging_walk.h"
+#include "install/staged_file.h"
 
 namespace tamblin {
 namespace {
@@ -58,7 +58,9 @@ class InstallRun {
 
         std::int16_t InstallAnswer = 0;
         screen.ShowConfirmation(lists, InstallAnswer);
-        if (InstallAnswer == AnswerCancel)
+        if (!screen.MainWindowIsOpen())
+            ClearStagingFolder(hostFolder, platform); // the session ends, and nobody has answered
+        else if (InstallAnswer == AnswerCancel)
             Cancel(lock);
         else
             Finish(lock);
@@ -132,8 +134,10 @@ class InstallRun {
         model.browser.Files().DeselectAll();
         lock.Release();
         RefreshInstalledList(model, state, platform);
+        // Without a selected file the rules disable Command9, and Command1, which has to stay
+        // enabled although nothing is selected any more.
         ApplySelectionRules(model, state, platform);
-        model.buttons[1] = true; // although nothing is selected any more
+        model.buttons[1] = true;
     }
 
     MainModel& model;

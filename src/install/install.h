@@ -36,6 +36,8 @@ class InstallScreen {
     // AnswerCancel; a window closed in any other way leaves the answer as it was.
     virtual void ShowConfirmation(const InstallConfirmation& lists,
                                   std::int16_t& InstallAnswer) = 0;
+    // False once the main window is closed, as at the end of the session.
+    virtual bool MainWindowIsOpen() const = 0;
     // Handle of the main window, as the owner of the progress window.
     virtual void* MainWindowHandle() = 0;
 };

@@ -27,8 +27,9 @@ std::string_view KeyOf(std::string_view entry) {
     return entry.substr(0, entry.find(',', first + 1));
 }
 
-// Sorted by their texts, all entries with one beginning stand side by side; of those, the first in
-// the package's order counts.
+// A package is a stranger's file: however long it is, each line of the host's file costs one
+// search. Sorted by their texts, all entries with one beginning stand side by side; of those, the
+// first in the package's order counts.
 class PackageEntries {
   public:
     explicit PackageEntries(std::string_view package)

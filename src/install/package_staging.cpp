@@ -5,6 +5,7 @@
 #include "base/name_index.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "install/staged_file.h"
 #include "install/staging_walk.h"
 
 namespace tamblin {

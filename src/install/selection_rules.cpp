@@ -68,7 +68,7 @@ void EnableForFiles(MainModel& model, size_t installedCount) {
 
 void EnableForOneCharacter(MainModel& model, const std::wstring& hostFolder, Platform& platform) {
     const auto exists = [&](const std::wstring& path) {
-        return FileExists(platform.files, path);
+        return ProbeFile(platform.files, path);
     };
     const std::wstring& character = model.installed.names[*model.installed.names.LastSelected()];
     if (exists(DeliveredDefinitionFile(hostFolder, character)))

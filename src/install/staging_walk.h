@@ -28,8 +28,4 @@ class StagingVisitor {
 void WalkStagingFolder(const std::wstring& stagingFolder, StagingVisitor& visitor,
                        FileSystem& files);
 
-// Deletes a file of the staging folder. Archives carry read-only files; that they are read-only
-// protects the installed file, not its staged copy.
-void DeleteStagedFile(const std::wstring& file, FileSystem& files);
-
 } // namespace tamblin

@@ -51,8 +51,10 @@ void Form11::Activated() {
 }
 
 void Form11::MenuChosen(int item) {
-    if (item == Form10::mnmv)
-        Run([this] { check.MoveFoldersToRecycleBin(); });
+    if (item != Form10::mnmv)
+        return;
+    const Held held(*this);
+    Run([this] { check.MoveFoldersToRecycleBin(); });
 }
 
 void Form11::Run(const std::function<void()>& event) {

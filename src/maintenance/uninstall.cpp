@@ -15,7 +15,10 @@ constexpr wchar_t DoneText[] = L"アンインストールが完了しました�
 void Uninstall(MainModel& model, SettingsState& state, Platform& platform) {
     if (!platform.messages.AskOkCancel(Question))
         return;
-    const std::wstring base = WithBackslash(model.installed.folder);
+    const std::wstring base = WithBackslash(model.combo.Text());
+    // The folder is no longer what was listed: with the next list the buttons are decided anew,
+    // also when the deletion breaks off.
+    model.installed.folder.clear();
     const SelectionList& names = model.installed.names;
     std::wstring lastFolder;
     for (size_t index = 0; index < names.Size(); ++index) {
@@ -27,8 +30,6 @@ void Uninstall(MainModel& model, SettingsState& state, Platform& platform) {
     platform.files.Delete(lastFolder + L".obl");
     platform.messages.Inform(DoneText);
 
-    // The folder is no longer what was listed, so the buttons are decided anew.
-    model.installed.folder.clear();
     model.buttons[7] = model.buttons[5] = false;
     RefreshInstalledList(model, state, platform);
 }

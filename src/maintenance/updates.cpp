@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "install/selection_rules.h"
+#include "platform/file_lists.h"
 
 namespace tamblin {
 namespace {
@@ -15,10 +16,8 @@ constexpr wchar_t DoneEnd[] = L"のアップデートが完了しました。";
 
 // The file's name as it is spelled on the disk, or nothing when there is no such file.
 std::optional<std::wstring> SpelledName(FileSystem& files, const std::wstring& path) {
-    const auto entry = files.Find(path);
-    if (!entry || entry->attributes.folder)
-        return std::nullopt;
-    return entry->name;
+    const auto entry = FindFile(files, path);
+    return entry ? std::optional(entry->name) : std::nullopt;
 }
 
 std::optional<std::wstring> DefinitionSource(const MainModel& model) {

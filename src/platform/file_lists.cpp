@@ -1,5 +1,7 @@
 #include "platform/file_lists.h"
 
+#include "base/run_time_error.h"
+
 namespace tamblin {
 
 FolderListing ListFolder(FileSystem& files, const std::wstring& folder) {
@@ -16,6 +18,23 @@ FolderListing ListFolder(FileSystem& files, const std::wstring& folder) {
 bool FileExists(FileSystem& files, const std::wstring& path) {
     const auto entry = files.Find(path);
     return entry && !entry->attributes.folder;
+}
+
+std::optional<FolderEntry> FindFile(FileSystem& files, const std::wstring& path) {
+    try {
+        auto entry = files.Find(path);
+        if (entry && entry->attributes.folder)
+            entry.reset();
+        return entry;
+    } catch (const RunTimeError& error) {
+        if (error.Number() != ErrorNumber::BadFileName)
+            throw;
+        return std::nullopt;
+    }
+}
+
+bool ProbeFile(FileSystem& files, const std::wstring& path) {
+    return FindFile(files, path).has_value();
 }
 
 } // namespace tamblin

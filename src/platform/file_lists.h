@@ -1,6 +1,7 @@
 // The lists that the windows show of a folder, and the question whether a file is there.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,5 +20,10 @@ FolderListing ListFolder(FileSystem& files, const std::wstring& folder);
 
 // True when a file of any attributes stands at the path; a folder there is no file.
 bool FileExists(FileSystem& files, const std::wstring& path);
+
+// The file at a path of which it is not known whether it can exist: one with a drive that is not
+// there, or with characters that no name has, names no file.
+std::optional<FolderEntry> FindFile(FileSystem& files, const std::wstring& path);
+bool ProbeFile(FileSystem& files, const std::wstring& path);
 
 } // namespace tamblin

@@ -70,7 +70,8 @@ class FileSystem {
 
     virtual std::string Read(const std::wstring& file) = 0;
     // Creates the file or replaces its contents; a present one keeps its name's letter case and its
-    // attributes but for archive, which is set. A failure may leave a part of the bytes.
+    // attributes but for archive, which is set. A failure may leave a part of the bytes in a file
+    // that was there; a new file goes again.
     virtual void Write(const std::wstring& file, std::string_view bytes) = 0;
 
     // Replaces an existing target, which keeps its own name's letter case; takes contents, time of

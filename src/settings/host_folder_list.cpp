@@ -30,25 +30,24 @@ void Store(SettingsState& state, const std::wstring& folder) {
 
 } // namespace
 
-bool IsHostFolder(const std::wstring& prefix, const FileProbe& exists) {
-    return exists(prefix + HostProgramName) && exists(prefix + HostStartUpFileName);
+bool IsHostFolder(const std::wstring& prefix, FileSystem& files) {
+    return ProbeFile(files, prefix + HostProgramName) &&
+           ProbeFile(files, prefix + HostStartUpFileName);
 }
 
 Registration RegisterHostFolder(SettingsState& state, const std::wstring& folder,
                                 Platform& platform) {
     const bool duplicate = IsRegistered(state, folder);
-    const bool hostMissing = !IsHostFolder(
-        folder + L"\\", [&](const std::wstring& path) { return FileExists(platform.files, path); });
-    if (hostMissing) {
+    if (!IsHostFolder(folder + L"\\", platform.files)) {
         platform.messages.Inform(HostNotFoundText);
-        return {.rejected = true, .hostMissing = true};
+        return Registration::HostMissing;
     }
     if (duplicate)
         platform.messages.Inform(state.EditMode ? NotChangedText : AlreadyRegisteredText);
     // A change to a folder that is already registered is said to be none, and is stored.
     if (!duplicate || state.EditMode)
         Store(state, folder);
-    return {.rejected = duplicate};
+    return duplicate ? Registration::Duplicate : Registration::Stored;
 }
 
 void FillHostFolderCombo(HostFolderCombo& combo, const SettingsState& state) {

@@ -2,7 +2,6 @@
 // main window's combo shows them.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,20 +14,15 @@ namespace tamblin {
 inline constexpr wchar_t HostProgramName[] = L"ombrel.exe";
 inline constexpr wchar_t HostStartUpFileName[] = L"ombrel.rc";
 
-using FileProbe = std::function<bool(const std::wstring& path)>;
-
 // True when the host program and its start-up file stand behind `prefix`, a folder with whatever
 // separator the caller's own rule gives it.
-bool IsHostFolder(const std::wstring& prefix, const FileProbe& exists);
+bool IsHostFolder(const std::wstring& prefix, FileSystem& files);
 
-// What became of a folder that the user has entered.
-struct Registration {
-    bool rejected = false;    // the user was told that it is not taken, or not changed
-    bool hostMissing = false; // because it is no host folder
-};
+// What became of a folder that the user has entered. But for the first, the user has been told.
+enum class Registration { Stored, Duplicate, HostMissing };
 
 // Checks a folder that the user has entered and stores it: in add mode in a new slot, in edit mode
-// in slot EditIndex, even when it is registered already. Throws a fatal RunTimeError 9 when there
+// in slot EditIndex, even when it is a duplicate. Throws a fatal RunTimeError 9 when there
 // is no slot left.
 Registration RegisterHostFolder(SettingsState& state, const std::wstring& folder,
                                 Platform& platform);

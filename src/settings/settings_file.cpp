@@ -25,35 +25,17 @@ std::wstring ProbePrefix(const std::wstring& folder) {
     return folder.size() > 3 ? folder + L"\\" : folder;
 }
 
-// A probe that names what cannot exist has found nothing; any other failure counts.
-template <typename Probe>
-auto ProbeOr(Probe probe, decltype(probe()) notFound) {
-    try {
-        return probe();
-    } catch (const RunTimeError& error) {
-        if (error.Number() != ErrorNumber::BadFileName)
-            throw;
-        return notFound;
-    }
-}
-
-bool ProbeFile(FileSystem& files, const std::wstring& path) {
-    return ProbeOr([&] { return FileExists(files, path); }, false);
-}
-
-// What a listing of "*.*" finds: a folder that is not there holds nothing. Only Find tells a drive
-// that does not exist from one that is not ready.
+// What a listing of "*.*" finds: a folder that is not there, or cannot be, holds nothing. Only Find
+// tells a drive that does not exist from one that is not ready.
 bool HoldsPlainFiles(FileSystem& files, const std::wstring& prefix) {
-    const auto look = [&] {
-        try {
-            return files.Find(prefix) && !ListFolder(files, prefix).files.empty();
-        } catch (const RunTimeError& error) {
-            if (error.Number() != ErrorNumber::PathNotFound)
-                throw;
-            return false;
-        }
-    };
-    return ProbeOr(look, false);
+    try {
+        return files.Find(prefix) && !ListFolder(files, prefix).files.empty();
+    } catch (const RunTimeError& error) {
+        if (error.Number() != ErrorNumber::PathNotFound &&
+            error.Number() != ErrorNumber::BadFileName)
+            throw;
+        return false;
+    }
 }
 
 std::string_view KeyOf(std::string_view item) {
@@ -110,10 +92,7 @@ bool SettingsFile::TakeValue(std::string_view key, std::string_view value) {
 }
 
 bool SettingsFile::TakeDefaultFolder(const std::wstring& folder) {
-    const FileProbe exists = [this](const std::wstring& path) {
-        return ProbeFile(platform.files, path);
-    };
-    if (!IsHostFolder(ProbePrefix(folder), exists))
+    if (!IsHostFolder(ProbePrefix(folder), platform.files))
         return false;
     state.DefaultFolder = folder;
     return true;
@@ -133,9 +112,6 @@ bool SettingsFile::TakeVersion(std::string_view version) {
 
 // `result` is set as soon as one folder has been taken: a later failure does not take it back.
 void SettingsFile::ReadFolders(std::string_view bytes, bool& result) {
-    const FileProbe exists = [this](const std::wstring& path) {
-        return ProbeFile(platform.files, path);
-    };
     state.HostFolderCount = 0;
     LineReader lines(bytes);
     while (state.HostFolderCount < HostFolderLimit) {
@@ -146,7 +122,7 @@ void SettingsFile::ReadFolders(std::string_view bytes, bool& result) {
             continue;
         const std::wstring folder =
             platform.ansi.Decode(line->substr(setting_keys::VmrFolder.size()));
-        if (folder.size() <= 2 || !IsHostFolder(WithBackslash(folder), exists))
+        if (folder.size() <= 2 || !IsHostFolder(WithBackslash(folder), platform.files))
             continue;
         ++state.HostFolderCount;
         state.HostFolders[static_cast<size_t>(state.HostFolderCount)] = folder;

@@ -14,11 +14,10 @@ Form3::Form3(Application& owner, Platform& surroundings, SettingsState& settings
     list1.SetAccessibleName(L"すべてのフォルダ");
     list2.SetAccessibleName(L"表示中のフォルダにあるVimoraのファイル");
     list1.onSelect = [this] {
-        const LRESULT row = ::SendMessageW(list1.Handle(), LB_GETCURSEL, 0, 0);
-        if (row == LB_ERR)
-            return;
-        manual.TreeRowClicked(static_cast<size_t>(row));
-        text1.SetText(manual.FolderText());
+        if (const auto row = list1.SelectedRow()) {
+            manual.TreeRowClicked(*row);
+            text1.SetText(manual.FolderText());
+        }
     };
     list1.onOpen = [this](size_t row) {
         const BusyPointer busy;

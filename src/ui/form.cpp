@@ -323,7 +323,6 @@ void Form::DensityChanged(unsigned newDpi, const RECT& suggested) {
     InvalidateRect(handle, nullptr, TRUE);
 }
 
-// Room for the layout and for the title, with its icon and boxes beside it.
 // The user has chosen another font or other colours for all programs.
 void Form::AppearanceChanged() {
     RECT window{};
@@ -331,6 +330,7 @@ void Form::AppearanceChanged() {
     DensityChanged(dpi, window);
 }
 
+// Room for the layout and for the title, with its icon and boxes beside it.
 Size Form::MinimumSize() const {
     if (!layout)
         return {};
@@ -412,13 +412,16 @@ LRESULT CALLBACK Form::Procedure(HWND window, UINT message, WPARAM wParam, LPARA
 }
 
 void Form::Commanded(WPARAM wParam, LPARAM lParam) {
+    // What another program sends must not reach a form behind a modal one or a question.
+    if (IsHeld() || !IsWindowEnabled(handle))
+        return;
     auto* window = reinterpret_cast<HWND>(lParam);
-    if (!window && LOWORD(wParam) >= FirstMenuId && !IsHeld()) {
+    if (!window && LOWORD(wParam) >= FirstMenuId) {
         MenuChosen(LOWORD(wParam));
         return;
     }
     Control* const control = Find(window ? window : GetDlgItem(handle, LOWORD(wParam)));
-    if (!control || !control->IsEnabled() || IsHeld())
+    if (!control || !control->IsEnabled())
         return;
     const AtExit over([this] { KeepFocusUsable(); });
     control->Notified(HIWORD(wParam));

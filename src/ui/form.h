@@ -46,6 +46,18 @@ class Form {
     void Hold();
     void Release();
     bool IsHeld() const { return holds > 0; }
+    // Holds a form for as long as it lives, as during the shell's own operations: these show a
+    // window of the shell's and let the user act on ours meanwhile.
+    class Held {
+      public:
+        explicit Held(Form& heldForm) : form(heldForm) { form.Hold(); }
+        ~Held() { form.Release(); }
+        Held(const Held&) = delete;
+        Held& operator=(const Held&) = delete;
+
+      private:
+        Form& form;
+    };
 
     // In tab order.
     const std::vector<Control*>& Controls() const { return controls; }

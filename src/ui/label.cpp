@@ -10,7 +10,7 @@ Label::Label(Form& owner, int number, const std::wstring& text, int index)
 
 Label::Label(Form& owner, ControlName controlName, const std::wstring& text, Ampersands ampersands)
     : Control(owner, controlName, WC_STATICW, text,
-              SS_LEFT | (ampersands == Ampersands::Plain ? SS_NOPREFIX : 0u)),
+              SS_LEFT | WS_GROUP | (ampersands == Ampersands::Plain ? SS_NOPREFIX : 0u)),
       hasMarkers(ampersands == Ampersands::Markers) {}
 
 Size Label::NaturalSize(const TextMeasure& measure) const {

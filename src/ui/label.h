@@ -1,4 +1,4 @@
-// A text that the user only reads, on one or more lines.
+// A text that the user only reads, on one or more lines. It ends the row of choices before it.
 #pragma once
 
 #include "ui/control.h"

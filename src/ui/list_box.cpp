@@ -91,8 +91,10 @@ void ListBox::ScrollBackTo(const std::wstring& topEntry) {
         Send(LB_SETTOPINDEX, static_cast<WPARAM>(found - entries.begin()));
 }
 
+// Every entry can be scrolled into view, with two blanks behind it. The entry with the most
+// characters would not do: one with fewer of them may be wider.
 void ListBox::SetHorizontalExtent(const TextMeasure& measure) {
-    const int widest = measure.Widest(entries) + measure.Across(4);
+    const int widest = measure.Widest(entries) + measure.Width(L"  ");
     Send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest));
 }
 
@@ -133,12 +135,16 @@ size_t ListBox::SelectRun(size_t first, const std::vector<bool>& shown,
     return last;
 }
 
+std::optional<size_t> ListBox::SelectedRow() const {
+    const LRESULT row = Send(LB_GETCURSEL);
+    return row == LB_ERR ? std::nullopt : std::optional(static_cast<size_t>(row));
+}
+
 std::vector<bool> ListBox::Selections() const {
     std::vector<bool> selected(entries.size());
     if (!several) {
-        const auto row = static_cast<size_t>(Send(LB_GETCURSEL));
-        if (row < selected.size())
-            selected[row] = true;
+        if (const auto row = SelectedRow(); row && *row < selected.size())
+            selected[*row] = true;
         return selected;
     }
     std::vector<int> rows(entries.size());

@@ -23,6 +23,8 @@ class ListBox : public Control {
 
     // Takes the selections that the user has made over into the list shown last.
     void ReadSelections(SelectionList& list) const;
+    // The row that is selected, where the user selects one.
+    std::optional<size_t> SelectedRow() const;
 
     Size NaturalSize(const TextMeasure& measure) const override;
     void SetFont(const TextMeasure& measure) override;

@@ -569,6 +569,8 @@ void MemoryFileSystem::Write(const std::wstring& file, std::string_view bytes) {
     Node& folder = FolderHolding(location);
     if (const Node* present = Walk(location))
         CheckReplaceable(*present);
+    else
+        CheckRoomFor(bytes.size(), DriveUnder(folder));
     Node& node = FileIn(folder, location.names.back());
     node.attributes.archive = true;
     Fill(node, bytes);

@@ -12,6 +12,8 @@ void ProgramStarterFake::StartMinimised(const std::wstring& commandLine) {
 
 void ProgramStarterFake::ShowMinimised(const std::wstring& document) {
     shown.push_back(document);
+    if (onShow)
+        onShow(document);
 }
 
 } // namespace tamblin

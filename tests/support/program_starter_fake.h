@@ -17,6 +17,7 @@ class ProgramStarterFake : public ProgramStarter {
     std::vector<std::wstring> shown;   // documents
     // Called at the moment of the start, so that a test can look at the disk as the program does.
     std::function<void(const std::wstring&)> onStart;
+    std::function<void(const std::wstring&)> onShow;
     // With a number here, StartMinimised records, calls onStart and throws.
     std::optional<ErrorNumber> failure;
 

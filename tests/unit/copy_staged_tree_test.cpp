@@ -137,6 +137,9 @@ TEST_F(CopyStagedTreeTest, HostFolderThatIsALinkToAnotherDriveIsFilled) {
 // --- Notes and launcher definitions -------------------------------------------------------------
 
 TEST_F(CopyStagedTreeTest, NotesAreShownOnceTheyAreCopied) {
+    fake.starter.onShow = [this](const std::wstring& note) {
+        EXPECT_TRUE(files.Exists(note));
+    };
     for (const wchar_t* path : {L"mio\\Read-x.txt", L"mio\\dat\\MIO-X.TXT", L"mio\\mio.txt",
                                 L"mio\\-X.txt.bak", L"mio\\x.txt"})
         Stage(path);

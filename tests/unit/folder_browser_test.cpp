@@ -68,7 +68,7 @@ TEST_F(FolderBrowserTest, FolderShowsItsAncestorsAndItsSubfolders) {
     EXPECT_THAT(browser.Paths(), ElementsAre(L"C:\\Users\\me\\Desktop\\", L"C:", L"C:\\A",
                                              L"C:\\A\\B", L"C:\\A\\B\\x", L"C:\\A\\B\\y", L"D:"));
     EXPECT_EQ(SelectedText(), L"    + B");
-    EXPECT_EQ(browser.PathText(), L"C:\\A\\B\\");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\B\\");
     EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\B\\");
 }
 
@@ -125,7 +125,7 @@ TEST_F(FolderBrowserTest, DesktopFolderIsShownBelowTheDesktopRow) {
     EXPECT_THAT(browser.Rows(), ElementsAre(Desktop, L"  + one", L"  + two", L"C:", L"D:"));
     EXPECT_EQ(browser.Paths()[1], L"C:\\Users\\me\\Desktop\\one");
     EXPECT_EQ(SelectedText(), Desktop);
-    EXPECT_EQ(browser.PathText(), L"C:\\Users\\me\\Desktop\\");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\Users\\me\\Desktop\\");
     EXPECT_THAT(Files(), ElementsAre(L"a.lzh"));
 }
 
@@ -133,11 +133,11 @@ TEST_F(FolderBrowserTest, ParkedFolderIsTakenBackByTheNextRebuild) {
     Show(L"C:\\Users\\me\\Desktop\\two");
     EXPECT_EQ(start, L"");
     EXPECT_EQ(SelectedText(), L"  + two");
-    EXPECT_EQ(browser.PathText(), L"C:\\Users\\me\\Desktop\\two\\");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\Users\\me\\Desktop\\two\\");
     const auto rows = browser.Rows();
     browser.RebuildBrowser();
     EXPECT_EQ(browser.Rows(), rows);
-    EXPECT_EQ(browser.PathText(), L"C:\\Users\\me\\Desktop\\two\\");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\Users\\me\\Desktop\\two\\");
     EXPECT_THAT(Files(), ElementsAre(L"b.lzh"));
 }
 
@@ -164,7 +164,7 @@ TEST_F(FolderBrowserTest, UnknownDesktopOpensNothing) {
     Show(L"D:\\");
     browser.OpenTreeRow(0);
     EXPECT_EQ(start, L"D:\\");
-    EXPECT_EQ(browser.PathText(), L"D:\\");
+    EXPECT_EQ(browser.ShownFolder(), L"D:\\");
 }
 
 TEST_F(FolderBrowserTest, FolderThatOnlyStartsLikeTheDesktopIsNotOnIt) {
@@ -178,25 +178,25 @@ TEST_F(FolderBrowserTest, FolderThatOnlyStartsLikeTheDesktopIsNotOnIt) {
 TEST_F(FolderBrowserTest, DoubleClickOpensDrivesAncestorsAndSubfolders) {
     Show(L"C:\\A\\B");
     Open(L"      + x");
-    EXPECT_EQ(browser.PathText(), L"C:\\A\\B\\x\\");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\B\\x\\");
     Open(L"  + A");
-    EXPECT_EQ(browser.PathText(), L"C:\\A\\");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\");
     Open(L"D:");
-    EXPECT_EQ(browser.PathText(), L"D:\\");
+    EXPECT_EQ(browser.ShownFolder(), L"D:\\");
     EXPECT_EQ(start, L"D:\\");
 }
 
 TEST_F(FolderBrowserTest, DoubleClickWhileParkedOpensTheRow) {
     Show(L"C:\\Users\\me\\Desktop");
     Open(L"  + two");
-    EXPECT_EQ(browser.PathText(), L"C:\\Users\\me\\Desktop\\two\\");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\Users\\me\\Desktop\\two\\");
     EXPECT_EQ(SelectedText(), L"        + two");
 }
 
 TEST_F(FolderBrowserTest, DoubleClickBelowTheRowsDoesNothing) {
     Show(L"D:\\");
     browser.OpenTreeRow(99);
-    EXPECT_EQ(browser.PathText(), L"D:\\");
+    EXPECT_EQ(browser.ShownFolder(), L"D:\\");
 }
 
 TEST_F(FolderBrowserTest, RebuildTellsOnceThatItTookASelection) {
@@ -229,7 +229,7 @@ TEST_F(NotReadyDriveTest, RetryRepeatsTheStepUntilTheDriveIsReady) {
     const MessageBoxesFake::Box box{MessageBoxesFake::Kind::AskRetryCancel, NotReady};
     EXPECT_THAT(fake.messages.shown, ElementsAre(box, box, box));
     EXPECT_THAT(browser.Rows(), ElementsAre(Desktop, L"C:", L"D:", L"  + d"));
-    EXPECT_EQ(browser.PathText(), L"D:\\");
+    EXPECT_EQ(browser.ShownFolder(), L"D:\\");
 }
 
 TEST_F(NotReadyDriveTest, CancelLeavesTheRowsThatAreThere) {
@@ -239,13 +239,54 @@ TEST_F(NotReadyDriveTest, CancelLeavesTheRowsThatAreThere) {
     EXPECT_THAT(browser.Rows(), testing::Contains(L"D:"));
     EXPECT_LT(browser.SelectedRow(), browser.Rows().size());
     Open(L"C:"); // the browser is not stuck
-    EXPECT_EQ(browser.PathText(), L"C:\\");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\");
+}
+
+// The former folder is listed again, and no question comes back with every activation.
+TEST_F(NotReadyDriveTest, CancelLeavesTheBrowserInItsFolder) {
+    fake.messages.answer = false;
+    Open(L"D:");
+    files.AddFile(L"C:\\A\\new.lzh");
+    browser.RebuildBrowser();
+    EXPECT_EQ(fake.messages.shown.size(), 1U);
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\");
+    EXPECT_THAT(browser.Files().Entries(), testing::Contains(L"new.lzh"));
+}
+
+// The rebuild after a Cancel counts as one by a double-click, which never opens the desktop rows.
+TEST_F(NotReadyDriveTest, RebuildAfterCancelDoesNotParkTheDesktop) {
+    fake.messages.answer = false;
+    Open(L"D:");
+    start = L"C:\\Users\\me\\Desktop\\two\\";
+    browser.RebuildBrowser();
+    EXPECT_EQ(start, L"C:\\Users\\me\\Desktop\\two\\");
+    browser.RebuildBrowser();
+    EXPECT_EQ(start, L"");
 }
 
 TEST_F(NotReadyDriveTest, DrivesThatAreNotShownAreNotAsked) {
     browser.RebuildBrowser();
     EXPECT_THAT(fake.messages.shown, IsEmpty());
-    EXPECT_EQ(browser.PathText(), L"C:\\A\\");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\");
+}
+
+TEST_F(FolderBrowserTest, FolderThatCannotBeOpenedLeavesTheBrowserInItsFolder) {
+    Show(L"C:\\A");
+    files.ForgetOperations();
+    files.FailOperation(1, ErrorNumber::PathFileAccess);
+    Open(L"    + B");
+    files.FailNothing();
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\");
+    files.AddFile(L"C:\\A\\new.lzh");
+    browser.RebuildBrowser();
+    EXPECT_THAT(browser.Files().Entries(), testing::Contains(L"new.lzh"));
+}
+
+// Whether the browser stands on the desktop is told by the letters as they are.
+TEST_F(FolderBrowserTest, DesktopInOtherLettersIsAFolderLikeOthers) {
+    Show(L"C:\\users\\me\\desktop");
+    EXPECT_EQ(start, L"C:\\users\\me\\desktop\\");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\users\\me\\desktop\\");
 }
 
 TEST_F(FolderBrowserTest, OtherFailuresAreSilent) {
@@ -255,7 +296,7 @@ TEST_F(FolderBrowserTest, OtherFailuresAreSilent) {
     EXPECT_THAT(fake.messages.shown, IsEmpty());
     EXPECT_LT(browser.SelectedRow(), browser.Rows().size());
     Open(L"D:");
-    EXPECT_EQ(browser.PathText(), L"D:\\");
+    EXPECT_EQ(browser.ShownFolder(), L"D:\\");
 }
 
 TEST_F(FolderBrowserTest, AnyFailingOperationLeavesAUsableTree) {
@@ -274,7 +315,7 @@ TEST_F(FolderBrowserTest, AnyFailingOperationLeavesAUsableTree) {
                 if (files.OperationCount() < n)
                     break;
                 Show(folder);
-                EXPECT_EQ(browser.PathText(), WithBackslash(folder));
+                EXPECT_EQ(browser.ShownFolder(), WithBackslash(folder));
             }
         }
     }

@@ -26,10 +26,8 @@ class HostFolderListTest : public testing::Test {
         AddHost(fake.files, L"C:\\B");
         Register(state, L"C:\\A");
     }
-    bool RegisterFolder(const std::wstring& folder) {
-        const Registration result = RegisterHostFolder(state, folder, fake.platform);
-        hostMissing = result.hostMissing;
-        return result.rejected;
+    Registration RegisterFolder(const std::wstring& folder) {
+        return RegisterHostFolder(state, folder, fake.platform);
     }
     void EditSlot(std::int16_t slot) {
         state.EditMode = true;
@@ -42,11 +40,19 @@ class HostFolderListTest : public testing::Test {
 
     PlatformFake fake;
     SettingsState state;
-    bool hostMissing = false; // said the last registration
 };
 
+// What no file can be called is not found either.
+TEST_F(HostFolderListTest, FolderThatCannotExistIsNotFound) {
+    for (const wchar_t* folder : {L"Q:\\Vimora", L"C:\\a?b", L"C:\\a|b"}) {
+        EXPECT_EQ(RegisterFolder(folder), Registration::HostMissing);
+        EXPECT_EQ(fake.messages.shown.back().text, NotFound);
+    }
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+}
+
 TEST_F(HostFolderListTest, NewFolderTakesTheNextSlot) {
-    EXPECT_FALSE(RegisterFolder(L"C:\\B"));
+    EXPECT_EQ(RegisterFolder(L"C:\\B"), Registration::Stored);
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\B"));
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
@@ -67,8 +73,7 @@ TEST_P(MissingHostTest, IsReportedOnceAndNotStored) {
         state.EditMode = edit;
         state.EditIndex = 1;
         fake.messages.shown.clear();
-        EXPECT_TRUE(RegisterFolder(L"C:\\Half"));
-        EXPECT_TRUE(hostMissing);
+        EXPECT_EQ(RegisterFolder(L"C:\\Half"), Registration::HostMissing);
         EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotFound}));
         EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
     }
@@ -82,8 +87,7 @@ INSTANTIATE_TEST_SUITE_P(
     CaseName);
 
 TEST_F(HostFolderListTest, RegisteredFolderIsNotAddedAgain) {
-    EXPECT_TRUE(RegisterFolder(L"C:\\A"));
-    EXPECT_FALSE(hostMissing);
+    EXPECT_EQ(RegisterFolder(L"C:\\A"), Registration::Duplicate);
     EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, AlreadyThere}));
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
 }
@@ -91,35 +95,34 @@ TEST_F(HostFolderListTest, RegisteredFolderIsNotAddedAgain) {
 // A registered folder that is no host any more is missing first of all.
 TEST_F(HostFolderListTest, RegisteredFolderWithoutHostIsReportedAsMissing) {
     Register(state, L"C:\\Gone");
-    EXPECT_TRUE(RegisterFolder(L"C:\\Gone"));
+    EXPECT_EQ(RegisterFolder(L"C:\\Gone"), Registration::HostMissing);
     EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotFound}));
 }
 
 TEST_F(HostFolderListTest, OtherSpellingIsAnotherFolder) {
-    EXPECT_FALSE(RegisterFolder(L"C:\\A\\"));
-    EXPECT_FALSE(RegisterFolder(L"c:\\a"));
+    EXPECT_EQ(RegisterFolder(L"C:\\A\\"), Registration::Stored);
+    EXPECT_EQ(RegisterFolder(L"c:\\a"), Registration::Stored);
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\A\\", L"c:\\a"));
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
 
 TEST_F(HostFolderListTest, DriveRootIsAHostFolder) {
     AddHost(fake.files, L"C:\\");
-    EXPECT_FALSE(RegisterFolder(L"C:\\"));
+    EXPECT_EQ(RegisterFolder(L"C:\\"), Registration::Stored);
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\"));
 }
 
 TEST_F(HostFolderListTest, EditReplacesTheSlot) {
     Register(state, L"C:\\Old");
     EditSlot(2);
-    EXPECT_FALSE(RegisterFolder(L"C:\\B"));
+    EXPECT_EQ(RegisterFolder(L"C:\\B"), Registration::Stored);
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\B"));
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
 
 TEST_F(HostFolderListTest, EditToTheSameFolderIsNoChange) {
     EditSlot(1);
-    EXPECT_TRUE(RegisterFolder(L"C:\\A"));
-    EXPECT_FALSE(hostMissing);
+    EXPECT_EQ(RegisterFolder(L"C:\\A"), Registration::Duplicate);
     EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotChanged}));
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
 }
@@ -127,8 +130,7 @@ TEST_F(HostFolderListTest, EditToTheSameFolderIsNoChange) {
 TEST_F(HostFolderListTest, EditToAnotherRegisteredFolderStoresItTwice) {
     Register(state, L"C:\\Old");
     EditSlot(2);
-    EXPECT_TRUE(RegisterFolder(L"C:\\A"));
-    EXPECT_FALSE(hostMissing);
+    EXPECT_EQ(RegisterFolder(L"C:\\A"), Registration::Duplicate);
     EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotChanged}));
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\A"));
 }
@@ -136,7 +138,7 @@ TEST_F(HostFolderListTest, EditToAnotherRegisteredFolderStoresItTwice) {
 TEST_F(HostFolderListTest, SpareSlotIsTheLastOne) {
     while (state.HostFolderCount < HostFolderLimit)
         Register(state, L"C:\\x" + std::to_wstring(state.HostFolderCount));
-    EXPECT_FALSE(RegisterFolder(L"C:\\B"));
+    EXPECT_EQ(RegisterFolder(L"C:\\B"), Registration::Stored);
     EXPECT_EQ(state.HostFolders[11], L"C:\\B");
     AddHost(fake.files, L"C:\\D");
     try {

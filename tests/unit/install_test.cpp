@@ -318,6 +318,46 @@ TEST_F(InstallTest, CancelLeavesTheHostAndTheSelectionAlone) {
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
 }
 
+TEST_F(InstallTest, CancelTellsOnceTheStagingFolderIsGone) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    scene.screen.answer = AnswerCancel;
+    fake.messages.onShow = [&](const Box&) {
+        EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+    };
+    Install({L"mio.lzh"});
+    EXPECT_THAT(fake.messages.Texts(), ElementsAre(Cancelled));
+}
+
+TEST_F(InstallTest, SelectionStaysUntilTheUserHasSeenTheEnd) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    fake.messages.onShow = [&](const Box&) {
+        EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
+    };
+    Install({L"mio.lzh"});
+    EXPECT_THAT(fake.messages.Texts(), ElementsAre(Done));
+}
+
+TEST_F(InstallTest, FolderMayBeSpelledUnlikeItsDefinitionFile) {
+    scene.AddPackage(L"mio.lzh", {{L"mio.obl"}, {L"MIO\\face.bmp"}});
+    Install({L"mio.lzh"});
+    EXPECT_TRUE(InHost(L"MIO\\face.bmp"));
+    EXPECT_TRUE(InHost(L"mio.obl"));
+    EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"MIO"));
+}
+
+// The session ends while the user is asked: nothing was answered, so nothing is installed or said.
+TEST_F(InstallTest, MainWindowThatIsClosedMeanwhileEndsItSilently) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    scene.screen.answer.reset();
+    scene.screen.onConfirmation = [&] {
+        scene.screen.open = false;
+    };
+    Install({L"mio.lzh"});
+    ExpectHostUntouched();
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
 TEST_F(InstallTest, ClosingTheWindowByItsFrameGoesOn) {
     scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     scene.screen.answer.reset();

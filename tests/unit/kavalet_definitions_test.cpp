@@ -184,6 +184,16 @@ TEST_F(KavaletFileTest, FullDiskKeepsTheFormerFile) {
     EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), std::string(1'000, 'x') + "\r\n");
 }
 
+TEST_F(KavaletFileTest, MergeThatFailedLeavesNothingForTheNextOneToTakeForTheFormerFile) {
+    const std::string definitions = std::string(1'000, 'x') + "\r\n";
+    files.AddFile(L"C:\\Host\\kva.def", definitions);
+    files.SetCapacity(L"C:", 1'500);
+    EXPECT_EQ(ErrorOf([&] { Merge(); }), ErrorNumber::DiskFull);
+    files.SetCapacity(L"C:", 1'000'000);
+    Merge();
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), definitions);
+}
+
 // Whichever operation fails: the former content is there, as kva.def or as kva.tmp.
 TEST_F(KavaletFileTest, AnyFailingOperationKeepsTheFormerContent) {
     const std::string former = "#1\r\na,b,1\r\n";

@@ -172,6 +172,19 @@ TEST(LaunchCharacter, VanishedHostFolderEndsItSilently) {
     EXPECT_THAT(scene.starter.started, IsEmpty());
 }
 
+TEST(LaunchCharacter, HostFolderWhoseDriveIsGoneEndsItSilently) {
+    MaintenanceScene scene;
+    scene.ShowSelected(L"abc");
+    scene.files.RemoveDrive(L"C:");
+    LaunchCharacter(scene.model, scene.platform);
+    ShowReadme(scene.model, scene.platform);
+    EXPECT_THAT(scene.starter.started, IsEmpty());
+    EXPECT_THAT(scene.shell.opened, IsEmpty());
+    const auto menu = MenuForInstalledList(scene.model, scene.platform);
+    ASSERT_TRUE(menu.has_value());
+    EXPECT_FALSE(menu->readmeEnabled);
+}
+
 TEST(LaunchCharacter, ListingThatHasShrunkSinceEndsItSilently) {
     MaintenanceScene scene;
     scene.AddCharacter(L"a");
@@ -227,6 +240,16 @@ TEST(ShowReadme, MissingCandidatesAreLeftOut) {
     EXPECT_THAT(scene.shell.opened, ElementsAre(Opened{folder + L"abc.txt", folder},
                                                 Opened{folder + L"abc.htm", folder},
                                                 Opened{folder + L"abc.html", folder}));
+}
+
+// The name is the one that has been formed, however the disk spells it.
+TEST(ShowReadme, OpensTheNameAsItIsFormed) {
+    MaintenanceScene scene;
+    scene.files.AddFile(L"C:\\VMR\\abc\\ABC-x.TXT");
+    scene.ShowSelected(L"abc");
+    ShowReadme(scene.model, scene.platform);
+    EXPECT_THAT(scene.shell.opened,
+                ElementsAre(Opened{L"C:\\VMR\\abc\\abc-X.txt", L"C:\\VMR\\abc\\"}));
 }
 
 TEST(ShowReadme, SaysNothingWhenThereIsNone) {

@@ -43,7 +43,7 @@ TEST_F(MainScreenTest, LoadFillsComboListAndBrowser) {
     EXPECT_THAT(model.combo.entries, ElementsAre(L"C:\\Host", L"C:\\Second"));
     EXPECT_EQ(model.combo.Text(), L"C:\\Host");
     EXPECT_THAT(Installed(), ElementsAre(L"abc"));
-    EXPECT_EQ(model.browser.PathText(), L"C:\\Packs\\");
+    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Packs\\");
     EXPECT_THAT(model.browser.Files().Entries(), ElementsAre(L"mio.lzh"));
     EXPECT_THAT(EnabledButtons(model), IsEmpty());
     EXPECT_THAT(fake.messages.shown, IsEmpty());
@@ -52,7 +52,7 @@ TEST_F(MainScreenTest, LoadFillsComboListAndBrowser) {
 TEST_F(MainScreenTest, LoadBrowsesTheProgramFolderWhenNoFolderIsKnown) {
     state.ViewFolder.clear();
     main.Load();
-    EXPECT_EQ(model.browser.PathText(), L"C:\\Tamblin\\");
+    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Tamblin\\");
 }
 
 TEST_F(MainScreenTest, LoadWithoutACurrentHostFolderShowsAnEmptyList) {
@@ -61,7 +61,7 @@ TEST_F(MainScreenTest, LoadWithoutACurrentHostFolderShowsAnEmptyList) {
     EXPECT_FALSE(model.combo.selected);
     EXPECT_THAT(Installed(), IsEmpty());
     EXPECT_EQ(state.DefaultFolder, L"");
-    EXPECT_EQ(model.browser.PathText(), L"C:\\Packs\\");
+    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Packs\\");
 }
 
 TEST_F(MainScreenTest, ActivationShowsWhatOtherWindowsHaveChanged) {
@@ -76,14 +76,14 @@ TEST_F(MainScreenTest, ActivationShowsWhatOtherWindowsHaveChanged) {
     EXPECT_EQ(model.combo.Text(), L"C:\\Third");
     EXPECT_THAT(Installed(), ElementsAre(L"new"));
     EXPECT_THAT(model.browser.Files().Entries(), ElementsAre(L"mio.lzh", L"more.lzh"));
-    EXPECT_EQ(model.browser.PathText(), L"C:\\Packs\\"); // not the folder of the settings again
+    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Packs\\"); // not the folder of the settings again
 }
 
 TEST_F(MainScreenTest, ActivationKeepsTheFolderThatIsBrowsed) {
     main.Load();
     state.BrowseStartFolder = L"C:\\Second\\";
     main.Activate();
-    EXPECT_EQ(model.browser.PathText(), L"C:\\Second\\");
+    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Second\\");
 }
 
 TEST_F(MainScreenTest, ActivationThatTakesSelectionsAppliesTheRules) {
@@ -100,9 +100,56 @@ TEST_F(MainScreenTest, HostFolderThatIsGoneFailsAndLeavesTheBrowserUsable) {
     files.DeleteTree(L"C:\\Host");
     EXPECT_EQ(ErrorOf([&] { main.Load(); }), ErrorNumber::PathNotFound);
     EXPECT_THAT(Installed(), IsEmpty());
-    EXPECT_EQ(model.browser.PathText(), L"C:\\Packs\\");
+    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Packs\\");
     main.ComboSelected(1);
     EXPECT_THAT(Installed(), ElementsAre(L"xyz"));
+}
+
+// The main window is activated again and again; once is enough to be told.
+TEST_F(MainScreenTest, HostFolderThatIsGoneIsReportedOncePerLoss) {
+    main.Load();
+    for (int loss = 0; loss < 2; ++loss) {
+        files.DeleteTree(L"C:\\Host");
+        EXPECT_EQ(ErrorOf([&] { main.Activate(); }), ErrorNumber::PathNotFound);
+        main.Activate();
+        main.Activate();
+        EXPECT_THAT(Installed(), IsEmpty());
+        EXPECT_EQ(ErrorOf([&] { main.ComboSelected(0); }), ErrorNumber::PathNotFound);
+        main.Activate();
+        AddHost(files, L"C:\\Host");
+        AddCharacter(files, L"C:\\Host", L"abc");
+        main.Activate();
+        EXPECT_THAT(Installed(), ElementsAre(L"abc"));
+    }
+}
+
+TEST_F(MainScreenTest, EveryHostFolderThatIsGoneIsReported) {
+    main.Load();
+    files.DeleteTree(L"C:\\Host");
+    files.DeleteTree(L"C:\\Second");
+    EXPECT_EQ(ErrorOf([&] { main.Activate(); }), ErrorNumber::PathNotFound);
+    state.DefaultFolder = L"C:\\Second";
+    EXPECT_EQ(ErrorOf([&] { main.Activate(); }), ErrorNumber::PathNotFound);
+    main.Activate();
+}
+
+TEST_F(MainScreenTest, ChoiceOfAHostFolderThatIsGoneLeavesNoButtonOfTheLostSelection) {
+    main.Load();
+    Select(model.installed.names, {L"abc"});
+    main.InstalledListClicked();
+    files.DeleteTree(L"C:\\Host");
+    EXPECT_EQ(ErrorOf([&] { main.ComboSelected(0); }), ErrorNumber::PathNotFound);
+    EXPECT_THAT(EnabledButtons(model), IsEmpty());
+}
+
+TEST_F(MainScreenTest, ChoiceAfterAnUninstallThatBrokeOffAppliesTheRules) {
+    main.Load();
+    Select(model.installed.names, {L"abc"});
+    main.InstalledListClicked();
+    files.DeleteTree(L"C:\\Host\\abc.obl");
+    EXPECT_EQ(ErrorOf([&] { main.UninstallPressed(); }), ErrorNumber::FileNotFound);
+    main.ComboSelected(0);
+    EXPECT_THAT(EnabledButtons(model), IsEmpty());
 }
 
 // --- The combo ----------------------------------------------------------------------------------
@@ -151,7 +198,7 @@ TEST_F(MainScreenTest, OpeningATreeRowAppliesTheRulesToALostSelection) {
     Select(model.browser.Files(), {L"mio.lzh"});
     main.FileListClicked();
     main.TreeRowOpened(1);
-    EXPECT_EQ(model.browser.PathText(), L"C:\\");
+    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\");
     EXPECT_THAT(EnabledButtons(model), IsEmpty());
 }
 

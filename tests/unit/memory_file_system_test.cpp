@@ -116,11 +116,14 @@ TEST_F(MemoryFileSystemTest, LockedFolderIsNotRemoved) {
     EXPECT_EQ(ThrownNumber([&] { files.RemoveFolder(L"C:\\folder"); }), 75);
 }
 
-TEST_F(MemoryFileSystemTest, WriteOnAFullDiskKeepsWhatFitted) {
+TEST_F(MemoryFileSystemTest, WriteOnAFullDiskKeepsWhatFittedIntoAPresentFile) {
     files.SetCapacity(L"C:", 10);
     files.Write(L"C:\\a", "123456");
+    files.Write(L"C:\\b", "");
     EXPECT_EQ(ThrownNumber([&] { files.Write(L"C:\\b", "1234567"); }), 61);
     EXPECT_EQ(files.Contents(L"C:\\b"), "1234");
+    EXPECT_EQ(ThrownNumber([&] { files.Write(L"C:\\new", "1"); }), 61);
+    EXPECT_FALSE(files.Exists(L"C:\\new"));
     EXPECT_EQ(ThrownNumber([&] { files.MakeFolder(L"C:\\folder"); }), 61);
     files.Delete(L"C:\\a");
     files.Write(L"C:\\b", "1234567");

@@ -86,6 +86,7 @@ class InstallScreenFake : public InstallScreen {
     std::optional<std::int16_t> answer = AnswerInstall; // none: closed by its frame
     std::vector<InstallConfirmation> confirmations;
     std::function<void()> onConfirmation;
+    bool open = true;
 
     void SetMainWindowEnabled(bool on) override { enabled = on; }
     void ShowConfirmation(const InstallConfirmation& lists, std::int16_t& InstallAnswer) override {
@@ -95,6 +96,7 @@ class InstallScreenFake : public InstallScreen {
         if (answer)
             InstallAnswer = *answer;
     }
+    bool MainWindowIsOpen() const override { return open; }
     void* MainWindowHandle() override { return this; }
 };
 

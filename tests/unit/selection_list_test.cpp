@@ -67,12 +67,6 @@ TEST(SelectionList, RemovingTheSelectedLeavesTheOthersInOrder) {
     EXPECT_EQ(list.Size(), 2U);
 }
 
-TEST(SelectionList, LongestIsTheFirstOfTheLongest) {
-    EXPECT_EQ(SelectionList().Longest(), std::nullopt);
-    EXPECT_EQ(ListOf({L"a", L"表ソ能", L"abc", L"ab"}).Longest(), 1U);
-    EXPECT_EQ(ListOf({L""}).Longest(), 0U);
-}
-
 TEST(SelectionList, NewContentsAreUnselected) {
     SelectionList list = ListOf({L"0"});
     list.Select(0);

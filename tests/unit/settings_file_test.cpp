@@ -448,6 +448,16 @@ TEST_F(SettingsFileTest, CommaCutsAnItemWhenTheFileIsRewritten) {
                             "DEFAULT=C:\\N"}));
 }
 
+// What stands behind the comma is taken for a line of its own, at every save once more.
+TEST_F(SettingsFileTest, RegisteredFolderWithACommaLeavesItsRestBehindAtEverySave) {
+    Given({"VMRFOLDER=C:\\a,b"});
+    const auto combo = Combo({L"C:\\a,b"});
+    file.SaveSettings(combo, L"C:\\Packs\\");
+    EXPECT_EQ(Ini(), Lines({"VMRFOLDER=C:\\a,b", "b"}));
+    file.SaveSettings(combo, L"C:\\Packs\\");
+    EXPECT_EQ(Ini(), Lines({"VMRFOLDER=C:\\a,b", "b", "b"}));
+}
+
 TEST_F(SettingsFileTest, QuotesAndLeadingBlanksGoWhenTheFileIsRewritten) {
     Given({"\"VERSION=Ver.0.60\"", "  KVAOPTION=ON", "\"a, b\"", "VMRFOLDER="});
     file.SaveSettings(Combo({}), L"C:\\");

@@ -1,5 +1,6 @@
 // The order in which the staging folder is emptied, and what makes it stop.
 #include "install/staging_walk.h"
+#include "install/staged_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,8 +21,13 @@ class RecordingVisitor : public StagingVisitor {
     explicit RecordingVisitor(MemoryFileSystem& memoryFiles) : files(memoryFiles) {}
 
     std::vector<std::wstring> visits;
+    std::function<void(const std::wstring& folder)> onEnter;
 
-    void EnterFolder(const std::wstring& folder) override { visits.push_back(L"> " + folder); }
+    void EnterFolder(const std::wstring& folder) override {
+        visits.push_back(L"> " + folder);
+        if (onEnter)
+            onEnter(folder);
+    }
     void TakeFile(const std::wstring& folder, const std::wstring& name) override {
         visits.push_back(folder + name);
         files.DeleteTree(Staging + folder + name);
@@ -75,6 +81,16 @@ TEST_F(StagingWalkTest, CurrentFolderMovesAlong) {
                             L"RemoveFolder C:\\TAMTMP\\a\\b", L"SetCurrentFolder C:\\TAMTMP",
                             L"RemoveFolder C:\\TAMTMP\\a", L"SetCurrentFolder C:\\",
                             L"RemoveFolder C:\\TAMTMP"));
+}
+
+// A folder that cannot be made current is not given to the visitor.
+TEST_F(StagingWalkTest, FolderIsCurrentBeforeTheVisitorEntersIt) {
+    Add(L"a\\b\\1");
+    visitor.onEnter = [this](const std::wstring& folder) {
+        EXPECT_EQ(files.CurrentFolder() + L"\\", L"C:\\TAMTMP\\" + folder);
+    };
+    Walk();
+    EXPECT_THAT(visitor.visits, testing::Contains(L"> a\\b\\"));
 }
 
 TEST_F(StagingWalkTest, ReadOnlyFilesAreGivenToo) {

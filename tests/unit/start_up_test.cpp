@@ -51,6 +51,17 @@ TEST_F(StartUpTest, FirstCopyMakesTheProgramFolderCurrent) {
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
 
+// Without its own folder the program can do nothing, and must not stay without a window.
+TEST_F(StartUpTest, ProgramFolderThatCannotBeEnteredEndsTheProgram) {
+    files.SetReady(L"C:", false);
+    try {
+        startUp.Load(false);
+        FAIL();
+    } catch (const RunTimeError& error) {
+        EXPECT_TRUE(error.IsFatal());
+    }
+}
+
 TEST_F(StartUpTest, TicksComeFiveTimesASecond) {
     EXPECT_EQ(StartUpTickMilliseconds, 200U);
 }

@@ -166,6 +166,20 @@ TEST(UpdateDefinitionFile, VanishedSourceEndsItSilently) {
     EXPECT_THAT(scene.messages.shown, IsEmpty());
 }
 
+TEST(UpdateDefinitionFile, DriveOfTheSourceThatIsGoneEndsItSilently) {
+    MaintenanceScene scene;
+    scene.files.AddDrive(L"D:");
+    scene.state.BrowseStartFolder = L"D:\\New\\";
+    scene.files.AddFile(L"D:\\New\\ombrel.exe");
+    scene.files.AddFile(L"D:\\New\\abc.obl");
+    scene.Show();
+    scene.SelectFiles({L"abc.obl"});
+    scene.files.RemoveDrive(L"D:");
+    UpdateDefinitionFile(scene.model, scene.platform);
+    UpdateHostProgram(scene.model, scene.platform);
+    EXPECT_THAT(scene.messages.shown, IsEmpty());
+}
+
 TEST(UpdateDefinitionFile, WithoutSelectionNothingHappens) {
     for (const bool ready : {false, true}) {
         MaintenanceScene scene;

@@ -61,6 +61,52 @@ TEST_F(Win32DesktopShellTest, DeletesNothingThatIsNotOnePath) {
     EXPECT_TRUE(IsThere(L"beside"));
 }
 
+// Windows takes "tree." for "tree"; a folder that other systems have called so must not cost its
+// neighbour.
+TEST_F(Win32DesktopShellTest, NameThatWindowsWouldChangeDeletesNothing) {
+    MakeTree();
+    for (const wchar_t* name : {L"tree.", L"tree ", L"tree. .", L"tree\\sub.", L"tree.\\"}) {
+        shell.DeleteTree(In(name));
+        shell.MoveToRecycleBin(In(name));
+    }
+    EXPECT_TRUE(IsThere(L"tree\\a.txt"));
+    EXPECT_TRUE(IsThere(L"tree\\sub\\表.txt"));
+}
+
+struct Deletion {
+    std::wstring source; // with every end mark but the last
+    UINT operation = 0;
+    unsigned flags = 0;
+    bool hasOwner = false;
+
+    bool operator==(const Deletion&) const = default;
+};
+
+std::vector<Deletion> deletions;
+
+int WINAPI RecordDeletion(SHFILEOPSTRUCTW* request) {
+    const wchar_t* end = request->pFrom;
+    while (end[0] != L'\0' || end[1] != L'\0')
+        ++end;
+    deletions.push_back(
+        {{request->pFrom, end + 1}, request->wFunc, request->fFlags, request->hwnd != nullptr});
+    EXPECT_EQ(request->pTo, nullptr);
+    EXPECT_EQ(request->lpszProgressTitle, nullptr);
+    return 0;
+}
+
+// Neither is silent: of a long deletion the user sees the progress.
+TEST_F(Win32DesktopShellTest, AsksTheShellForOneTreeAtATimeWithoutConfirmation) {
+    MakeTree();
+    deletions.clear();
+    Win32DesktopShell recorded(RecordDeletion);
+    recorded.DeleteTree(In(L"tree"));
+    recorded.MoveToRecycleBin(In(L"tree\\sub"));
+    const std::wstring end(1, L'\0');
+    EXPECT_EQ(deletions, (std::vector<Deletion>{{In(L"tree") + end, 3, 0x10, false},
+                                                {In(L"tree\\sub") + end, 3, 0x50, false}}));
+}
+
 TEST_F(Win32DesktopShellTest, RecycledTreeIsGoneFromItsPlace) {
     MakeTree();
     shell.MoveToRecycleBin(In(L"tree"));

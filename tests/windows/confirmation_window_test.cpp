@@ -105,6 +105,16 @@ TEST_F(ConfirmationWindowTest, ReturnInstallsNothingWhenThereIsNothingToInstall)
     EXPECT_EQ(answer, 0);
 }
 
+TEST_F(ConfirmationWindowTest, IsLeftByCancelOnlyWhenThereIsNothingToInstall) {
+    lists.installNowEnabled = false;
+    ShowAnd([&](Form7& form) {
+        SendMessageW(form.Handle(), WM_CLOSE, 0, 0);
+        EXPECT_TRUE(form.IsOpen());
+        Click(Find(form, ControlKind::Command, 2));
+    });
+    EXPECT_EQ(answer, AnswerCancel);
+}
+
 TEST_F(ConfirmationWindowTest, HasNoCloseBoxAndAnswersNothingWhenItIsClosedAllTheSame) {
     ShowAnd([&](Form7& form) {
         EXPECT_EQ(GetWindowLongW(form.Handle(), GWL_STYLE) & WS_SYSMENU, 0);

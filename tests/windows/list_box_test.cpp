@@ -119,6 +119,13 @@ TEST_F(ListBoxTest, CanBeScrolledToTheEndOfItsWidestEntry) {
     EXPECT_LT(Ask(form.several, LB_GETHORIZONTALEXTENT), 100);
 }
 
+TEST_F(ListBoxTest, CanBeScrolledTwoBlanksPastItsWidestEntry) {
+    const std::wstring many(40, L'i');
+    const std::wstring wide(30, L'W');
+    form.several.Show(Listed({many, wide, L"a"}));
+    EXPECT_EQ(Ask(form.several, LB_GETHORIZONTALEXTENT), form.Measure().Width(wide + L"  "));
+}
+
 TEST_F(ListBoxTest, ShowsTenThousandEntriesAtOnce) {
     SelectionList list = Listed(Numbered(10000));
     const ULONGLONG start = GetTickCount64();
@@ -158,6 +165,24 @@ TEST_F(ListBoxTest, OpensARowByDoubleClickAndByReturn) {
     SendMessageW(form.one.Handle(), LB_SETCURSEL, 2, 0);
     PressKey(VK_RETURN);
     EXPECT_EQ(opened, (std::vector<size_t>{3, 2}));
+}
+
+TEST_F(ListBoxTest, OpensItsMenuByTheRightButtonAlone) {
+    int menus = 0;
+    form.several.onMenu = [&](POINT) {
+        ++menus;
+    };
+    form.several.Show(Listed({L"a", L"b"}));
+    const auto release = [&](UINT message, WPARAM stillDown) {
+        SendMessageW(form.several.Handle(), message, stillDown, MAKELPARAM(3, 3));
+        return std::exchange(menus, 0);
+    };
+    EXPECT_EQ(release(WM_RBUTTONUP, 0), 1);
+    EXPECT_EQ(release(WM_RBUTTONUP, MK_SHIFT), 1);
+    for (const WPARAM other : {MK_LBUTTON, MK_MBUTTON, MK_XBUTTON1, MK_XBUTTON2})
+        EXPECT_EQ(release(WM_RBUTTONUP, other), 0) << other;
+    EXPECT_EQ(release(WM_LBUTTONUP, 0), 0);
+    EXPECT_EQ(release(WM_MBUTTONUP, 0), 0);
 }
 
 TEST_F(ListBoxTest, ShowingDoesNotCountAsSelecting) {

@@ -174,6 +174,17 @@ TEST_F(MainWindowTest, ItsListsGrowWithIt) {
 
 // Selecting
 
+TEST_F(MainWindowTest, KeepsTheTreeRowThatTheUserHasClicked) {
+    Open();
+    const int inner = RowOf(List(1), L"    + inner");
+    SendMessageW(List(1), LB_SETCURSEL, static_cast<WPARAM>(inner), 0);
+    SelectRows(List(2), {0});
+    EXPECT_EQ(SendMessageW(List(1), LB_GETCURSEL, 0, 0), inner);
+    SetFocus(List(1));
+    PressKey(VK_RETURN);
+    EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\packages\\inner\\");
+}
+
 TEST_F(MainWindowTest, LightsTheButtonsThatFitTheSelectedFiles) {
     Open();
     SelectRows(List(2), {RowOf(List(2), L"a.lzh")});
@@ -388,6 +399,18 @@ TEST_F(InstallWindowTest, EndsWithTheCharacterInTheList) {
     EXPECT_TRUE(IsEnabled(Command(1)));
     EXPECT_FALSE(IsEnabled(Command(9)));
     EXPECT_EQ(GetActiveWindow(), form->Handle());
+}
+
+TEST_F(InstallWindowTest, TheEndOfTheSessionInstallsNothing) {
+    Open();
+    InstallAnd([&](Form&) {
+        SendMessageW(form->Handle(), WM_QUERYENDSESSION, 0, 0);
+        SendMessageW(form->Handle(), WM_ENDSESSION, TRUE, 0);
+    });
+    EXPECT_TRUE(application.OpenForms().empty());
+    EXPECT_TRUE(fake.messages.shown.empty());
+    EXPECT_FALSE(fake.files.Exists(L"C:\\Vimora\\New.obl"));
+    EXPECT_FALSE(fake.files.Exists(L"C:\\TAMTMP"));
 }
 
 TEST_F(InstallWindowTest, EscapeCancelsIt) {

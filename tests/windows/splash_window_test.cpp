@@ -79,6 +79,23 @@ TEST_F(SplashWindowTest, TicksByItself) {
     EXPECT_TRUE(PumpUntil([&] { return ProgressShown(form); }));
 }
 
+TEST_F(SplashWindowTest, WithoutTheProgramFolderTheProgramEnds) {
+    fake.files.SetReady(L"C:", false);
+    Open().Show();
+    EXPECT_EQ(fake.messages.shown.size(), 1u);
+    EXPECT_EQ(timesEnded, 1);
+}
+
+TEST_F(SplashWindowTest, GoesThoughTheNextWindowCannotBeMade) {
+    handOver.failure = ErrorNumber::OutOfMemory;
+    Form6& form = Open();
+    form.Show();
+    for (int tick = 1; tick <= 12; ++tick)
+        Tick(form);
+    EXPECT_FALSE(form.IsOpen());
+    EXPECT_EQ(fake.messages.shown.size(), 1u);
+}
+
 TEST_F(SplashWindowTest, ASecondCopyIsRefusedBeforeAnythingIsSeen) {
     Form6& form = Open(true);
     fake.messages.onShow = [&](const auto&) {

@@ -15,7 +15,12 @@ namespace tamblin {
 class HandOverFake : public HandOver {
   public:
     std::vector<NextWindow> shown;
-    void Show(NextWindow next) override { shown.push_back(next); }
+    std::optional<ErrorNumber> failure;
+    void Show(NextWindow next) override {
+        if (failure)
+            throw RunTimeError(*failure);
+        shown.push_back(next);
+    }
 };
 
 class WindowScene : public testing::Test {

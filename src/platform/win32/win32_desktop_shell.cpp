@@ -3,7 +3,6 @@
 #include <windows.h>
 // After <windows.h>, which it needs.
 #include <objbase.h>
-#include <shellapi.h>
 #include <shlobj.h>
 
 #include <memory>
@@ -18,6 +17,13 @@
 namespace tamblin {
 namespace {
 
+// Windows drops dots and blanks at the end of a name: "abc." would be taken for its neighbour
+// "abc".
+bool NamesTheSame(const std::wstring& path, const std::wstring& fullPath) {
+    const std::wstring plain = WithoutBackslash(path);
+    return fullPath.ends_with(plain.substr(plain.find_last_of(L"\\/:") + 1));
+}
+
 // The full path of something that may be deleted, or nothing. The shell would take an empty path
 // for the current folder, a wildcard for many files, and would empty a whole drive.
 std::optional<std::wstring> DeletablePath(const std::wstring& path) {
@@ -25,7 +31,7 @@ std::optional<std::wstring> DeletablePath(const std::wstring& path) {
         return std::nullopt;
     try {
         std::wstring full = FullPath(path);
-        if (IsRoot(full))
+        if (IsRoot(full) || !NamesTheSame(path, full))
             return std::nullopt;
         return full;
     } catch (const RunTimeError&) {
@@ -71,20 +77,21 @@ bool VisitLinks(const std::wstring& folder, const Visitor& visit) {
     return true;
 }
 
-void DeleteByShell(const std::wstring& fullPath, FILEOP_FLAGS flags) {
-    const std::wstring source = fullPath + L'\0'; // a list of one, ended by an empty string
-    SHFILEOPSTRUCTW operation{};
-    operation.wFunc = FO_DELETE;
-    operation.pFrom = source.c_str();
-    operation.fFlags = flags;
-    SHFileOperationW(&operation);
-}
-
 struct TaskMemory {
     void operator()(wchar_t* memory) const { CoTaskMemFree(memory); }
 };
 
 } // namespace
+
+// Neither the result nor whether the user broke it off is looked at.
+void Win32DesktopShell::DeleteByShell(const std::wstring& fullPath, FILEOP_FLAGS flags) {
+    const std::wstring source = fullPath + L'\0'; // a list of one, ended by an empty string
+    SHFILEOPSTRUCTW operation{};
+    operation.wFunc = FO_DELETE;
+    operation.pFrom = source.c_str();
+    operation.fFlags = flags;
+    fileOperation(&operation);
+}
 
 // Not every shell stops at a link when it deletes a tree, so that none is left for it to find. A
 // tree with a link that does not go stays whole.

@@ -158,6 +158,19 @@ void FlushAndClose(UniqueHandle file) {
         ThrowLastError();
 }
 
+// Room for the new contents is taken before the old ones are touched, so that most full disks
+// leave the old contents whole.
+void ReplaceContents(UniqueHandle file, std::string_view bytes) {
+    LARGE_INTEGER oldSize;
+    if (!GetFileSizeEx(file.get(), &oldSize))
+        ThrowLastError();
+    if (bytes.size() > static_cast<std::uint64_t>(oldSize.QuadPart))
+        SetLength(file.get(), bytes.size());
+    WriteAll(file.get(), bytes);
+    SetLength(file.get(), bytes.size());
+    FlushAndClose(std::move(file));
+}
+
 // Windows takes the part of a copy that fitted on a full disk away again, Wine leaves it.
 [[noreturn]] void ThrowCopyError(const std::wstring& source, const std::wstring& target) {
     const DWORD code = GetLastError();
@@ -286,20 +299,18 @@ std::string Win32FileSystem::Read(const std::wstring& file) try {
     throw RunTimeError(ErrorNumber::OutOfMemory);
 }
 
-// Room for the new contents is taken before the old ones are touched, so that most full disks
-// leave the old contents whole.
 void Win32FileSystem::Write(const std::wstring& file, std::string_view bytes) {
     const std::wstring full = FullFilePath(file);
     CheckNotReadOnly(full);
+    const bool isNew = BitsOf(full) == INVALID_FILE_ATTRIBUTES;
     UniqueHandle handle = Open(full, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS);
-    LARGE_INTEGER oldSize;
-    if (!GetFileSizeEx(handle.get(), &oldSize))
-        ThrowLastError();
-    if (bytes.size() > static_cast<std::uint64_t>(oldSize.QuadPart))
-        SetLength(handle.get(), bytes.size());
-    WriteAll(handle.get(), bytes);
-    SetLength(handle.get(), bytes.size());
-    FlushAndClose(std::move(handle));
+    try {
+        ReplaceContents(std::move(handle), bytes);
+    } catch (const RunTimeError&) {
+        if (isNew)
+            DeleteFileW(PathForWindows(full).c_str());
+        throw;
+    }
 }
 
 void Win32FileSystem::Copy(const std::wstring& from, const std::wstring& to) {
