@@ -2,6 +2,7 @@
 
 import pytest
 
+from more_windows import HelpWindow
 from sandbox import settings
 from tamblin_app import click, wait_until
 
@@ -102,6 +103,8 @@ def test_settings_survive_from_one_run_to_the_next(running):
 
 
 def test_leaving_with_other_windows_open_ends_the_program(running):
+    running.main.command10.press()
+    HelpWindow(running).wait_shown()
     running.main.command8.press()
     running.answer(EXIT, "OK")
     running.wait_ended()

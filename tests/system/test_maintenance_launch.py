@@ -5,6 +5,7 @@ import pathlib
 
 import pytest
 
+from hosts import install_by_hand
 from maintenance_scene import (  # noqa: F401
     HOST,
     OTHER_HOST,
@@ -17,9 +18,18 @@ from maintenance_scene import (  # noqa: F401
 from more_windows import MENU_RUN, MENU_VIEW, character_menu, right_click_row
 from tamblin_app import point_at, press_keys, wait_until
 from test_faults import wait_report
+from test_maintenance_uninstall import DONE as UNINSTALLED
+from test_maintenance_uninstall import QUESTION as UNINSTALL_QUESTION
 
 REWRITTEN = "が起動するようにombrel.rcを書き換えました。"
 CHARACTERS = ["mikan", "yuzu", "空 白", "表ソ能"]
+
+
+@pytest.fixture
+def with_dotted_name(scene, machine):
+    """A character whose name looks like a definition file's, in the list with the others."""
+    install_by_hand(machine, HOST, "x.obl")
+    scene.refresh()
 
 
 def start_up_line(definition):
@@ -57,6 +67,23 @@ def test_the_start_up_file_becomes_one_line(app, machine, character):
     app.main.wait_enabled()
     assert machine.tree(HOST) == {**before, "ombrel.rc": start_up_line(character + ".obl")}
     assert app.main.list3.selected() == [character]
+
+
+def test_a_character_called_like_a_definition_file(with_dotted_name, app, machine):
+    app.main.list3.select("x.obl")
+    app.main.command11.press()
+    app.answer("x.obl" + REWRITTEN, "OK")
+    assert machine.read(HOST + "\\ombrel.rc") == start_up_line("x.obl.obl")
+    app.main.command13.press()
+    wait_host(machine)
+    assert_start_up_file_is_back(machine, content=start_up_line("x.obl.obl"))
+    app.main.command5.press()
+    app.answer(UNINSTALL_QUESTION, "OK")
+    app.answer(UNINSTALLED, "OK")
+    app.main.wait_enabled()
+    assert app.main.list3.entries() == CHARACTERS
+    assert not machine.path(HOST + "\\x.obl").exists()
+    assert not machine.path(HOST + "\\x.obl.obl").exists()
 
 
 def test_the_start_up_file_is_made_where_there_is_none(app, machine):
@@ -103,7 +130,8 @@ def test_the_host_starts_with_the_character(app, machine, launch, character):
     assert log["command line"] == f'"{HOST}\\ombrel.exe" /n'
     assert log["show command"] == "2"
     assert log["current folder"] == HOST
-    # The file is put back while the host starts, so the host may meet either at first.
+    # The file is put back while the host starts, so the host may meet either at first: this does not
+    # tell whether the host has read the character's line. The test of a failed start does.
     former = START_UP.decode("cp932", "replace").splitlines()[0]
     assert log["rc at once"] in [f"H001currentobl={character}.obl", former]
     assert log["rc after 200 ms"] == former
@@ -194,6 +222,16 @@ def test_a_leftover_of_an_earlier_launch_is_reported_and_nothing_is_lost(app, ma
 
 
 def test_a_start_up_file_that_is_read_only_survives_a_launch(app, machine):
+    machine.path(HOST + "\\ombrel.rc").chmod(0o444)
+    app.main.list3.select("mikan")
+    app.main.command13.press()
+    wait_host(machine)
+    assert_start_up_file_is_back(machine)
+    assert machine.path(HOST + "\\ombrel.rc").stat().st_mode & 0o222 == 0
+    machine.path(HOST + "\\ombrel.rc").chmod(0o644)
+
+
+def test_a_host_folder_that_is_read_only_survives_a_launch(app, machine):
     machine.path(HOST).chmod(0o555)
     before = machine.tree(HOST)
     app.main.list3.select("mikan")

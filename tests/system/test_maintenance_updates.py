@@ -128,6 +128,8 @@ def test_a_definition_file_is_replaced_by_the_selected_file(app, machine):
     app.main.wait_enabled()
     assert machine.tree(HOST) == {**before, "mikan.obl": b"newer"}
     assert not app.main.command4.enabled()
+    app.main.list2.select("MIKAN.obl")
+    assert app.main.command4.enabled()
 
 
 def test_cancel_keeps_the_definition_file(app, machine):
