@@ -30,11 +30,27 @@ void ProgramWindows::ShowOnly(Arguments&&... arguments) {
     form->Show();
 }
 
-// Who asks for what: the splash for the main window or the wizard; the main window (which hides
-// itself) for folder management, and for quick help beside it; folder management for the main
-// window, the wizard (add) or the manual window (change); the wizard for the manual window, and
-// after a search for the choice, the main window or folder management; the manual window and the
-// choice for those two again, or back for the wizard.
+// From        By                                To
+// ----------  --------------------------------  --------------------------------------------------
+// splash      a second copy is running          the end
+//             its last tick                     main window, or wizard without usable settings
+// main        Command6                          management (the main window hides itself)
+//             Command10                         quick help, beside it
+//             Command8, close box               the end
+// management  Command1 (add)                    wizard
+//             Command2 (change)                 manual
+//             Command4, close box               main window; before there was one: the end
+// wizard      Command2 (search), once it ends   main window, management, choice, or wizard again
+//             Command1 (by hand)                manual
+//             Command3, close box               the end; opened from management: management
+// manual      Command1 (OK)                     first run: main window, or choice among several
+//                                               opened from management, or a change: management
+//             Command3 (More)                   manual anew; choice when ten are registered;
+//                                               a change: management
+//             Command2 (Back), close box        wizard; a change: management
+// choice      Command1 (OK), last question      main window; opened from management: management
+//             close box, first question         wizard
+//             close box, last question          as OK
 void ProgramWindows::Show(NextWindow next) {
     switch (next) {
         case NextWindow::MainWindow:

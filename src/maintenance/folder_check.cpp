@@ -52,7 +52,8 @@ void FolderCheck::DeleteDefinitionFiles() {
     definitionFilesEnabled = deleteEnabled = false;
 }
 
-// From the last entry to the first, as the shell is told of them.
+// From the last entry to the first: that is the order in which the shell is told of them. The rows
+// go together at the end.
 void FolderCheck::MoveFoldersToRecycleBin() {
     if (!platform.messages.AskOkCancel(RecycleQuestion))
         return;

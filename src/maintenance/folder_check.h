@@ -38,7 +38,7 @@ class FolderCheck {
 
   private:
     Platform& platform;
-    std::wstring hostFolder;
+    std::wstring hostFolder; // cannot change while the result window is shown, which is modal
 };
 
 } // namespace tamblin

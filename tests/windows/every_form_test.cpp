@@ -1,4 +1,5 @@
-// What holds for every window of the program, for those that have no test of their own elsewhere.
+// What every window says and what holds for all of them, for those that have no test of their own
+// elsewhere.
 #include "maintenance/folder_check_window.h"
 #include "settings/folder_management_window.h"
 #include "setup/choice_window.h"
@@ -29,53 +30,192 @@ class EveryFormTest : public WindowScene {
     }
 
     template <class FormType, class... Arguments>
-    std::string FaultsAfterShowing(Arguments&&... arguments) {
+    FormType& Shown(Arguments&&... arguments) {
         auto& form = application.Open<FormType>(application, std::forward<Arguments>(arguments)...);
         form.Show();
         Pump();
-        return FaultsOf(form);
+        return form;
+    }
+
+    static void ExpectSound(Form& form, const wchar_t* title, std::span<const Element> elements) {
+        EXPECT_EQ(TextOf(form.Handle()), title);
+        EXPECT_EQ(WrongElements(form, elements), "");
+        EXPECT_EQ(FaultsOf(form), "");
     }
 
     SettingsState state;
     HandOverFake handOver;
 };
 
+using enum ControlKind;
+
+std::vector<Element> WizardElements(const wchar_t* giveUp) {
+    return {{Label, 1, L"Static", L"Tamblin に必要な情報を設定します。"},
+            {Label, 2, L"Static", L"設定項目"},
+            {Label, 3, L"Static", L"・Vimoraフォルダの指定"},
+            {Command, 2, L"Button", L"自動検出"},
+            {Label, 5, L"Static", L"見つけさせる"},
+            {Command, 1, L"Button", L"手動設定"},
+            {Label, 4, L"Static", L"自分で指定する"},
+            {Command, 3, L"Button", giveUp},
+            {Label, 6, L"Static", L"作業をやめる"}};
+}
+
+constexpr wchar_t WizardTitle[] = L"環境設定ウィザード  - Tamblin -";
+
 TEST_F(EveryFormTest, SetUpWizard) {
-    EXPECT_EQ(FaultsAfterShowing<Form2>(fake.platform, state, handOver), "");
+    ExpectSound(Shown<Form2>(fake.platform, state, handOver), WizardTitle, WizardElements(L"終了"));
+}
+
+TEST_F(EveryFormTest, SetUpWizardFromFolderManagement) {
+    state.WizardFromManagement = true;
+    ExpectSound(Shown<Form2>(fake.platform, state, handOver), WizardTitle, WizardElements(L"戻る"));
 }
 
 TEST_F(EveryFormTest, ManualFolder) {
-    EXPECT_EQ(FaultsAfterShowing<Form3>(fake.platform, state, handOver), "");
+    constexpr Element elements[] = {
+        {Label, 1, L"Static", L"Vimoraがインストールされているフォルダを指定して下さい。"},
+        {Text, 1, L"Edit", nullptr},
+        {List, 1, L"ListBox", nullptr},
+        {List, 2, L"ListBox", nullptr},
+        {Label, 10, L"Static", nullptr},
+        {Command, 1, L"Button", L"OK"},
+        {Command, 2, L"Button", L"Back"},
+        {Label, 3, L"Static", L"１つ前に戻る"},
+        {Command, 3, L"Button", L"More"},
+        {Label, 4, L"Static", L"もう１つ指定する"},
+        {Label, 5, L"Static", L"VMRを複数インストールしている場合、別の場所を指定できます。"}};
+    ExpectSound(Shown<Form3>(fake.platform, state, handOver), L"VMRフォルダの手動設定 - Tamblin -",
+                elements);
 }
 
 TEST_F(EveryFormTest, SearchProgress) {
-    EXPECT_EQ(FaultsAfterShowing<Form4>(fake.platform, state), "");
+    constexpr Element elements[] = {
+        {Label, 1, L"Static", L"Vimoraがインストールされているフォルダを検索しています..."},
+        {Label, 9, L"Static", L"進行状況"},
+        {Label, 10, L"Static", L"検索ドライブ"},
+        {Label, 11, L"Static", nullptr},
+        {Label, 7, L"Static", L"検索ファイル"},
+        {Label, 8, L"Static", nullptr},
+        {Label, 2, L"Static", L"検索フォルダ"},
+        {Label, 3, L"Static", nullptr},
+        {Label, 4, L"Static", nullptr},
+        {Label, 5, L"Static", nullptr},
+        {Command, 1, L"Button", nullptr},
+        {Label, 6, L"Static", L"検索を中止し、１つ前に戻る"}};
+    ExpectSound(Shown<Form4>(fake.platform, state), L"VMRフォルダを検索中... - Tamblin -",
+                elements);
 }
 
+std::vector<Element> ChoiceElements(const wchar_t* question) {
+    return {{Label, 1, L"Static", question},
+            {List, 1, L"ListBox", nullptr},
+            {Combo, 1, L"ComboBox", nullptr},
+            {Command, 1, L"Button", L"OK"}};
+}
+
+constexpr wchar_t ChoiceTitle[] = L"VMRフォルダの選択 - Tamblin -";
+
 TEST_F(EveryFormTest, FolderChoice) {
-    EXPECT_EQ(FaultsAfterShowing<Form5>(state, handOver), "");
+    ExpectSound(
+        Shown<Form5>(state, handOver), ChoiceTitle,
+        ChoiceElements(L"検出されたフォルダのうち、登録するフォルダにチェックをつけてください。"));
 }
 
 TEST_F(EveryFormTest, FolderChoiceOfTheDefault) {
     state.ChoiceStage = 2;
-    EXPECT_EQ(FaultsAfterShowing<Form5>(state, handOver), "");
+    ExpectSound(Shown<Form5>(state, handOver), ChoiceTitle,
+                ChoiceElements(L"デフォルトに設定するフォルダを選択してください。"));
+}
+
+std::vector<Element> ManagementElements(const wchar_t* leave) {
+    return {
+        {Label, 1, L"Static", L"VMRがインストールされているフォルダを、10ヶ所まで管理できます。"},
+        {List, 1, L"ListBox", nullptr},
+        {Command, 1, L"Button", nullptr},
+        {Command, 2, L"Button", nullptr},
+        {Command, 3, L"Button", nullptr},
+        {Label, 2, L"Static", L"Kavalet用定義ファイル（kva.def）への情報書き込みを許可しますか？"},
+        {Option, 1, L"Button", L"許可する"},
+        {Option, 1, L"Button", L"禁止する（デフォルト）", 1},
+        {Label, 3, L"Static", L"※ 許可した場合、ベンダーの設定が反映されるようになります。"},
+        {Command, 4, L"Button", leave}};
 }
 
 TEST_F(EveryFormTest, FolderManagement) {
-    EXPECT_EQ(FaultsAfterShowing<Form8>(state, handOver), "");
+    state.OpenedFromMainWindow = true;
+    ExpectSound(Shown<Form8>(state, handOver), L"Vimoraフォルダ管理 - Tamblin - ",
+                ManagementElements(L"戻る"));
+}
+
+TEST_F(EveryFormTest, FolderManagementBeforeTheMainWindow) {
+    ExpectSound(Shown<Form8>(state, handOver), L"Vimoraフォルダ管理 - Tamblin - ",
+                ManagementElements(L"終了"));
+}
+
+// The arrow keys go round between the two choices and never leave them.
+TEST_F(EveryFormTest, ChoicesOfFolderManagementAreOneRow) {
+    const Form& form = Shown<Form8>(state, handOver);
+    const HWND allow = Find(form, Option, 1, 0);
+    const HWND forbid = Find(form, Option, 1, 1);
+    EXPECT_EQ(GetNextDlgGroupItem(form.Handle(), allow, FALSE), forbid);
+    EXPECT_EQ(GetNextDlgGroupItem(form.Handle(), forbid, FALSE), allow);
+    EXPECT_EQ(GetNextDlgGroupItem(form.Handle(), allow, TRUE), forbid);
 }
 
 TEST_F(EveryFormTest, QuickHelp) {
-    EXPECT_EQ(FaultsAfterShowing<Form9>(fake.platform, nullptr), "");
+    EXPECT_EQ(FaultsOf(Shown<Form9>(fake.platform, nullptr)), "");
 }
 
 TEST_F(EveryFormTest, FolderCheckResult) {
+    constexpr Element elements[] = {
+        {Label, 1, L"Static",
+         L"インストールされているオンブレルのフォルダ構造チェックの結果です。"},
+        {Label, 2, L"Static", L"オンブレル定義ファイルだけが存在。"},
+        {List, 1, L"ListBox", nullptr},
+        {Label, 5, L"Static",
+         L"Vimoraおよび、関連ツールに認識され、誤作動を生ずるおそれがあります。"},
+        {Command, 1, L"Button", L"削除する（推奨）"},
+        {Label, 3, L"Static", L"フォルダだけが存在。"},
+        {List, 2, L"ListBox", nullptr},
+        {Label, 6, L"Static", L"直接、Vimoraおよび、関連ツールに影響を及ぼすものではありません。"},
+        {Label, 7, L"Static",
+         L"リストから選択し、右クリックのメニューから、ごみ箱へ移動できます。"},
+        {Label, 4, L"Static",
+         L"（注）このチェックに引っかからなかったからといって、オンブレルの動作を保証するものでは"
+         L"ありません。"},
+        {Command, 3, L"Button", L"閉じる"}};
     MainModel model(fake.platform, state);
     model.combo.entries = {L"C:\\Vimora"};
     model.combo.selected = 0;
     FolderCheck check(fake.platform);
     check.RunCheck(model);
-    EXPECT_EQ(FaultsAfterShowing<Form11>(check, nullptr), "");
+    Form11& form = Shown<Form11>(check, nullptr);
+    ExpectSound(form, L"フォルダ構造チェックの結果 - Tamblin -", elements);
+    EXPECT_EQ(EntriesOf(Find(form, List, 1)), std::vector<std::wstring>{L"Lonely.obl"});
+    EXPECT_EQ(EntriesOf(Find(form, List, 2)), std::vector<std::wstring>{L"Orphan"});
+}
+
+// The answer to the question is no; then yes, and the list is empty and grey.
+TEST_F(EveryFormTest, FolderCheckDeletesAfterAQuestion) {
+    MainModel model(fake.platform, state);
+    model.combo.entries = {L"C:\\Vimora"};
+    model.combo.selected = 0;
+    FolderCheck check(fake.platform);
+    check.RunCheck(model);
+    Form11& form = Shown<Form11>(check, nullptr);
+    const HWND list = Find(form, List, 1);
+    fake.messages.answer = false;
+    Click(Find(form, Command, 1));
+    EXPECT_EQ(EntriesOf(list).size(), 1u);
+    EXPECT_TRUE(fake.files.Exists(L"C:\\Vimora\\Lonely.obl"));
+    fake.messages.answer = true;
+    Click(Find(form, Command, 1));
+    EXPECT_TRUE(EntriesOf(list).empty());
+    EXPECT_FALSE(IsEnabled(list) || IsEnabled(Find(form, Label, 5)));
+    EXPECT_FALSE(IsEnabled(Find(form, Command, 1)));
+    EXPECT_TRUE(IsEnabled(Find(form, List, 2)) && IsEnabled(Find(form, Label, 6)));
+    EXPECT_FALSE(fake.files.Exists(L"C:\\Vimora\\Lonely.obl"));
 }
 
 } // namespace

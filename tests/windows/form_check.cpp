@@ -182,4 +182,26 @@ std::string FaultsOf(Form& form) {
     return faults;
 }
 
+std::string WrongElements(const Form& form, std::span<const Element> elements) {
+    std::string wrong;
+    for (const Element& element : elements) {
+        const int id = ControlId({element.kind, element.number, element.index});
+        const HWND window = GetDlgItem(form.Handle(), id);
+        if (!window) {
+            wrong += std::to_string(id) + " is missing\n";
+            continue;
+        }
+        std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+        GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+        text.pop_back();
+        if (ClassOf(window) != element.windowClass)
+            wrong += std::to_string(id) + " is a " + Utf8(ClassOf(window)) + "\n";
+        if (element.caption && text != element.caption)
+            wrong += std::to_string(id) + " says " + Utf8(text) + "\n";
+    }
+    if (form.Controls().size() != elements.size())
+        wrong += std::to_string(form.Controls().size()) + " controls\n";
+    return wrong;
+}
+
 } // namespace tamblin

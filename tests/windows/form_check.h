@@ -3,13 +3,27 @@
 // keyboard reaches all that can be used. Each returns what is wrong, line by line.
 #pragma once
 
+#include <span>
 #include <string>
 
+#include "ui/control_id.h"
 #include "ui/form.h"
 
 namespace tamblin {
 
 inline constexpr unsigned Densities[] = {96, 120, 144, 192};
+
+// A control as it must stand in a form.
+struct Element {
+    ControlKind kind;
+    int number;
+    const wchar_t* windowClass;
+    const wchar_t* caption; // null when the user's data or a picture stand there
+    int index = 0;
+};
+
+// The elements that are missing, of another kind or with another caption, and controls beyond them.
+std::string WrongElements(const Form& form, std::span<const Element> elements);
 
 // As when the form is dragged to a monitor of another density.
 void MoveToDensity(Form& form, unsigned dpi);
