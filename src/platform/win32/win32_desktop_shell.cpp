@@ -96,30 +96,29 @@ void Win32DesktopShell::DeleteByShell(const std::wstring& fullPath, FILEOP_FLAGS
 // Not every shell stops at a link when it deletes a tree, so that none is left for it to find. A
 // tree with a link that does not go stays whole.
 void Win32DesktopShell::DeleteTree(const std::wstring& path) {
-    const auto full = DeletablePath(path);
-    const auto found = full ? FindAt(*full) : std::nullopt;
-    if (!found)
-        return;
-    if (AttributesOf(*found).link)
-        RemoveLink(*full, *found);
-    else if (VisitLinks(*full, RemoveLink))
-        DeleteByShell(*full, FOF_NOCONFIRMATION);
+    Delete(path, FOF_NOCONFIRMATION, RemoveLink);
 }
 
 // Links go into the bin with their tree, so that the user gets back what there was. Those that the
 // shell would follow, should it have no bin, keep the tree from being touched.
 void Win32DesktopShell::MoveToRecycleBin(const std::wstring& path) {
-    const auto isSafe = [](const std::wstring&, const WIN32_FIND_DATAW& link) {
-        return !IsHostLink(link);
-    };
+    Delete(path, FOF_ALLOWUNDO | FOF_NOCONFIRMATION,
+           [](const std::wstring&, const WIN32_FIND_DATAW& link) { return !IsHostLink(link); });
+}
+
+// `visitLink` does with a link below the tree what has to be done before the shell comes; false
+// keeps the tree. The path itself is never followed.
+template <typename Visitor>
+void Win32DesktopShell::Delete(const std::wstring& path, FILEOP_FLAGS flags,
+                               const Visitor& visitLink) {
     const auto full = DeletablePath(path);
     const auto found = full ? FindAt(*full) : std::nullopt;
     if (!found)
         return;
     if (AttributesOf(*found).link)
         RemoveLink(*full, *found);
-    else if (VisitLinks(*full, isSafe))
-        DeleteByShell(*full, FOF_ALLOWUNDO | FOF_NOCONFIRMATION);
+    else if (VisitLinks(*full, visitLink))
+        DeleteByShell(*full, flags);
 }
 
 void Win32DesktopShell::Open(const std::wstring& document, const std::wstring& workingFolder) {

@@ -22,6 +22,8 @@ class Win32DesktopShell : public DesktopShell {
     std::optional<std::wstring> DesktopFolder() override;
 
   private:
+    template <typename Visitor>
+    void Delete(const std::wstring& path, FILEOP_FLAGS flags, const Visitor& visitLink);
     void DeleteByShell(const std::wstring& fullPath, FILEOP_FLAGS flags);
 
     FileOperation fileOperation;
