@@ -1,6 +1,7 @@
 #include "setup/host_search.h"
 
 #include <algorithm>
+#include <new>
 
 #include "base/text.h"
 #include "settings/host_folder_list.h"
@@ -54,6 +55,8 @@ NextWindow HostSearch::SearchAllDrives() {
     } catch (const RunTimeError& error) {
         Report(error);
         return NextWindow::Stay;
+    } catch (const Abandoned&) {
+        return NextWindow::Stay;
     }
     return Settle();
 }
@@ -91,6 +94,8 @@ void HostSearch::SearchFolderTree(Visit root) {
 bool HostSearch::YieldForVisit() {
     state.SearchRunning = true;
     platform.events.Yield();
+    if (abandoned)
+        throw Abandoned();
     return state.SearchRunning;
 }
 
@@ -122,6 +127,14 @@ void HostSearch::EnterSubfolder(std::vector<Visit>& visits) {
 
 // Links are not descended into: they lead to what is searched anyway, or round in circles.
 HostSearch::Visit HostSearch::ListVisit(const std::wstring& folder) {
+    try {
+        return ListVisitUnguarded(folder);
+    } catch (const std::bad_alloc&) {
+        throw RunTimeError(ErrorNumber::OutOfMemory);
+    }
+}
+
+HostSearch::Visit HostSearch::ListVisitUnguarded(const std::wstring& folder) {
     Visit visit;
     visit.folder = folder;
     for (FolderEntry& entry : platform.files.List(folder)) {

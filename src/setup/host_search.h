@@ -37,10 +37,13 @@ class HostSearch {
 
     // The cancel button: the next folder visit ends the search.
     void Cancel() { state.SearchRunning = false; }
+    // The program ends: the search does too, at the next folder visit, without another word.
+    void Abandon() { abandoned = true; }
 
     const SearchProgress& Progress() const { return progress; }
 
   private:
+    struct Abandoned {};
     struct Visit; // a folder on the way from the drive's root down to the current one
 
     void SearchDrive(const std::wstring& root);
@@ -49,13 +52,16 @@ class HostSearch {
     void EnterSubfolder(std::vector<Visit>& visits);
     void LookAtFiles(const Visit& visit);
     void TakeFound(const std::wstring& folder);
+    // A lack of memory is a RunTimeError like others here, with a message of its own.
     Visit ListVisit(const std::wstring& folder);
+    Visit ListVisitUnguarded(const std::wstring& folder);
     NextWindow Settle();
     void Report(const RunTimeError& error);
 
     Platform& platform;
     SettingsState& state;
     SearchProgress progress;
+    bool abandoned = false;
 };
 
 } // namespace tamblin

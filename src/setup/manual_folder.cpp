@@ -25,7 +25,13 @@ void ManualFolder::Load() {
     treeFolder = StartFolder();
     folderText = WithoutBackslash(treeFolder);
     browser.RebuildBrowser();
-    ShowTreeFolder();
+    if (!browser.Rows().empty()) {
+        ShowTreeFolder();
+        return;
+    }
+    // The folder to be changed is gone, as after a move: there must be a tree to find it in.
+    treeFolder = platform.programFolder;
+    browser.RebuildBrowser();
 }
 
 // The current folder of the drive that the program lies on.

@@ -139,7 +139,7 @@ void Form9::RemoraClicked() {
 }
 
 void Form9::Dock() {
-    if (!IsWindowVisible(followed) || IsIconic(followed))
+    if (!IsWindowVisible(followed) || IsIconic(followed) || IsIconic(Handle()))
         return;
     RECT main{};
     GetWindowRect(followed, &main);

@@ -89,6 +89,11 @@ bool Form4::MayClose(CloseReason reason) {
     return false;
 }
 
+// Also when the session ends or another program closes all windows.
+void Form4::Closing() {
+    search.Abandon();
+}
+
 void Form4::Leave() {
     if (searching)
         search.Cancel();

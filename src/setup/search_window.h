@@ -20,6 +20,7 @@ class Form4 : public Form, private EventLoop {
   private:
     void Yield() override; // between two folders: paint, and let clicks in
     bool MayClose(CloseReason reason) override;
+    void Closing() override;
     void EscapePressed() override { Leave(); }
     void Leave();
     void ShowProgress();

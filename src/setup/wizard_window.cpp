@@ -52,15 +52,12 @@ void Form2::Load() {
 void Form2::Search() {
     Hide();
     auto& progress = App().Open<Form4>(App(), platform, state);
+    progress.onLeave = [this, &progress] {
+        SearchEnded(progress, NextWindow::SetUpWizard);
+    };
     progress.Show();
     const NextWindow next = progress.Search();
-    if (!IsOpen())
-        return;
-    if (next == NextWindow::Stay)
-        progress.onLeave = [this, &progress] {
-            SearchEnded(progress, NextWindow::SetUpWizard);
-        };
-    else
+    if (IsOpen() && next != NextWindow::Stay)
         SearchEnded(progress, next);
 }
 
@@ -75,7 +72,8 @@ void Form2::SearchEnded(Form4& progress, NextWindow next) {
 bool Form2::MayClose(CloseReason reason) {
     if (reason == CloseReason::Program)
         return true;
-    GiveUp();
+    if (IsWindowVisible(Handle())) // else the search is under way, and has a window of its own
+        GiveUp();
     return false;
 }
 

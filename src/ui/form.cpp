@@ -111,7 +111,7 @@ void Form::Show() {
         PutInPlace();
     }
     GetCursorPos(&lastPointer);
-    ShowWindow(handle, SW_SHOW);
+    ShowWindow(handle, IsIconic(handle) ? SW_RESTORE : SW_SHOW);
     SetForegroundWindow(handle);
     if (application.lastActive != this && IsOpen())
         Focused();
@@ -470,7 +470,9 @@ LRESULT Form::HandleSystemMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             KeepSizeInBounds(*reinterpret_cast<MINMAXINFO*>(lParam));
             return 0;
         case WM_SETCURSOR:
-            if (!BusyPointer::IsShown() || LOWORD(lParam) != HTCLIENT)
+            // A disabled window is asked as if the pointer were nowhere.
+            if (!BusyPointer::IsShown() ||
+                (LOWORD(lParam) != HTCLIENT && LOWORD(lParam) != LOWORD(HTERROR)))
                 break;
             SetCursor(LoadCursorW(nullptr, IDC_WAIT));
             return TRUE;

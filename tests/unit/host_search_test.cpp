@@ -643,6 +643,20 @@ TEST(HostSearchFailure, OutOfMemoryStopsTheWholeSearch) {
     EXPECT_EQ(scene.state.HostFolderCount, 0);
 }
 
+// The program ends: nothing more is listed, settled or said.
+TEST(HostSearchCancel, AbandonedSearchEndsAtOnceAndSilently) {
+    SearchScene scene;
+    for (const wchar_t* host : {L"C:\\a", L"C:\\b\\x"})
+        AddHost(scene.files, host);
+    scene.events.onYield = [&] {
+        if (scene.events.yields == 2)
+            scene.search.Abandon();
+    };
+    EXPECT_EQ(scene.Run(), NextWindow::Stay);
+    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\"));
+    EXPECT_THAT(scene.messages.shown, IsEmpty());
+}
+
 TEST(HostSearchFailure, OutOfMemoryLeavesTheFolderAboveWithoutALook) {
     SearchScene scene;
     for (const wchar_t* file : {L"C:\\1", L"C:\\b\\2", L"C:\\b\\x\\3"})

@@ -324,6 +324,8 @@ TEST(ManualFolderFaults, UnreadableFoldersLeaveATreeToGoOnWith) {
     scene.Edit(1);
     scene.manual.Load();
     EXPECT_EQ(scene.manual.FolderText(), L"C:\\gone");
+    EXPECT_FALSE(scene.manual.Browser().Rows().empty());
+    EXPECT_NE(scene.manual.StatusText(), L"C:\\gone");
     EXPECT_EQ(scene.manual.OkPressed(L"C:\\VMR"), NextWindow::FolderManagement);
 }
 

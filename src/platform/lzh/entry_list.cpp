@@ -1,10 +1,11 @@
 #include "platform/lzh/entry_list.h"
 
 #include <algorithm>
-#include <cstring>
+#include <set>
 #include <string_view>
 #include <vector>
 
+#include "platform/lzh/header_fields.h"
 #include "platform/lzh/lzh_error.h"
 
 namespace tamblin::lzh {
@@ -15,6 +16,7 @@ constexpr std::size_t searchPiece = 64 * 1024;
 
 // What looks like a header and is none costs time; a self-extracting program has a handful.
 constexpr int mostFalseHeaders = 1000;
+constexpr std::size_t mostFalseBytes = 1024 * 1024;
 
 bool IsOneOf(char letter, std::string_view letters) {
     return letters.find(letter) != std::string_view::npos;
@@ -45,6 +47,14 @@ bool IsFiller(std::string_view bytes) {
     });
 }
 
+// Where the entry ends whose header these bytes begin, as far as they say so.
+std::uint64_t ClaimedEnd(std::uint64_t place, std::string_view bytes) {
+    const HeaderFields fields(bytes);
+    const std::size_t headerSize =
+        fields.U8(levelOffset) < 2 ? 2u + fields.U8(0) : std::size_t{fields.U16(0)};
+    return place + headerSize + fields.U32(methodOffset + methodSize);
+}
+
 } // namespace
 
 std::optional<EntryHeader> EntryList::Next() {
@@ -63,12 +73,21 @@ EntryHeader EntryList::Take(EntryHeader entry) {
     return entry;
 }
 
+// Damaged headers resemble sound ones; a sound header of a method that nobody has heard of
+// resembles nothing, but proves itself.
+bool EntryList::IsHeaderAt(std::uint64_t place, std::string_view bytes) {
+    if (ResemblesHeader(bytes))
+        return true;
+    return bytes.size() == smallestHeader && bytes[methodOffset] == '-' &&
+           bytes[methodOffset + methodSize - 1] == '-' && Faultless(place);
+}
+
 EntryHeader EntryList::First() {
     char begin[smallestHeader] = {};
     const std::size_t got = source.Read(0, begin, sizeof begin);
-    if (ResemblesHeader({begin, got}))
+    if (IsHeaderAt(0, {begin, got}))
         return parser.Parse(0);
-    if (auto entry = Search())
+    if (auto entry = Search(0))
         return *entry;
     throw LzhError(LzhFailure::NotAnArchive);
 }
@@ -85,20 +104,29 @@ std::optional<EntryHeader> EntryList::Faultless(std::uint64_t place) {
 }
 
 // Self-extracting archives begin with a program. The first header behind it has to be faultless,
-// for programs contain much that looks like one.
-std::optional<EntryHeader> EntryList::Search() {
+// for programs contain much that looks like one. What looks like one and leads right to it was one:
+// damage must not pass for an archive without its first entry.
+std::optional<EntryHeader> EntryList::Search(std::uint64_t from) {
     int falseHeaders = 0;
+    std::size_t falseBytes = 0;
+    std::set<std::uint64_t> claimedEnds;
     std::vector<char> piece(searchPiece);
-    for (std::uint64_t base = 0; base + smallestHeader <= source.Size();) {
+    for (std::uint64_t base = from; base + smallestHeader <= source.Size();) {
         const std::size_t got = source.Read(base, piece.data(), piece.size());
         if (got < smallestHeader)
             break;
         for (std::size_t i = 0; i + smallestHeader <= got; ++i) {
-            if (piece[i + methodOffset] != '-' || !CouldBeHeader({&piece[i], smallestHeader}))
+            const std::string_view bytes(&piece[i], smallestHeader);
+            if (piece[i + methodOffset] != '-' || !CouldBeHeader(bytes))
                 continue;
-            if (auto entry = Faultless(base + i))
+            if (auto entry = Faultless(base + i)) {
+                if (claimedEnds.count(base + i) != 0)
+                    throw LzhError(LzhFailure::DamagedHeader);
                 return entry;
-            if (++falseHeaders == mostFalseHeaders)
+            }
+            claimedEnds.insert(ClaimedEnd(base + i, bytes));
+            falseBytes += parser.BytesParsed();
+            if (++falseHeaders == mostFalseHeaders || falseBytes > mostFalseBytes)
                 return std::nullopt;
         }
         base += got - smallestHeader + 1;
@@ -107,18 +135,21 @@ std::optional<EntryHeader> EntryList::Search() {
 }
 
 // Behind an entry stands another one, a zero byte as the mark of the end and then anything, or
-// nothing at all. Archives that were filled up to some size without such a mark end as well, unless
-// what follows is the damaged header of one more entry.
+// nothing at all. Archives to which something else was appended end as well, unless one more entry
+// comes behind it: then a header between has been overwritten. Of a few bytes nobody can tell
+// whether they are the rest of a header.
 bool EntryList::IsEnd() {
     char begin[smallestHeader] = {};
     const std::size_t got = source.Read(offset, begin, sizeof begin);
     const std::string_view bytes(begin, got);
-    if (ResemblesHeader(bytes))
+    if (IsHeaderAt(offset, bytes))
         return false;
     if (bytes.empty() || bytes[0] == '\0' || IsFiller(bytes))
         return true;
-    if (got < smallestHeader)
+    if (got < methodOffset + methodSize)
         throw LzhError(LzhFailure::Truncated);
+    if (Search(offset))
+        throw LzhError(LzhFailure::DamagedHeader);
     return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 #include "platform/lzh/archive_source.h"
 #include "platform/lzh/entry_header.h"
@@ -25,7 +26,8 @@ class EntryList {
 
   private:
     EntryHeader First();
-    std::optional<EntryHeader> Search();
+    std::optional<EntryHeader> Search(std::uint64_t from);
+    bool IsHeaderAt(std::uint64_t place, std::string_view bytes);
     std::optional<EntryHeader> Faultless(std::uint64_t place);
     bool IsEnd();
     EntryHeader Take(EntryHeader entry);

@@ -1,6 +1,7 @@
 #include "platform/lzh/entry_path.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "platform/lzh/entry_text.h"
 #include "platform/lzh/lzh_error.h"
@@ -11,27 +12,37 @@ namespace {
 
 constexpr std::size_t longestDisplayName = 200;
 
-// On one system a comment follows the name behind a zero; others fill names up with zeros.
+// In characters as they are stored, far beyond what makes a path. Longer ones are not taken apart:
+// a header has room for a quarter of a million components.
+constexpr std::size_t longestStoredName = 8 * 1024;
+
+// Some archivers fill names up with zeros.
+template <typename Text>
+Text WithoutZeros(Text name) {
+    return name.substr(0, name.find_last_not_of(typename Text::value_type{}) + 1);
+}
+
+// On one system a comment follows the name behind a zero.
 std::string_view WithoutComment(std::string_view name, char system) {
     if (system == 'A')
         return name.substr(0, name.find('\0'));
-    const std::size_t last = name.find_last_not_of('\0');
-    return name.substr(0, last + 1);
+    return WithoutZeros(name);
 }
 
-std::u16string_view WithoutZeros(std::u16string_view name) {
-    return name.substr(0, name.find_last_not_of(u'\0') + 1);
+// Empty when there is none, or one of zeros alone.
+std::u16string_view Unicode(const std::optional<std::u16string>& name) {
+    return name ? WithoutZeros(std::u16string_view(*name)) : std::u16string_view();
 }
 
 EntryPath FolderComponents(const EntryHeader& entry, CodePages& codePages) {
-    if (entry.unicodeFolder && !entry.unicodeFolder->empty())
-        return Components(WithoutZeros(*entry.unicodeFolder));
-    return Components(entry.folder, entry.codePage, codePages);
+    if (const auto folder = Unicode(entry.unicodeFolder); !folder.empty())
+        return Components(folder);
+    return Components(WithoutZeros(std::string_view(entry.folder)), entry.codePage, codePages);
 }
 
 EntryPath NameComponents(const EntryHeader& entry, CodePages& codePages) {
-    if (entry.unicodeName && !entry.unicodeName->empty())
-        return Components(WithoutZeros(*entry.unicodeName));
+    if (const auto name = Unicode(entry.unicodeName); !name.empty())
+        return Components(name);
     return Components(WithoutComment(entry.name, entry.system), entry.codePage, codePages);
 }
 
@@ -74,9 +85,35 @@ EntryPath AllComponents(const EntryHeader& entry, CodePages& codePages) {
     return components;
 }
 
+std::size_t LengthOf(const std::optional<std::u16string>& text) {
+    return text ? text->size() : 0;
+}
+
+bool IsTooLong(const EntryHeader& entry) {
+    return std::max({entry.name.size(), entry.folder.size(), LengthOf(entry.unicodeName),
+                     LengthOf(entry.unicodeFolder)}) > longestStoredName;
+}
+
+// As much of the names as is ever shown.
+EntryHeader Shortened(EntryHeader entry) {
+    entry.name.resize(std::min(entry.name.size(), longestDisplayName));
+    entry.folder.resize(std::min(entry.folder.size(), longestDisplayName));
+    for (auto* text : {&entry.unicodeName, &entry.unicodeFolder})
+        if (*text)
+            (*text)->resize(std::min((*text)->size(), longestDisplayName));
+    return entry;
+}
+
+bool EndsOrChangesALine(wchar_t letter) {
+    const auto code = static_cast<std::uint32_t>(letter);
+    return code < 0x20 || (code >= 0x7F && code < 0xA0) || code == 0x2028 || code == 0x2029;
+}
+
 } // namespace
 
 std::optional<EntryPath> PathOf(const EntryHeader& entry, CodePages& codePages) {
+    if (IsTooLong(entry))
+        throw LzhError(LzhFailure::ForbiddenName);
     EntryPath components = AllComponents(entry, codePages);
     if (!entry.IsFolder()) {
         if (components.back().empty())
@@ -92,11 +129,13 @@ std::optional<EntryPath> PathOf(const EntryHeader& entry, CodePages& codePages) 
 }
 
 std::wstring DisplayName(const EntryHeader& entry, CodePages& codePages) {
+    if (IsTooLong(entry))
+        return DisplayName(Shortened(entry), codePages);
     std::wstring text;
     for (const std::wstring& name : RelativePath(AllComponents(entry, codePages)))
         text += (text.empty() ? L"" : L"\\") + name;
     for (wchar_t& letter : text) {
-        if (static_cast<unsigned>(letter) < 0x20 || letter == 0x7F)
+        if (EndsOrChangesALine(letter))
             letter = L'?';
     }
     if (text.size() > longestDisplayName)

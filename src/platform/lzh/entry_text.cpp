@@ -20,10 +20,14 @@ struct Range {
 bool IsLeadByte(unsigned byte, unsigned codePage) {
     switch (codePage) {
         case shiftJis:
+        case 10001: // Japanese on the Macintosh
             return Range{0x81, 0x9F}.Has(byte) || Range{0xE0, 0xFC}.Has(byte);
-        case 936: // simplified Chinese
-        case 949: // Korean
-        case 950: // traditional Chinese
+        case 936:   // simplified Chinese
+        case 949:   // Korean
+        case 950:   // traditional Chinese
+        case 10002: // the same two on the Macintosh
+        case 10008:
+        case 54936: // all of Chinese
             return Range{0x81, 0xFE}.Has(byte);
         case 1361: // Korean, Johab
             return Range{0x84, 0xD3}.Has(byte) || Range{0xD8, 0xDE}.Has(byte) ||
@@ -67,6 +71,11 @@ std::optional<wchar_t> StrayByte(unsigned byte) {
     return std::nullopt;
 }
 
+// A replacement character that a name really holds must not pass for a replaced byte.
+bool HoldsReplacement(const std::wstring& text) {
+    return text.find(replacement) != std::wstring::npos;
+}
+
 std::wstring Replaced(std::string_view bytes) {
     std::wstring text;
     for (const char byte : bytes)
@@ -84,7 +93,8 @@ std::wstring TakeCharacter(std::string_view& bytes, unsigned codePage, CodePages
         }
     }
     for (std::size_t size = smallest; size <= std::min(longestCharacter, bytes.size()); ++size) {
-        if (auto character = codePages.Decode(codePage, bytes.substr(0, size))) {
+        const auto character = codePages.Decode(codePage, bytes.substr(0, size));
+        if (character && !HoldsReplacement(*character)) {
             bytes.remove_prefix(size);
             return *character;
         }
@@ -95,8 +105,8 @@ std::wstring TakeCharacter(std::string_view& bytes, unsigned codePage, CodePages
 }
 
 std::wstring Decode(std::string_view bytes, unsigned codePage, CodePages& codePages) {
-    if (auto text = codePages.Decode(codePage, bytes))
-        return *text;
+    if (auto whole = codePages.Decode(codePage, bytes); whole && !HoldsReplacement(*whole))
+        return *whole;
     std::wstring text;
     while (!bytes.empty())
         text += TakeCharacter(bytes, codePage, codePages);

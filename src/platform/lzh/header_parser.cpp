@@ -1,11 +1,16 @@
 #include "platform/lzh/header_parser.h"
 
+#include <algorithm>
+#include <cstring>
+
 #include "platform/lzh/crc16.h"
 #include "platform/lzh/extended_header.h"
 #include "platform/lzh/header_fields.h"
 
 namespace tamblin::lzh {
 namespace {
+
+constexpr std::size_t blockSize = 4096;
 
 [[noreturn]] void Damaged() {
     throw LzhError(LzhFailure::DamagedHeader);
@@ -51,8 +56,28 @@ void HeaderParser::ReadUpTo(std::size_t size) {
     if (size > archiveSize - start)
         throw LzhError(LzhFailure::Truncated);
     bytes.resize(size);
-    if (source.Read(start + had, bytes.data() + had, size - had) < size - had)
+    if (!ReadByBlocks(start + had, bytes.data() + had, size - had))
         throw LzhError(LzhFailure::Truncated);
+}
+
+// False when the archive ends before.
+bool HeaderParser::ReadByBlocks(std::uint64_t offset, char* to, std::size_t size) {
+    while (size > 0) {
+        if (offset < blockStart || offset >= blockStart + block.size()) {
+            block.resize(blockSize);
+            blockStart = offset;
+            block.resize(source.Read(offset, block.data(), blockSize));
+            if (block.empty())
+                return false;
+        }
+        const auto at = static_cast<std::size_t>(offset - blockStart);
+        const std::size_t piece = std::min(size, block.size() - at);
+        std::memcpy(to, block.data() + at, piece);
+        offset += piece;
+        to += piece;
+        size -= piece;
+    }
+    return true;
 }
 
 // The same where the header itself says that this is its size.

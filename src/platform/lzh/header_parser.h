@@ -26,8 +26,12 @@ class HeaderParser {
     // the archive holds the data that the header claims is not looked at.
     EntryHeader Parse(std::uint64_t offset);
 
+    // How many bytes the last header had, as far as it could be read.
+    std::size_t BytesParsed() const { return bytes.size(); }
+
   private:
     void ReadUpTo(std::size_t size);
+    bool ReadByBlocks(std::uint64_t offset, char* to, std::size_t size);
     void ReadExactly(std::size_t size);
     void ParseCommonFields();
     std::size_t ParseUpToName();
@@ -49,6 +53,10 @@ class HeaderParser {
     std::string bytes;       // the header as far as it was read
     std::size_t crcAt = 0;   // where its checksum stands, 0 when it has none
     EntryHeader entry;
+
+    // Extended headers come in pieces of a few bytes, which are not fetched one by one.
+    std::string block;
+    std::uint64_t blockStart = 0;
 };
 
 } // namespace tamblin::lzh

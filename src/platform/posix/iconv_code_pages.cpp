@@ -53,6 +53,10 @@ IconvCodePages::IconvCodePages() = default;
 IconvCodePages::~IconvCodePages() = default;
 
 IconvCodePages::Conversion& IconvCodePages::ConversionFrom(unsigned codePage) {
+    // An archive may name another code page with every entry.
+    constexpr std::size_t mostConversions = 16;
+    if (conversions.size() >= mostConversions && conversions.count(codePage) == 0)
+        conversions.clear();
     std::unique_ptr<Conversion>& conversion = conversions[codePage];
     if (!conversion)
         conversion = std::make_unique<Conversion>(EncodingOf(codePage));

@@ -3,7 +3,9 @@
 
 #include <random>
 
+#include "platform/lzh/entry_list.h"
 #include "support/lzh_extraction.h"
+#include "support/lzh_memory_source.h"
 #include "support/lzh_writer.h"
 
 namespace tamblin::lzh {
@@ -134,6 +136,75 @@ TEST(ArchiveShape, EntryThatTheArchiveCutsIsReportedByItsName) {
         EXPECT_EQ(extraction.result.Message(), L"dir\\表.txt: the archive ends too early") << level;
         EXPECT_TRUE(extraction.Files().empty()) << level;
     }
+}
+
+TEST(ArchiveShape, TrailingBytesOfAnyNumberDoNotHurtFromSevenOn) {
+    const std::string sound = LzhWriter().AddFile(L"a.txt", "text", "-lh0-", 1).WithoutEndMark();
+    for (std::size_t count = 7; count <= 60; ++count) {
+        const Extraction extraction(sound + std::string(count, 'x'));
+        EXPECT_EQ(extraction.Failure(), LzhFailure::None) << count;
+        EXPECT_EQ(extraction.Bytes(L"a.txt"), "text") << count;
+    }
+}
+
+TEST(ArchiveShape, OverwrittenHeaderBetweenTwoEntriesIsAFailure) {
+    const std::string first = LzhWriter().AddFile(L"a", "x", "-lh0-", 1).WithoutEndMark();
+    const Extraction extraction(first + std::string(40, 'x') + first);
+    EXPECT_EQ(extraction.Failure(), LzhFailure::DamagedHeader);
+}
+
+TEST(ArchiveShape, MethodOfAnyLettersIsNamed) {
+    const std::string sound = LzhWriter().AddFile(L"a", "x", "-lh0-", 1).WithoutEndMark();
+    LzhEntry entry = MakeEntry(L"b", "x", "-lh0-", 1);
+    entry.packed = "x";
+    entry.method = "-arj-";
+    const std::string unknown = LzhWriter().Add(entry).Finish();
+    for (const std::string& before : {std::string(), sound}) {
+        const Extraction extraction(before + unknown);
+        EXPECT_EQ(extraction.result.Message(), L"b: the packing method is unknown (-arj-)");
+    }
+}
+
+// A program stands in front; the header behind it is damaged, the second one is sound.
+TEST(ArchiveShape, DamagedFirstHeaderBehindAProgramIsAFailure) {
+    for (unsigned level = 0; level <= 2; ++level) {
+        std::string first = LzhWriter().AddFile(L"a", "x", "-lh0-", level).WithoutEndMark();
+        first[16] ^= 1; // in the time stamp
+        const Extraction extraction("MZ" + std::string(500, 'p') + first +
+                                    LzhWriter().AddFile(L"b", "x", "-lh0-", level).Finish());
+        EXPECT_EQ(extraction.Failure(), LzhFailure::DamagedHeader) << level;
+    }
+}
+
+// Each of many false headers leads into the same long chain of small extended headers.
+TEST(ArchiveShape, FalseHeadersCostNoMoreThanTheirBytesAllow) {
+    constexpr std::size_t traps = 900;
+    const std::string header = LzhWriter().AddFile(L"a", "", "-lh0-", 1).WithoutEndMark();
+    std::string trap("MZ");
+    for (std::size_t left = traps; left > 0; --left) {
+        std::string copy = header.substr(0, header.size() - 2);
+        copy += LittleEndian((left - 1) * header.size() + 2, 2);
+        int sum = 0;
+        for (std::size_t i = 2; i < copy.size(); ++i)
+            sum += static_cast<unsigned char>(copy[i]);
+        copy[1] = static_cast<char>(sum);
+        trap += copy;
+    }
+    trap += LittleEndian(3, 2);
+    for (int link = 0; link < 80'000; ++link)
+        trap += std::string(1, '\x7A') + LittleEndian(3, 2);
+    class CountingSource : public MemorySource {
+      public:
+        using MemorySource::MemorySource;
+        std::size_t reads = 0;
+        std::size_t Read(std::uint64_t offset, void* buffer, std::size_t size) override {
+            ++reads;
+            return MemorySource::Read(offset, buffer, size);
+        }
+    };
+    CountingSource source(trap);
+    EXPECT_THROW(EntryList(source).Next(), LzhError);
+    EXPECT_LT(source.reads, 5'000u);
 }
 
 TEST(ArchiveShape, HeaderThatPointsBehindTheEndIsAFailure) {

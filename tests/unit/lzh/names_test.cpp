@@ -214,5 +214,45 @@ TEST(EntryNames, AreReportedWhateverTheyHold) {
     EXPECT_EQ(name.substr(0, 5), L"..\\a?");
 }
 
+TEST(Names, ReplacementCharacterOfACodePageIsNoReplacedByte) {
+    EXPECT_NE(FromName("\xEF\xBF\xBD\x38\x31.txt", 65001), FromName("\x81.txt"));
+    EXPECT_EQ(FromName("\xEF\xBF\xBD", 65001), L"\uFFFDEF\uFFFDBF\uFFFDBD");
+}
+
+TEST(Names, ZerosThatFillUpAFolderAreNoPartOfIt) {
+    EXPECT_EQ(FromFolderAndName(std::string("dir\xFF\0\0", 6), "a"), L"dir|a");
+    EXPECT_EQ(FromFolderAndName(std::string("dir\0", 4), "a"), L"dir|a");
+}
+
+TEST(Names, UnicodeNameOfZerosAloneDoesNotCount) {
+    EntryHeader header;
+    header.method = "-lh5-";
+    header.name = "a.txt";
+    header.folder = "dir";
+    header.unicodeName = std::u16string(2, u'\0');
+    header.unicodeFolder = std::u16string(2, u'\0');
+    EXPECT_EQ(PathOfEntry(header), L"dir|a.txt");
+}
+
+// A header has room for names that would cost many times their size when taken apart.
+TEST(Names, NamesBeyondAllPathsAreRefusedAndShownShortened) {
+    EntryHeader header;
+    header.method = "-lh5-";
+    header.name = std::string(200'000, '\xFF');
+    CodePagesHere codePages;
+    EXPECT_THROW(PathOf(header, codePages), LzhError);
+    header.name = std::string(200'000, 'x');
+    EXPECT_THROW(PathOf(header, codePages), LzhError);
+    EXPECT_LT(DisplayName(header, codePages).size(), 300u);
+}
+
+TEST(Names, NoLetterOfAShownNameEndsTheLine) {
+    EntryHeader header;
+    header.method = "-lh5-";
+    header.unicodeName = u"a\u0085b\u2028c\u2029d\u009Be";
+    CodePagesHere codePages;
+    EXPECT_EQ(DisplayName(header, codePages), L"a?b?c?d?e");
+}
+
 } // namespace
 } // namespace tamblin::lzh
