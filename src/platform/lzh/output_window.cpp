@@ -18,8 +18,16 @@ void OutputWindow::Start(std::size_t historySize, std::uint8_t fill, std::uint64
     remaining = size;
     sink = &byteSink;
     Reserve(history + chunk + slack);
-    std::memset(memory.get(), fill, history);
+    FillHistory(fill);
     SetLimit();
+}
+
+void OutputWindow::FillHistory(std::uint8_t fill) {
+    if (filledSize == history && filledWith == fill)
+        return;
+    std::memset(memory.get(), fill, history);
+    filledSize = history;
+    filledWith = fill;
 }
 
 void OutputWindow::Reserve(std::size_t size) {
@@ -27,6 +35,7 @@ void OutputWindow::Reserve(std::size_t size) {
         return;
     memory.reset(); // first, so that the two are never there at once
     memorySize = 0;
+    filledSize = 0;
     memory = std::make_unique_for_overwrite<std::uint8_t[]>(size);
     memorySize = size;
 }
@@ -42,7 +51,10 @@ void OutputWindow::PassOn(std::uint8_t* end) {
     if (wanted > 0)
         sink->Write(next, wanted);
     remaining -= wanted;
-    std::memmove(memory.get(), end - history, history);
+    if (remaining > 0) {
+        std::memmove(memory.get(), end - history, history);
+        filledSize = 0;
+    }
     SetLimit();
 }
 

@@ -24,7 +24,10 @@ class OutputWindow {
     void Start(std::size_t historySize, std::uint8_t fill, std::uint64_t size, ByteSink& byteSink);
 
     // The history, for a method that begins with a certain one. To be filled before the first byte.
-    std::uint8_t* History() { return memory.get(); }
+    std::uint8_t* History() {
+        filledSize = 0;
+        return memory.get();
+    }
 
     std::uint8_t* Next() const { return next; }
     std::uint8_t* Limit() const { return limit; }
@@ -36,6 +39,7 @@ class OutputWindow {
 
   private:
     void Reserve(std::size_t size);
+    void FillHistory(std::uint8_t fill);
     void SetLimit();
 
     std::unique_ptr<std::uint8_t[]> memory;
@@ -46,6 +50,11 @@ class OutputWindow {
     std::uint8_t* limit = nullptr;
     std::uint64_t remaining = 0; // bytes of the entry from `next` on
     ByteSink* sink = nullptr;
+
+    // The history as it was filled last, while nothing else has been written into it: small entries
+    // leave it as it is for the next one.
+    std::size_t filledSize = 0;
+    std::uint8_t filledWith = 0;
 };
 
 } // namespace tamblin::lzh
