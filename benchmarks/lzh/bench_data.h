@@ -1,4 +1,4 @@
-// The data that the readers are timed on. Always the same.
+// The data that the readers are timed on. Always the same, as far as it is made up.
 #pragma once
 
 #include <cstddef>
@@ -9,10 +9,17 @@ namespace tamblin::bench {
 
 struct Data {
     const char* name;
-    std::string bytes;
+    std::vector<std::string> files;
+    int copies = 1; // of all files in an archive
+
+    std::size_t Size() const; // of all copies
 };
 
-// Text, binary data and data that cannot be packed.
-std::vector<Data> MakeData(std::size_t size);
+// Made up: text, binary data and data that cannot be packed.
+std::vector<Data> MadeUpData();
+
+// As packages hold it: a tar of sources, a Windows program, small bitmaps, many small files. What
+// this machine does not have is left out.
+std::vector<Data> RealData();
 
 } // namespace tamblin::bench

@@ -31,26 +31,6 @@ class CodeTree {
         counted = symbols > 1 ? static_cast<unsigned>(symbols) : 0;
     }
 
-    // One more symbol: the lightest leaf makes room for a branch above it and the new one.
-    void Grow() {
-        const int symbol = static_cast<int>(leaves.size());
-        leaves.push_back(0);
-        Node branch;
-        branch.weight = nodes.front().weight;
-        branch.child = -2; // 0 when all have moved up by two
-        Node fresh;
-        fresh.symbol = symbol;
-        const Node old = nodes.front();
-        nodes.front() = branch;
-        nodes.insert(nodes.begin(), {fresh, old});
-        for (Node& node : nodes) {
-            if (node.symbol < 0)
-                node.child += 2;
-        }
-        Connect();
-        Count(symbol);
-    }
-
     void Put(BitWriter& writer, int symbol) const {
         std::vector<unsigned> bits;
         for (int node = NodeOf(symbol); node != Root(); node = At(node).parent)
@@ -171,33 +151,6 @@ std::string EncodeLh1(std::string_view data, EncoderOptions options) {
             PutUpperBits(writer, (token.distance - 1) >> 6);
             writer.Put((token.distance - 1) & 63, 6);
         }
-    }
-    return writer.Finish();
-}
-
-// Distances can be told only as far as bytes have been packed, so nothing is copied from before
-// them.
-std::string EncodeLh2(std::string_view data, EncoderOptions options) {
-    BitWriter writer;
-    CodeTree tree(286);
-    CodeTree distances(1);
-    std::size_t packed = 0;
-    std::size_t reach = 64;
-    for (const Token& token : FindTokens("", data, {8192, 3, 256, options.lazy})) {
-        const unsigned symbol = token.distance == 0 ? token.byte : token.length - 3 + 256;
-        tree.Put(writer, static_cast<int>(std::min(symbol, 285u)));
-        tree.Count(static_cast<int>(std::min(symbol, 285u)));
-        if (symbol >= 285)
-            writer.Put(symbol - 285, 8);
-        if (token.distance > 0) {
-            for (; packed > reach && reach < 8192; reach += 64)
-                distances.Grow();
-            const int upper = static_cast<int>((token.distance - 1) >> 6);
-            distances.Put(writer, upper);
-            distances.Count(upper);
-            writer.Put((token.distance - 1) & 63, 6);
-        }
-        packed += token.length;
     }
     return writer.Finish();
 }

@@ -1,4 +1,4 @@
-// The encoders of -lh1- and -lh2-.
+// The encoder of -lh1-.
 #pragma once
 
 #include <string>
@@ -9,6 +9,4 @@
 namespace tamblin::lzh {
 
 std::string EncodeLh1(std::string_view data, EncoderOptions options);
-std::string EncodeLh2(std::string_view data, EncoderOptions options);
-
 } // namespace tamblin::lzh

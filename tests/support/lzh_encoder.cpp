@@ -13,10 +13,6 @@ std::string Encode(const std::string& method, std::string_view data, EncoderOpti
         return std::string(data);
     if (method == "-lh1-")
         return EncodeLh1(data, options);
-    if (method == "-lh2-")
-        return EncodeLh2(data, options);
-    if (method == "-lh3-")
-        return EncodeLh3(data, options);
     if (method == "-lh4-" || method == "-lh5-")
         return EncodeStatic(method == "-lh4-" ? 12 : 13, data, options);
     if (method == "-lh6-" || method == "-lh7-")

@@ -14,7 +14,7 @@ struct EncoderOptions {
     bool useInitialHistory = true;     // copy from what stands before the first byte
 };
 
-// For "-lh0-" to "-lh7-", "-lhx-", "-lz4-", "-lz5-", "-lzs-". Throws
+// For "-lh0-", "-lh1-", "-lh4-" to "-lh7-", "-lhx-", "-lz4-", "-lz5-", "-lzs-". Throws
 // std::invalid_argument for others.
 std::string Encode(const std::string& method, std::string_view data, EncoderOptions options = {});
 

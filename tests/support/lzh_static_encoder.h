@@ -1,4 +1,4 @@
-// The encoders of -lh3-, and of -lh4-, -lh5-, -lh6-, -lh7- and -lhx-.
+// The encoder of -lh4-, -lh5-, -lh6-, -lh7- and -lhx-.
 #pragma once
 
 #include <string>
@@ -9,7 +9,5 @@
 namespace tamblin::lzh {
 
 std::string EncodeStatic(unsigned historyBits, std::string_view data, EncoderOptions options);
-
-std::string EncodeLh3(std::string_view data, EncoderOptions options);
 
 } // namespace tamblin::lzh

@@ -14,11 +14,6 @@ constexpr unsigned lowerBits = 6; // of a distance
 constexpr unsigned lh1Symbols = 314; // 256 bytes, lengths 3 to 60
 constexpr unsigned lh1History = 4096;
 
-constexpr unsigned lh2Symbols = 286;    // 256 bytes, lengths 3 to 31, and
-constexpr unsigned lh2LongLength = 285; // 32 and what the next eight bits say
-constexpr unsigned lh2History = 8192;
-constexpr unsigned lh2Distances = lh2History >> lowerBits;
-
 // The fixed code for the upper six bits of a distance, by the next eight bits of the data.
 struct UpperBits {
     std::uint8_t value;
@@ -73,46 +68,6 @@ void Lh1Decoder::Decode(PackedInput& input, std::uint64_t size, ByteSink& sink) 
         window.PassOn(out);
     }
     reader.Finish();
-}
-
-Lh2Decoder::Lh2Decoder(OutputWindow& outputWindow)
-    : window(outputWindow), symbols(lh2Symbols), distances(lh2Distances) {}
-
-void Lh2Decoder::Decode(PackedInput& input, std::uint64_t size, ByteSink& sink) {
-    BitReader reader(input);
-    window.Start(lh2History, ' ', size, sink);
-    symbols.Reset(lh2Symbols);
-    distances.Reset(1);
-    nextGrowth = 1 << lowerBits;
-    std::uint64_t unpackedBefore = 0; // in chunks that were passed on
-    while (!window.Complete()) {
-        std::uint8_t* out = window.Next();
-        while (out < window.Limit()) {
-            reader.Check();
-            unsigned symbol = symbols.Decode(reader);
-            if (symbol < 256) {
-                *out++ = static_cast<std::uint8_t>(symbol);
-                continue;
-            }
-            if (symbol == lh2LongLength)
-                symbol += reader.Take(8);
-            const unsigned length = symbol - 256 + shortestMatch;
-            const auto inChunk = static_cast<std::uint64_t>(out - window.Next());
-            CopyMatch(out, ReadDistance(reader, unpackedBefore + inChunk), length);
-            out += length;
-        }
-        unpackedBefore += static_cast<std::uint64_t>(out - window.Next());
-        window.PassOn(out);
-    }
-    reader.Finish();
-}
-
-unsigned Lh2Decoder::ReadDistance(BitReader& reader, std::uint64_t unpacked) {
-    for (; unpacked > nextGrowth && nextGrowth < lh2History; nextGrowth += 1 << lowerBits)
-        distances.Grow();
-    reader.Check();
-    const unsigned upper = distances.Decode(reader);
-    return (upper << lowerBits | reader.Take(lowerBits)) + 1;
 }
 
 } // namespace tamblin::lzh

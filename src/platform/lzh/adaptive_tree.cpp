@@ -49,20 +49,6 @@ void AdaptiveTree::Place(unsigned node) {
         parents[child] = parents[child - 1] = Narrow(node);
 }
 
-// The last leaf becomes a branch, whose children are that leaf and the new one.
-void AdaptiveTree::Grow() {
-    const unsigned branch = 2 * symbolCount - 2;
-    weights[branch + 1] = weights[branch];
-    children[branch + 1] = children[branch];
-    weights[branch + 2] = 0;
-    children[branch + 2] = Narrow(leafMark | symbolCount);
-    children[branch] = Narrow(branch + 2);
-    for (unsigned node = branch; node <= branch + 2; ++node)
-        Place(node);
-    weights[root] = neverReached;
-    Count(symbolCount++);
-}
-
 unsigned AdaptiveTree::Decode(BitReader& reader) {
     reader.Refill();
     // Weights that add up to no more than 0x8000 make no tree deeper than some 25 levels, and a

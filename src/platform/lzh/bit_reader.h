@@ -1,7 +1,8 @@
 // Reads packed data bit by bit, the highest bit of each byte first.
 //
 // The next bits of the data stand left-aligned in a 64-bit word. After Refill at least 56 of them
-// are valid; a decoder may take that many before it has to refill again. Refilling never asks
+// are valid; a decoder may take that many before it has to refill again. Bits that are valid stay
+// as they are in a refill, so what they say may be looked up before it. Refilling never asks
 // whether the data has ended: it reads up to 8 bytes behind what it needs, which the slack of the
 // input allows, and bits behind the end are zero. Check, which has to be called every few dozen
 // bytes, brings in more data and finds out whether a decoder has used bits that are not there.
@@ -23,13 +24,29 @@ class BitReader {
     explicit BitReader(PackedInput& packedInput)
         : input(&packedInput), next(packedInput.Begin()), checkpoint(Checkpoint()) {}
 
+    // Member by member: so the compiler keeps a loop's own copy in registers.
+    BitReader(const BitReader& other)
+        : input(other.input),
+          next(other.next),
+          checkpoint(other.checkpoint),
+          bits(other.bits),
+          count(other.count) {}
+    BitReader& operator=(const BitReader& other) {
+        input = other.input;
+        next = other.next;
+        checkpoint = other.checkpoint;
+        bits = other.bits;
+        count = other.count;
+        return *this;
+    }
+
     void Refill() {
         std::uint64_t word;
         std::memcpy(&word, next, sizeof word);
         if constexpr (std::endian::native == std::endian::little)
             word = __builtin_bswap64(word);
-        bits |= word >> count;
-        next += (63 - count) >> 3;
+        bits |= word >> Count();
+        next += 7 - Count() / 8;
         count |= 56;
     }
 
@@ -37,8 +54,9 @@ class BitReader {
     unsigned Peek(unsigned n) const { return static_cast<unsigned>(bits >> (64 - n)); }
     std::uint64_t Bits() const { return bits; }
 
+    // Of `n` only the lowest six bits count, so that a table's entry can be given as it is.
     void Skip(unsigned n) {
-        bits <<= n;
+        bits <<= n & 63;
         count -= n;
     }
 
@@ -59,7 +77,7 @@ class BitReader {
     bool NeedsCheck() const { return next >= checkpoint; }
 
     void Check() {
-        if (NeedsCheck())
+        if (NeedsCheck()) [[unlikely]]
             Renew();
     }
 
@@ -67,7 +85,10 @@ class BitReader {
     void Finish() { input->Finish(FirstUnused()); }
 
   private:
-    const std::uint8_t* FirstUnused() const { return next - count / 8; }
+    // Valid bits. What Skip was given leaves its traces above them in `count`.
+    unsigned Count() const { return count & 63; }
+
+    const std::uint8_t* FirstUnused() const { return next - Count() / 8; }
 
     // Below it, bitsPerCheck bits can be used without leaving the slack.
     const std::uint8_t* Checkpoint() const { return input->End(); }

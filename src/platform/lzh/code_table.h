@@ -11,31 +11,41 @@
 
 namespace tamblin::lzh {
 
-template <unsigned indexBits>
+template <typename Entry, unsigned bitsOfIndex>
 class CodeTable {
   public:
+    static constexpr unsigned indexBits = bitsOfIndex;
     static constexpr std::size_t size = std::size_t{1} << indexBits;
 
     // The entry for the data whose next bits stand at the top of the word.
-    std::uint32_t operator[](std::uint64_t bits) const { return entries[bits >> (64 - indexBits)]; }
+    Entry operator[](std::uint64_t bits) const { return entries[bits >> (64 - indexBits)]; }
 
-    std::uint32_t& At(std::size_t index) { return entries[index]; }
+    Entry& At(std::size_t index) { return entries[index]; }
 
-    // entryFor(symbol, length) for each code, `missing` where none fits.
+    // entryFor(symbol, length) for each code, `missing` where none fits. The codes' stretches
+    // follow one another, so each may be written too far by its last few entries.
     template <typename EntryFor>
-    void Fill(const PrefixCode& code, std::uint32_t missing, EntryFor entryFor) {
-        std::uint32_t* next = entries.data();
+    void Fill(const PrefixCode& code, Entry missing, EntryFor entryFor) {
+        Entry* next = entries.data();
         code.ForEach(indexBits, [&](unsigned symbol, unsigned length) {
-            next = std::fill_n(next, size >> length, entryFor(symbol, length));
+            const Entry entry = entryFor(symbol, length);
+            Entry* const end = next + (size >> length);
+            do {
+                std::fill_n(next, entriesAtOnce, entry);
+                next += entriesAtOnce;
+            } while (next < end);
+            next = end;
         });
         std::fill(next, entries.data() + size, missing);
     }
 
     // The one symbol there is, whose code takes no bits.
-    void FillAll(std::uint32_t entry) { entries.fill(entry); }
+    void FillAll(Entry entry) { entries.fill(entry); }
 
   private:
-    std::array<std::uint32_t, size> entries;
+    static constexpr std::size_t entriesAtOnce = 16 / sizeof(Entry);
+
+    std::array<Entry, size + entriesAtOnce> entries;
 };
 
 } // namespace tamblin::lzh

@@ -2,7 +2,6 @@
 
 #include "platform/lzh/adaptive_huffman_decoder.h"
 #include "platform/lzh/larc_decoder.h"
-#include "platform/lzh/plain_huffman_decoder.h"
 #include "platform/lzh/static_huffman_decoder.h"
 #include "platform/lzh/stored_decoder.h"
 
@@ -22,10 +21,6 @@ std::unique_ptr<Decoder> Decoders::Make(const std::string& method) {
         return std::make_unique<StoredDecoder>();
     if (method == "-lh1-")
         return std::make_unique<Lh1Decoder>(window);
-    if (method == "-lh2-")
-        return std::make_unique<Lh2Decoder>(window);
-    if (method == "-lh3-")
-        return std::make_unique<Lh3Decoder>(window);
     if (method == "-lh4-" || method == "-lh5-")
         return std::make_unique<StaticHuffmanDecoder>(window, method == "-lh4-" ? 12 : 13);
     if (method == "-lh6-" || method == "-lh7-")

@@ -118,6 +118,8 @@ std::size_t HeaderParser::ParseUpToName() {
 
 void HeaderParser::ParseLevel0() {
     const std::size_t crcOffset = ParseUpToName();
+    // One system keeps a comment behind a zero there, and does not say which it is.
+    entry.name.resize(std::min(entry.name.find('\0'), entry.name.size()));
     const HeaderFields fields(bytes);
     if (crcOffset + 2 <= fields.Size()) {
         entry.crc = fields.U16(crcOffset);

@@ -4,12 +4,7 @@
 
 namespace tamblin::lzh {
 
-void PrefixCode::SetLengths(std::span<const std::uint8_t> codeLengths) {
-    countOf.fill(0);
-    for (const std::uint8_t length : codeLengths)
-        ++countOf[length];
-    countOf[0] = 0;
-
+void PrefixCode::Finish() {
     std::uint32_t end = 0;
     for (unsigned length = 1; length <= longestCode; ++length) {
         end += static_cast<std::uint32_t>(countOf[length]) << (16 - length);
@@ -17,26 +12,24 @@ void PrefixCode::SetLengths(std::span<const std::uint8_t> codeLengths) {
     }
     if (end > 0x10000)
         throw LzhError(LzhFailure::DamagedData);
-    Sort(codeLengths);
+    Sort();
 }
 
-void PrefixCode::Sort(std::span<const std::uint8_t> codeLengths) {
+void PrefixCode::Sort() {
     unsigned begin = 0;
     for (unsigned length = 1; length <= longestCode; ++length) {
         sortedEnd[length] = static_cast<std::uint16_t>(begin);
         begin += countOf[length];
     }
-    for (unsigned symbol = 0; symbol < codeLengths.size(); ++symbol) {
-        if (const unsigned length = codeLengths[symbol]; length != 0)
-            sorted[sortedEnd[length]++] = static_cast<std::uint16_t>(symbol);
-    }
+    for (std::size_t i = 0; i < addedCount; ++i)
+        sorted[sortedEnd[added[i].length]++] = added[i].symbol;
 }
 
-PrefixCode::Code PrefixCode::Find(unsigned bits16) const {
-    for (unsigned length = 1; length <= longestCode; ++length) {
+PrefixCode::Code PrefixCode::Find(unsigned bits16, unsigned shortest) const {
+    for (unsigned length = shortest; length <= longestCode; ++length) {
         if (bits16 < endOf[length]) {
             const unsigned fromEnd = (endOf[length] - 1 - bits16) >> (16 - length);
-            return {sorted[sortedEnd[length] - 1 - fromEnd], length};
+            return {sorted[sortedEnd[length] - 1u - fromEnd], length};
         }
     }
     throw LzhError(LzhFailure::DamagedData);

@@ -23,13 +23,13 @@ class StaticHuffmanDecoder : public Decoder {
     void ReadLengthsCode(BitReader& reader);
     void ReadSymbolCode(BitReader& reader);
     void ReadDistanceCode(BitReader& reader);
-    unsigned ReadCodeLengthPair(BitReader& reader);
+    unsigned ReadLengthItem(BitReader& reader) const;
     void PairBytes();
 
     std::uint8_t* DecodeFast(BitReader& reader, std::uint8_t* out, const std::uint8_t* limit);
     std::uint8_t* DecodeOne(BitReader& reader, std::uint8_t* out);
     std::uint32_t FindSymbol(std::uint64_t bits) const;
-    std::uint32_t FindDistance(std::uint64_t bits) const;
+    std::uint64_t FindDistance(std::uint64_t bits) const;
 
     OutputWindow& window;
     const std::size_t historySize;
@@ -39,10 +39,10 @@ class StaticHuffmanDecoder : public Decoder {
     unsigned blockLeft = 0; // symbols of the block that are still to come
     PrefixCode symbolCode;
     PrefixCode distanceCode;
-    CodeTable<11> symbols;
-    CodeTable<8> distances;
     PrefixCode lengthsCode;
-    CodeTable<7> lengths;
+    CodeTable<std::uint32_t, 11> symbols;
+    CodeTable<std::uint64_t, 8> distances;
+    CodeTable<std::uint16_t, 7> lengths;
 };
 
 } // namespace tamblin::lzh

@@ -19,8 +19,8 @@ LzhEntry SomeEntry(const std::string& method) {
 
 class Damage : public testing::TestWithParam<std::string> {};
 INSTANTIATE_TEST_SUITE_P(AllMethods, Damage,
-                         testing::Values("-lh0-", "-lh1-", "-lh2-", "-lh3-", "-lh4-", "-lh5-",
-                                         "-lh6-", "-lh7-", "-lhx-", "-lz4-", "-lz5-", "-lzs-"),
+                         testing::Values("-lh0-", "-lh1-", "-lh4-", "-lh5-", "-lh6-", "-lh7-",
+                                         "-lhx-", "-lz4-", "-lz5-", "-lzs-"),
                          [](const auto& test) { return test.param.substr(1, 3); });
 
 TEST_P(Damage, WrongChecksumIsAFailureAndLeavesNoFile) {
@@ -97,14 +97,19 @@ TEST_P(Damage, FullDiskEndsTheExtraction) {
     EXPECT_EQ(target.files.count(L"b"), 1u);
 }
 
+// Of -lh2- and -lh3- no archives are known that could show a reader of them to be right.
 TEST(UnknownMethod, IsAFailureThatNamesIt) {
-    LzhEntry entry = MakeEntry(L"dir\\a.txt", "x", "-lh0-", 2);
-    entry.method = "-lh9-";
-    entry.packed = "packed";
-    const Extraction extraction(LzhWriter().Add(entry).Finish());
-    EXPECT_EQ(extraction.Failure(), LzhFailure::UnknownMethod);
-    EXPECT_EQ(extraction.result.Message(), L"dir\\a.txt: the packing method is unknown (-lh9-)");
-    EXPECT_TRUE(extraction.target.folders.empty());
+    for (const std::string method : {"-lh2-", "-lh3-", "-lh9-"}) {
+        LzhEntry entry = MakeEntry(L"dir\\a.txt", "x", "-lh0-", 2);
+        entry.method = method;
+        entry.packed = "packed";
+        const Extraction extraction(LzhWriter().Add(entry).Finish());
+        EXPECT_EQ(extraction.Failure(), LzhFailure::UnknownMethod);
+        EXPECT_EQ(extraction.result.Message(), L"dir\\a.txt: the packing method is unknown (" +
+                                                   std::wstring(method.begin(), method.end()) +
+                                                   L")");
+        EXPECT_TRUE(extraction.target.folders.empty());
+    }
 }
 
 // A block header of the static methods, as far as a test wants it to go.

@@ -156,6 +156,15 @@ TEST(Level0Header, MayHaveNoChecksumOfTheData) {
     EXPECT_EQ(Extraction(LzhWriter().Add(entry).Finish()).Bytes(L"dir\\a.txt"), "some text");
 }
 
+TEST(Level0Header, MayHaveACommentBehindTheName) {
+    LzhEntry entry = MakeEntry(L"metadata.txt", "some text", "-lh5-", 0);
+    entry.name += std::string("\0This is a comment on the file.", 31);
+    for (const char* area : {"", "A"}) {
+        entry.area = area;
+        EXPECT_EQ(Extraction(LzhWriter().Add(entry).Finish()).Bytes(L"metadata.txt"), "some text");
+    }
+}
+
 TEST(Level0Header, MayHaveAnAreaOfItsSystem) {
     LzhEntry entry = TextEntry(0);
     entry.area = "U" + LittleEndian(0, 1) + LittleEndian(1234567890, 4) + LittleEndian(0100644, 2) +
