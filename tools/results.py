@@ -81,8 +81,16 @@ def summarise(folder):
     print(f"\n{'':<18}{'passed':>8}{'failed':>8}{'skipped':>8}{'time':>10}")
     print("\n".join(rows))
     print()
+    tell_wine_failures(folder)
     print(f"{total['passed']} passed, {total['failed']} failed, {total['skipped']} skipped")
     return 1 if total["failed"] or not total["passed"] else 0
+
+
+def tell_wine_failures(folder):
+    """tools/wine-prefix tries again when Wine does not come up, and notes it."""
+    notes = folder / "wine-did-not-come-up.log"
+    if notes.exists():
+        print(f"Wine did not come up: {len(notes.read_text().splitlines())}")
 
 
 def main():

@@ -2,19 +2,23 @@
 
 import itertools
 import os
-import pathlib
-import shutil
+import signal
 import subprocess
 
 import pytest
 
 import lzh_packages
-from machine import ROOT, Machine
+from machine import MACHINES, ROOT, Machine
 from sandbox import furnish
 from tamblin_app import App, save_screenshot
 
 FAILURES = ROOT / "build" / "results" / "system-failures"
 numbers = itertools.count(1)
+
+
+def pytest_configure():
+    # The fixtures clean up after whoever ends the tests, too.
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
 
 
 @pytest.hookimpl(hookwrapper=True, tryfirst=True)
@@ -52,10 +56,7 @@ def samples(tmp_path_factory):
 
 @pytest.fixture
 def machine(request):
-    folder = pathlib.Path(ROOT, "build", "machines", f"system-{os.getpid()}-{next(numbers)}")
-    if folder.exists():
-        shutil.rmtree(folder)
-    machine = Machine(folder, drives="d")
+    machine = Machine(MACHINES / f"system-{os.getpid()}-{next(numbers)}", drives="d")
     yield machine
     machine.remove()
 

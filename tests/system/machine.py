@@ -7,6 +7,8 @@ import subprocess
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PROGRAMS = pathlib.Path(os.environ.get("TAMBLIN_PROGRAMS", ROOT / "build" / "windows"))
+# Whoever cleans up after the tests says where machines may stand.
+MACHINES = pathlib.Path(os.environ.get("TAMBLIN_MACHINES", ROOT / "build" / "machines"))
 TAMBLIN = PROGRAMS / "tamblin.exe"
 OMBREL = PROGRAMS / "tests" / "system" / "ombrel.exe"
 OPERATOR = PROGRAMS / "tests" / "system" / "operator.exe"
@@ -86,11 +88,8 @@ class Machine:
         subprocess.run(self.in_prefix("wineserver", "-k"), check=False, stdin=subprocess.DEVNULL)
         subprocess.run(self.in_prefix("wineserver", "-w"), check=False, stdin=subprocess.DEVNULL)
         for process in self.started:
-            process.wait(timeout=60)
+            process.wait(timeout=300)
 
     def remove(self):
         self.stop()
-        for path in [self.prefix, *self.prefix.rglob("*")]:
-            if path.is_dir() and not path.is_symlink():
-                path.chmod(0o755)
-        shutil.rmtree(self.prefix)
+        self.command(ROOT / "tools" / "discard-prefix", self.prefix)

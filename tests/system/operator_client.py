@@ -22,7 +22,6 @@ class Operator:
         self.process = machine.start(self.PROGRAM, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.answers = queue.Queue()
         threading.Thread(target=self._listen, daemon=True).start()
-        # A machine's first program starts the machine; a second one at the same time would disturb it.
         self.ask("processes")
 
     def _listen(self):
@@ -30,14 +29,28 @@ class Operator:
             self.answers.put(json.loads(line))
         self.answers.put({"error": "the operator has ended"})
 
-    def ask(self, command, *arguments, timeout=60):
+    def ask(self, command, *arguments, timeout=300):
         line = "\t".join([command, *[str(argument) for argument in arguments]])
         self.process.stdin.write(line.encode() + b"\n")
         self.process.stdin.flush()
-        answer = self.answers.get(timeout=timeout)
+        try:
+            answer = self.answers.get(timeout=timeout)
+        except queue.Empty:
+            raise OperatorError(f"{command}: the operator has not answered for {timeout} s") from None
         if "error" in answer:
             raise OperatorError(f"{command}: {answer['error']}")
         return answer["answer"]
+
+    def act(self, command, window, *arguments):
+        """Asks for what the window's program does in its own time, and waits until it has done it or
+        waits for an answer itself."""
+        answer = self.ask(command, window, *arguments)
+        self.wait_until_handled(window)
+        return answer
+
+    def wait_until_handled(self, window):
+        """A window that is gone has handled all that it ever will."""
+        self.ask("wait-until-handled", window)
 
     def windows(self):
         return self.ask("windows")

@@ -7,7 +7,7 @@ import subprocess
 import pytest
 
 import lzh_packages
-from machine import PROGRAMS, ROOT, Machine
+from machine import MACHINES, PROGRAMS, ROOT, Machine
 
 NATIVE = pathlib.Path(os.environ.get("TAMBLIN_NATIVE_PROGRAMS", ROOT / "build" / "native")) / "unlha"
 
@@ -31,7 +31,7 @@ class WindowsUnlha:
     """On drive C: of a machine; the test's folder is C:\\Unpack."""
 
     def __init__(self):
-        self.machine = Machine(ROOT / "build" / "machines" / f"unlha-{os.getpid()}", drives="")
+        self.machine = Machine(MACHINES / f"unlha-{os.getpid()}", drives="")
         self.machine.copy_in(PROGRAMS / "unlha.exe", "C:\\unlha.exe")
         self.folder = self.machine.make_folder("C:\\Unpack")
 
@@ -58,7 +58,7 @@ class Unlha:
             cwd=self.target,
             stdin=subprocess.DEVNULL,
             capture_output=True,
-            timeout=60,
+            timeout=300,
             check=False,
         )
         assert result.stdout == b""
