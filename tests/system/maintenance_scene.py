@@ -2,12 +2,11 @@
 
 import itertools
 import os
-import shutil
 
 import pytest
 
 from hosts import make_host
-from machine import ROOT, Machine, discard
+from machine import MACHINES, Machine, discard
 from more_windows import CheckWindow, Recorder
 from tamblin_app import App, wait_until
 
@@ -28,10 +27,7 @@ class Scene:
     """A machine with the program running, its hosts in HOST and OTHER_HOST."""
 
     def __init__(self):
-        folder = ROOT / "build" / "machines" / f"maintenance-{os.getpid()}-{next(numbers)}"
-        if folder.exists():
-            shutil.rmtree(folder)
-        self.machine = Machine(folder, drives="d")
+        self.machine = Machine(MACHINES / f"maintenance-{os.getpid()}-{next(numbers)}", drives="d")
         self.app = App(self.machine)
         self.app.check = CheckWindow(self.app)
         self.app.write_ini(
@@ -74,10 +70,13 @@ class Scene:
         return [w["class"] for w in own] == ["Tamblin.Form1"] and own[0]["enabled"]
 
     def close_hosts(self):
-        for window in self.app.operator.windows():
-            if window["class"] == "StandIn.Ombrel":
-                self.app.operator.ask("close-box", window["window"])
-        wait_until(lambda: not self.app.operator.running("ombrel.exe"), "the hosts to end")
+        def none_left():
+            for window in self.app.operator.windows():
+                if window["class"] == "StandIn.Ombrel":
+                    self.app.operator.ask("close-box", window["window"])
+            return not self.app.operator.running("ombrel.exe")
+
+        wait_until(none_left, "the hosts to end")
 
 
 @pytest.fixture(scope="module")

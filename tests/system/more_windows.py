@@ -37,14 +37,14 @@ class Tickable(Control):
         return self.operator.ask("send", self.handle, BM_GETCHECK, 0, 0) == 1
 
     def press(self):
-        self.operator.ask("post", self.handle, BM_CLICK, 0, 0)
+        self.operator.act("post", self.handle, BM_CLICK, 0, 0)
 
 
 class Link(Control):
     """A label that can be clicked."""
 
     def press(self):
-        self.operator.ask("post", self.handle, BM_CLICK, 0, 0)
+        self.operator.act("post", self.handle, BM_CLICK, 0, 0)
 
 
 class CheckList(List):
@@ -157,9 +157,9 @@ class ManualWindow(Window):
             wanted = "\\".join(parts[: depth + 1])
             wait_until(lambda: self.status.text() == wanted, f"the tree to show {wanted}")
 
-    def wait_shown_anew(self, former, timeout=20.0):
+    def wait_shown_anew(self, former):
         """Waits until another window of this kind stands in the place of `former`."""
-        wait_until(lambda: self.shown() and self.handle != former, "a further manual window", timeout)
+        wait_until(lambda: self.handle != former, "a further manual window")
         return self
 
 
@@ -243,7 +243,7 @@ class Recorder:
     def __init__(self, machine):
         self.machine = machine
         machine.copy_in(RECORDER, self.PROGRAM)
-        assert machine.start(self.PROGRAM, "/register").wait(timeout=30) == 0
+        assert machine.start(self.PROGRAM, "/register").wait(timeout=300) == 0
 
     def clear(self):
         self.machine.path(self.LOG).unlink(missing_ok=True)

@@ -2,12 +2,11 @@
 
 import itertools
 import os
-import shutil
 
 import pytest
 
 from hosts import make_host
-from machine import ROOT, Machine, discard
+from machine import MACHINES, Machine, discard
 from more_windows import (
     ChoiceWindow,
     HelpWindow,
@@ -46,9 +45,7 @@ class BareMachine:
     DRIVES = "cdf"
 
     def __init__(self):
-        folder = ROOT / "build" / "machines" / f"set-up-{os.getpid()}-{next(numbers)}"
-        if folder.exists():
-            shutil.rmtree(folder)
+        folder = MACHINES / f"set-up-{os.getpid()}-{next(numbers)}"
         self.machine = Machine(folder, drives=self.DRIVES[1:])
         self.app = with_windows(App(self.machine))
         assert self.app.operator
@@ -65,7 +62,7 @@ class BareMachine:
         try:
             if forms:
                 self.app.operator.ask("end-session", forms[0]["window"])
-            self.app.wait_ended(5)
+            self.app.wait_ended()
         except (OperatorError, TimeoutError):
             return False
         for entry in self.entries() - self.content:
@@ -115,9 +112,9 @@ def shown_windows(app):
     return sorted(name for name in shown if name.startswith("Tamblin.") or name == "#32770")
 
 
-def wait_only(app, window, timeout=30.0):
+def wait_only(app, window):
     """Waits until `window` is the program's only one and can be used."""
-    wait_until(lambda: shown_windows(app) == [window.CLASS], f"{window.CLASS} alone to be shown", timeout)
+    wait_until(lambda: shown_windows(app) == [window.CLASS], f"{window.CLASS} alone to be shown")
     return window.wait_enabled()
 
 

@@ -20,19 +20,25 @@ def control_id(kind, number, index=0):
     return 1000 * KINDS[kind] + 20 * number + index
 
 
-# Generous, because many tests may share a slow machine; nothing takes long unless it fails.
-PATIENCE = 60.0
+# More than the most loaded machine needs; nothing takes long unless it fails.
+PATIENCE = 120.0
 
 
 def wait_until(condition, what, timeout=PATIENCE):
-    """The first true value that `condition` gives."""
+    """The first true value that `condition` gives. A window or row that it looks for in vain is not
+    there yet."""
     end = time.monotonic() + timeout
     while True:
-        value = condition()
+        try:
+            value = condition()
+        except (LookupError, OperatorError) as error:
+            value, found = None, f"{type(error).__name__}: {error}"
+        else:
+            found = repr(value)
         if value:
             return value
         if time.monotonic() > end:
-            raise TimeoutError(f"waited {timeout} s for {what}")
+            raise TimeoutError(f"waited {timeout} s for {what}; last found {found}")
         time.sleep(0.02)
 
 
@@ -74,9 +80,10 @@ class Control:
 
 class Command(Control):
     def press(self):
-        """Presses the button and returns at once, so that a modal window does not hold the test."""
+        """Presses the button. Returns when the program has done what the button does, or waits for an
+        answer."""
         wait_until(self.enabled, f"button {self.identity} of {self.window.CLASS} to be enabled")
-        self.operator.ask("press", self.handle)
+        self.operator.act("press", self.handle)
 
 
 class List(Control):
@@ -98,7 +105,7 @@ class List(Control):
         self.operator.ask("select", self.handle, *[self.row(text) for text in texts])
 
     def double_click(self, text):
-        self.operator.ask("double-click", self.handle, self.row(text))
+        self.operator.act("double-click", self.handle, self.row(text))
 
     def row_centre(self, text):
         left, top, right, bottom = self.operator.ask("row-area", self.handle, self.row(text))
@@ -120,15 +127,15 @@ def click(x, y, times=1, keys=()):
     command = ["xdotool", "mousemove", str(x), str(y)]
     for key in keys:
         command += ["keydown", key]
-    command += ["click", "--repeat", str(times), "--delay", "60", "1"]
+    command += ["click", "--repeat", str(times), "--delay", "0", "1"]
     for key in keys:
         command += ["keyup", key]
     subprocess.run(command, check=True)
 
 
 def press_keys(*keys):
-    """The screen's own keyboard."""
-    subprocess.run(["xdotool", "key", "--delay", "60", *keys], check=True)
+    """The screen's own keyboard, which whatever is active gets."""
+    subprocess.run(["xdotool", "key", "--delay", "0", *keys], check=True)
 
 
 def tab_to(control):
@@ -199,7 +206,16 @@ class Window:
 
     def close(self):
         """What the system does for a close box, by message."""
-        self.app.operator.ask("close-box", self.handle)
+        self.app.operator.act("close-box", self.handle)
+
+    def has_keyboard(self):
+        focus = self.app.operator.ask("focus")
+        return focus is not None and focus["top"] == self.handle
+
+    def press_keys(self, *keys):
+        """The screen's own keyboard, once this window has it."""
+        wait_until(self.has_keyboard, f"{self.CLASS} to have the keyboard")
+        press_keys(*keys)
 
     def end_session(self):
         return self.app.operator.ask("end-session", self.handle)
@@ -305,15 +321,18 @@ class MessageBox(Window):
         return [names[c["id"]] for c in sorted(shown, key=lambda c: c["area"][0])]
 
     def press(self, button):
-        handle = self.handle
+        state = self.state()
         pressed = [c for c in self._controls("button") if c["id"] == BUTTONS[button] and c["visible"]]
         if not pressed:
             raise LookupError(f"no button {button} among {self.buttons()}")
         self.app.operator.ask("press", pressed[0]["window"])
         wait_until(
-            lambda: all(w["window"] != handle or not w["visible"] for w in self.app.operator.windows()),
+            lambda: all(
+                w["window"] != state["window"] or not w["visible"] for w in self.app.operator.windows()
+            ),
             "the message box to close",
         )
+        self.app.operator.wait_until_handled(state["owner"])
 
 
 class App:

@@ -17,7 +17,7 @@ from set_up_scene import (  # noqa: F401
     start_main,
     wait_only,
 )
-from tamblin_app import press_keys, wait_until
+from tamblin_app import wait_until
 
 ONE, TWO, THREE = "C:\\One", "D:\\表ソ能\\Two 2", "C:\\Three"
 
@@ -187,7 +187,7 @@ def test_the_wizard_goes_back_here(app, way):
     elif way == "close box":
         wizard.close()
     else:
-        press_keys("Escape")
+        wizard.press_keys("Escape")
     management = wait_only(app, app.management)
     assert management.folders.entries() == [ONE]
     assert management.leave.text() == "戻る"
@@ -221,7 +221,7 @@ def test_leaving_by_the_frame_is_leaving_by_the_button(app, way):
     if way == "close box":
         management.close()
     else:
-        press_keys("Escape")
+        management.press_keys("Escape")
     wait_only(app, app.main)
     assert_main_shows(app, ONE, TWO, selected=TWO)
     leave_main(app)

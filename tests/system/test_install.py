@@ -89,19 +89,15 @@ def test_the_whole_install_with_the_mouse(running, machine):
 def test_the_whole_install_with_the_keyboard(running, machine):
     main = running.main
     tab_to(main.list2)
-    for name in main.list2.entries():
-        press_keys("Down")
-        wait_until(lambda: main.list2.selected(), "a file to be selected")
-        if main.list2.selected() == ["futari.lzh"]:
-            break
-    assert main.list2.selected() == ["futari.lzh"]
+    while (before := main.list2.selected()) != ["futari.lzh"]:
+        main.press_keys("Down")
+        wait_until(lambda: main.list2.selected() != before, "the next file to be selected")
     tab_to(main.command1)
-    press_keys("space")
+    main.press_keys("space")
     confirmation = running.confirmation.wait_shown()
     tab_to(confirmation.command1)
-    press_keys("Return")
-    running.wait_box()
-    press_keys("Return")
+    confirmation.press_keys("Return")
+    running.wait_box().press_keys("Return")
     running.box.wait_gone()
     main.wait_enabled()
     assert main.list3.entries() == ["haruka", "mikan", "minato", "yuzu"]

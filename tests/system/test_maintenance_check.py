@@ -15,7 +15,7 @@ from maintenance_scene import (  # noqa: F401
     scenes,
 )
 from more_windows import LB_GETHORIZONTALEXTENT, MENU_RECYCLE, folder_menu, right_click_row
-from tamblin_app import press_keys, wait_until
+from tamblin_app import wait_until
 from test_faults import wait_report
 
 DELETE_QUESTION = "使用可能状態にないオンブレルの定義ファイルを削除します。"
@@ -36,7 +36,7 @@ def leave(app, by="button"):
     elif by == "close box":
         app.check.close()
     else:
-        press_keys("Escape")
+        app.check.press_keys("Escape")
     app.check.wait_gone()
     app.main.wait_enabled()
 
@@ -241,7 +241,7 @@ def test_the_last_folder_greys_the_list(app, machine):
     orphan_folder(machine, "dat")
     check = open_check(app)
     check.folders.select("dat")
-    app.operator.ask("command", check.handle, MENU_RECYCLE)
+    app.operator.act("command", check.handle, MENU_RECYCLE)
     app.answer(RECYCLE_QUESTION, "OK")
     check.wait_enabled()
     wait_until(lambda: check.folders.entries() == [], "the list to be empty")
@@ -296,7 +296,7 @@ def test_what_a_linked_folder_points_to_is_not_recycled(app, machine):
     check = open_check(app)
     assert check.folders.entries() == ["link"]
     check.folders.select("link")
-    app.operator.ask("command", check.handle, MENU_RECYCLE)
+    app.operator.act("command", check.handle, MENU_RECYCLE)
     app.answer(RECYCLE_QUESTION, "OK")
     check.wait_enabled()
     assert machine.read("D:\\Elsewhere\\kept.txt") == b"the only copy"

@@ -12,7 +12,7 @@ from maintenance_scene import (  # noqa: F401
     scenes,
 )
 from more_windows import HelpWindow
-from tamblin_app import point_at, press_keys, wait_until
+from tamblin_app import point_at, wait_until
 
 CATEGORIES = ["●機能制限", "●ボタン説明", "●目的別ヘルプ", "●Tamblinについて"]
 LIMITATIONS, BUTTONS, PURPOSES, ABOUT = range(4)
@@ -191,13 +191,10 @@ def test_the_support_page_is_opened_by_the_shell(app, help_window):
 def test_the_window_keeps_to_the_main_windows_side(app, help_window):
     assert not help_window.remora.ticked()
     assert help_window.remora.text() == "小判鮫モード\r\nOFFにする"
-    wait_until(lambda: corner(help_window) == main_corner(app), "the help window at its place", 1.5)
+    wait_until(lambda: corner(help_window) == main_corner(app), "the help window at its place")
     former = corner(help_window)
     app.operator.ask("move", app.main.handle, 40, 200, 760, 560)
-    moved = time.monotonic()
-    wait_until(lambda: corner(help_window) == main_corner(app), "the help window to follow", 5)
-    # A second, and what a busy machine adds to it.
-    assert time.monotonic() - moved < 2.5
+    wait_until(lambda: corner(help_window) == main_corner(app), "the help window to follow")
     assert corner(help_window) == [800, 200] != former
 
 
@@ -208,19 +205,19 @@ def test_without_remora_mode_the_window_stays(app, help_window):
     left, top, right, bottom = help_window.area()
     app.operator.ask("move", help_window.handle, 500, 300, right - left, bottom - top)
     app.operator.ask("move", app.main.handle, 60, 100, 760, 560)
+    # Twice the time after which it would follow.
     end = time.monotonic() + 2.2
     while time.monotonic() < end:
         assert corner(help_window) == [500, 300]
         time.sleep(0.1)
     help_window.remora.press()
-    wait_until(lambda: corner(help_window) == main_corner(app), "the help window to return", 5)
+    wait_until(lambda: corner(help_window) == main_corner(app), "the help window to return")
     assert not help_window.remora.ticked()
 
 
 def test_the_window_opens_only_once(app, help_window):
     show(help_window, ABOUT)
     app.main.command10.press()
-    wait_until(lambda: app.operator.ask("focus") is not None, "a focus")
     assert len([w for w in app.operator.windows() if w["class"] == HelpWindow.CLASS]) == 1
     assert visible_parts(help_window) == [ABOUT]
 
@@ -233,7 +230,7 @@ def test_ways_to_close(app, help_window, way):
         help_window.close()
     else:
         app.operator.ask("activate", help_window.handle)
-        press_keys("Escape")
+        help_window.press_keys("Escape")
     help_window.wait_gone()
     assert app.main.enabled() and app.running()
 
@@ -244,9 +241,9 @@ def test_the_pointer_over_a_category_lights_it(app, help_window):
     point_at(5, 900)
     plain = settled_picture(link)
     point_at(*link.centre())
-    wait_until(lambda: picture(link) != plain, "the category to light up", 5)
+    wait_until(lambda: picture(link) != plain, "the category to light up")
     point_at(*help_window.categories[ABOUT].centre())
-    wait_until(lambda: picture(link) == plain, "the category to go out", 5)
+    wait_until(lambda: picture(link) == plain, "the category to go out")
 
 
 def picture(control):
@@ -266,7 +263,7 @@ def settled_picture(control):
         unchanged, previous = current == previous, current
         return unchanged
 
-    wait_until(same, "the picture to settle", 5)
+    wait_until(same, "the picture to settle")
     return previous
 
 

@@ -22,7 +22,7 @@ from set_up_scene import (  # noqa: F401
     start_wizard,
     wait_only,
 )
-from tamblin_app import press_keys, wait_until
+from tamblin_app import wait_until
 
 HOST = "D:\\Games 能\\表ソ能 Vimora"
 
@@ -75,7 +75,7 @@ def test_a_click_puts_the_folder_into_the_text(app, machine):
     wait_until(lambda: "  + Vimora" in manual.tree.entries(), "the root's folders")
     manual.tree.real_click_row("  + Vimora")
     wait_until(lambda: manual.folder.text() == "C:\\Vimora", "the folder to be in the text")
-    press_keys("Tab")
+    manual.press_keys("Tab")
     manual.ok.press()
     wait_only(app, app.main)
     assert_main_shows(app, "C:\\Vimora", selected="C:\\Vimora")
@@ -109,7 +109,7 @@ def test_going_back_leads_to_the_wizard(app, way):
     elif way == "close box":
         manual.close()
     else:
-        press_keys("Escape")
+        manual.press_keys("Escape")
     wait_only(app, app.wizard).give_up.press()
     app.wait_ended()
     assert not app.has_ini()

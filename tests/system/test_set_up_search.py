@@ -23,7 +23,7 @@ from set_up_scene import (  # noqa: F401
     start_wizard,
     wait_only,
 )
-from tamblin_app import press_keys, wait_until
+from tamblin_app import wait_until
 
 HOST = "C:\\Programs 表ソ\\Vimora 能"
 
@@ -46,7 +46,7 @@ def test_giving_up_ends_the_program_and_writes_nothing(app, machine, way):
     elif way == "close box":
         app.wizard.close()
     else:
-        press_keys("Escape")
+        app.wizard.press_keys("Escape")
     app.wait_ended()
     assert shown_windows(app) == []
     assert machine.tree("C:\\Tamblin") == before
@@ -61,7 +61,6 @@ def test_a_machine_without_a_host_goes_back_to_the_wizard_without_a_message(app,
     make_host(machine, "F:\\Vimora")
     start_wizard(app)
     search(app)
-    app.search.wait_shown()
     wait_only(app, app.wizard)
     app.wizard.give_up.press()
     app.wait_ended()
@@ -158,8 +157,7 @@ def test_closing_the_choice_goes_back_to_the_wizard(app, machine):
     wait_only(app, app.choice).close()
     wait_only(app, app.wizard)
     search(app)
-    wait_only(app, app.choice)
-    press_keys("Escape")
+    wait_only(app, app.choice).press_keys("Escape")
     wait_only(app, app.wizard)
     app.wizard.give_up.press()
     app.wait_ended()
@@ -219,7 +217,7 @@ def test_cancelling_in_the_middle_forgets_what_was_found(app, large, way):
     elif way == "close box":
         app.search.close()
     else:
-        press_keys("Escape")
+        app.search.press_keys("Escape")
     box = app.wait_box()
     assert box.buttons() == ["OK"]
     assert not box.has_icon()
@@ -253,10 +251,10 @@ def test_the_counters_live_during_the_search(app, large):
     wait_searching(app)
     assert app.search.drive.text() == "C:\\"
     first = int(app.search.folder_count.text())
-    wait_until(lambda: int(app.search.folder_count.text()) > first, "the folders to be counted on", 5)
+    wait_until(lambda: int(app.search.folder_count.text()) > first, "the folders to be counted on")
     assert app.search.folder_count.text().startswith(" ")
-    wait_until(lambda: app.search.found_count.text() == "1", "the host to be found", 5)
-    wait_only(app, app.main, timeout=60)
+    wait_until(lambda: app.search.found_count.text() == "1", "the host to be found")
+    wait_only(app, app.main)
     assert_main_shows(app, "C:\\zzz\\Vimora", selected="C:\\zzz\\Vimora")
 
 
@@ -268,7 +266,7 @@ def test_a_search_after_a_cancelled_one_finds_everything(app, large):
     app.answer(CANCELLED, "OK")
     wait_only(app, app.wizard)
     search(app)
-    wait_only(app, app.main, timeout=60)
+    wait_only(app, app.main)
     assert_main_shows(app, "C:\\zzz\\Vimora", selected="C:\\zzz\\Vimora")
 
 
@@ -348,7 +346,7 @@ def test_nothing_new_is_said_when_folders_were_registered(app, machine):
     start_main(app)
     open_wizard_from_management(app)
     search(app)
-    app.answer(NOTHING_NEW, "OK", timeout=30)
+    app.answer(NOTHING_NEW, "OK")
     wait_only(app, app.wizard)
     app.wizard.give_up.press()
     wait_only(app, app.management)

@@ -1,6 +1,7 @@
 // Stands in for the host program: shows in a small window how it was started and which character
-// ombrel.rc names, and appends the same to ombrel.log beside itself (UTF-8, one "name: value" line
-// each). ombrel.rc is read twice, because whoever starts the host may put it back soon afterwards.
+// ombrel.rc named when it was read, and appends the same to ombrel.log beside itself (UTF-8, one
+// "name: value" line each; "window" is the last). Whoever starts the host may put ombrel.rc back
+// meanwhile, so what is read is left to chance.
 #include <windows.h>
 
 #include <fstream>
@@ -9,8 +10,6 @@
 
 namespace {
 
-constexpr UINT laterTimer = 1;
-constexpr UINT laterMilliseconds = 200;
 std::wstring shownText;
 
 std::wstring ProgramFolder() {
@@ -80,11 +79,6 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wide, LPARAM along)
         case WM_PAINT:
             Paint(window);
             return 0;
-        case WM_TIMER:
-            KillTimer(window, laterTimer);
-            Tell(L"rc after 200 ms", StartUpLine());
-            InvalidateRect(window, nullptr, TRUE);
-            return 0;
         case WM_DESTROY:
             PostQuitMessage(0);
             return 0;
@@ -108,14 +102,14 @@ HWND MakeWindow(HINSTANCE instance) {
 } // namespace
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
-    Tell(L"rc at once", StartUpLine());
+    Tell(L"rc", StartUpLine());
     Tell(L"command line", GetCommandLineW());
     Tell(L"show command", std::to_wstring(ShowCommand()));
     Tell(L"current folder", CurrentFolder());
 
     const HWND window = MakeWindow(instance);
     ShowWindow(window, static_cast<int>(ShowCommand()));
-    SetTimer(window, laterTimer, laterMilliseconds, nullptr);
+    Tell(L"window", L"shown");
 
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {

@@ -9,8 +9,11 @@ namespace tamblin {
 
 namespace {
 
-constexpr UINT answerMilliseconds = 20000;
-constexpr auto longestWait = std::chrono::seconds(10);
+using Clock = std::chrono::steady_clock;
+
+// No loaded machine takes as long; who waits until the end waits for something that never comes.
+constexpr UINT answerMilliseconds = 120000;
+constexpr auto longestWait = std::chrono::milliseconds(answerMilliseconds);
 
 struct BoxSearch {
     DWORD process;
@@ -34,15 +37,57 @@ bool ShowsMessageBox(DWORD process) {
     return search.found;
 }
 
-} // namespace
-
-std::string Send(HWND window, UINT message, WPARAM wide, LPARAM along) {
+LRESULT Ask(HWND window, UINT message, WPARAM wide = 0, LPARAM along = 0) {
     DWORD_PTR result = 0;
     if (SendMessageTimeoutW(window, message, wide, along, SMTO_NORMAL, answerMilliseconds,
                             &result) == 0) {
         throw std::runtime_error("the window is gone or does not answer");
     }
-    return JsonNumber(static_cast<LRESULT>(result));
+    return static_cast<LRESULT>(result);
+}
+
+BOOL CALLBACK LookForButton(HWND window, LPARAM button) {
+    wchar_t name[16] = L"";
+    GetClassNameW(window, name, 16);
+    if (lstrcmpiW(name, L"Button") != 0) {
+        return TRUE;
+    }
+    *reinterpret_cast<HWND*>(button) = window;
+    return FALSE;
+}
+
+// Any button of the window that `window` belongs to.
+HWND ButtonBeside(HWND window) {
+    HWND button = nullptr;
+    EnumChildWindows(GetAncestor(window, GA_ROOT), LookForButton,
+                     reinterpret_cast<LPARAM>(&button));
+    if (button == nullptr) {
+        throw std::runtime_error("the window has no button");
+    }
+    return button;
+}
+
+bool IsHeldDown(HWND button) {
+    return (Ask(button, BM_GETSTATE) & BST_PUSHED) != 0;
+}
+
+// What is posted has its turn in order: once the button is drawn held down, all before it is done.
+void WaitUntilHeldDown(HWND button) {
+    PostMessageW(button, BM_SETSTATE, TRUE, 0);
+    const Clock::time_point posted = Clock::now();
+    while (!IsHeldDown(button)) {
+        if (Clock::now() - posted > longestWait) {
+            throw std::runtime_error("the window does not get round to what it was given");
+        }
+        Sleep(1);
+    }
+    Ask(button, BM_SETSTATE, FALSE);
+}
+
+} // namespace
+
+std::string Send(HWND window, UINT message, WPARAM wide, LPARAM along) {
+    return JsonNumber(Ask(window, message, wide, along));
 }
 
 std::string Post(HWND window, UINT message, WPARAM wide, LPARAM along) {
@@ -52,8 +97,21 @@ std::string Post(HWND window, UINT message, WPARAM wide, LPARAM along) {
     return "true";
 }
 
+std::string WaitUntilHandled(HWND window) {
+    HWND button = nullptr;
+    try {
+        button = ButtonBeside(window);
+        WaitUntilHeldDown(button);
+    } catch (const std::runtime_error&) {
+        if (IsWindow(window) != 0 && IsWindow(button) != 0) {
+            throw;
+        }
+        return "false";
+    }
+    return "true";
+}
+
 std::string PressUntilMessageBox(HWND button) {
-    using Clock = std::chrono::steady_clock;
     DWORD process = 0;
     GetWindowThreadProcessId(button, &process);
     const Clock::time_point pressed = Clock::now();

@@ -142,6 +142,10 @@ const std::map<std::string, Operation>& Operations() {
          [](const Arguments& a) {
              return Post(Window(a), Unsigned(a, 2), Unsigned(a, 3), Number(a, 4));
          }},
+        {"wait-until-handled",
+         [](const Arguments& a) {
+             return WaitUntilHandled(Window(a));
+         }},
         {"press-until-message-box",
          [](const Arguments& a) {
              return PressUntilMessageBox(Window(a));

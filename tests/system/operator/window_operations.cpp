@@ -12,7 +12,7 @@ namespace tamblin {
 
 namespace {
 
-constexpr UINT answerMilliseconds = 20000;
+constexpr UINT answerMilliseconds = 120000;
 constexpr std::size_t textLimit = 32768;
 
 LRESULT Ask(HWND window, UINT message, WPARAM wide = 0, LPARAM along = 0) {
@@ -64,6 +64,7 @@ std::string Described(HWND window, const std::wstring& text) {
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
     return JsonObject({{"window", Number(window)},
+                       {"top", Number(GetAncestor(window, GA_ROOT))},
                        {"id", JsonNumber(GetDlgCtrlID(window))},
                        {"class", JsonText(ClassName(window))},
                        {"text", JsonText(text)},

@@ -1,6 +1,6 @@
 // Looks at windows of other programs and operates them, by messages only. Handles are numbers.
 // Every answer is JSON text. Throws std::runtime_error when a window is gone or does not answer
-// within twenty seconds.
+// within two minutes.
 #pragma once
 
 #include <windows.h>
