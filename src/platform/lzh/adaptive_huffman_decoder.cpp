@@ -11,7 +11,6 @@ namespace {
 constexpr unsigned shortestMatch = 3;
 constexpr unsigned lowerBits = 6; // of a distance
 
-constexpr unsigned lh1Symbols = 314; // 256 bytes, lengths 3 to 60
 constexpr unsigned lh1History = 4096;
 
 // The fixed code for the upper six bits of a distance, by the next eight bits of the data.
@@ -37,7 +36,7 @@ constexpr std::array<UpperBits, 256> MakeUpperBits() {
 
 constexpr std::array<UpperBits, 256> fixedUpperBits = MakeUpperBits();
 
-unsigned ReadLh1Distance(BitReader& reader) {
+unsigned ReadDistance(BitReader& reader) {
     reader.Refill();
     const UpperBits upper = fixedUpperBits[reader.Peek(8)];
     reader.Skip(upper.length);
@@ -46,28 +45,37 @@ unsigned ReadLh1Distance(BitReader& reader) {
 
 } // namespace
 
-Lh1Decoder::Lh1Decoder(OutputWindow& outputWindow) : window(outputWindow), symbols(lh1Symbols) {}
-
 void Lh1Decoder::Decode(PackedInput& input, std::uint64_t size, ByteSink& sink) {
     BitReader reader(input);
     window.Start(lh1History, ' ', size, sink);
-    symbols.Reset(lh1Symbols);
-    while (!window.Complete()) {
-        std::uint8_t* out = window.Next();
-        while (out < window.Limit()) {
-            reader.Check();
-            const unsigned symbol = symbols.Decode(reader);
-            if (symbol < 256) {
-                *out++ = static_cast<std::uint8_t>(symbol);
-            } else {
-                const unsigned length = symbol - 256 + shortestMatch;
-                CopyMatch(out, ReadLh1Distance(reader), length);
-                out += length;
-            }
-        }
-        window.PassOn(out);
-    }
+    tree.Reset(size);
+    while (!window.Complete())
+        window.PassOn(DecodeChunk(reader));
     reader.Finish();
+}
+
+std::uint8_t* Lh1Decoder::DecodeChunk(BitReader& outerReader) {
+    // A copy that nothing else points to, for the compiler to keep in registers.
+    BitReader reader = outerReader;
+    std::uint8_t* out = window.Next();
+    const std::uint8_t* const limit = window.Limit();
+    while (out < limit) {
+        if (reader.NeedsCheck()) [[unlikely]] {
+            outerReader = reader;
+            outerReader.Check();
+            reader = outerReader;
+        }
+        const unsigned symbol = tree.Decode(reader);
+        if (symbol < 256) {
+            *out++ = static_cast<std::uint8_t>(symbol);
+        } else {
+            const unsigned length = symbol - 256 + shortestMatch;
+            CopyMatch(out, ReadDistance(reader), length);
+            out += length;
+        }
+    }
+    outerReader = reader;
+    return out;
 }
 
 } // namespace tamblin::lzh

@@ -9,12 +9,14 @@ namespace tamblin::lzh {
 
 class Lh1Decoder : public Decoder {
   public:
-    explicit Lh1Decoder(OutputWindow& outputWindow);
+    explicit Lh1Decoder(OutputWindow& outputWindow) : window(outputWindow) {}
     void Decode(PackedInput& input, std::uint64_t size, ByteSink& sink) override;
 
   private:
+    std::uint8_t* DecodeChunk(BitReader& reader);
+
     OutputWindow& window;
-    AdaptiveTree symbols;
+    AdaptiveTree tree; // of 256 bytes and the match lengths 3 to 60
 };
 
 } // namespace tamblin::lzh

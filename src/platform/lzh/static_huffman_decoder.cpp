@@ -108,7 +108,7 @@ constexpr std::array<std::uint32_t, symbolCount> MakeValues() {
 
 constexpr std::array<std::uint32_t, symbolCount> symbolValues = MakeValues();
 
-std::uint32_t SymbolEntry(unsigned symbol, unsigned length) {
+inline std::uint32_t SymbolEntry(unsigned symbol, unsigned length) {
     return symbolValues[symbol] | length << firstBitsShift | length;
 }
 
@@ -229,7 +229,7 @@ void StaticHuffmanDecoder::ReadLengthsCode(BitReader& reader) {
 }
 
 // The next symbol of the code for code lengths. Up to 16 bits are used.
-unsigned StaticHuffmanDecoder::ReadLengthItem(BitReader& reader) const {
+inline unsigned StaticHuffmanDecoder::ReadLengthItem(BitReader& reader) const {
     const unsigned entry = lengths[reader.Bits()];
     if (entry != searchLength) {
         reader.Skip(entry);
