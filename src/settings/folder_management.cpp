@@ -69,12 +69,16 @@ void FolderManagement::DeletePressed() {
 }
 
 NextWindow FolderManagement::LeavePressed() {
-    if (!openedFromMainWindow)
-        return NextWindow::EndProgram;
-    if (const auto line = folders.LastSelected())
-        state.DefaultFolder = folders[*line];
-    state.KvaOption = kvaAllowed ? L"ON" : L"OFF";
-    return NextWindow::MainWindow;
+    if (openedFromMainWindow) {
+        if (const auto line = folders.LastSelected())
+            state.DefaultFolder = folders[*line];
+        state.KvaOption = kvaAllowed ? L"ON" : L"OFF";
+    }
+    return Closed();
+}
+
+NextWindow FolderManagement::Closed() const {
+    return openedFromMainWindow ? NextWindow::MainWindow : NextWindow::EndProgram;
 }
 
 std::wstring FolderManagement::LeaveCaption() const {

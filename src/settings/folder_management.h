@@ -21,8 +21,10 @@ class FolderManagement {
     NextWindow AddPressed();    // Command1
     NextWindow ChangePressed(); // Command2
     void DeletePressed();       // Command3
-    // Command4 and the close box. As "戻る" it applies the choice of default and the permission.
+    // Command4. As "戻る" it applies the choice of default and the permission.
     NextWindow LeavePressed();
+    // The close box and Escape lead to the same place and apply nothing.
+    NextWindow Closed() const;
 
     std::wstring LeaveCaption() const;
 

@@ -72,7 +72,6 @@ void Form8::Activated() {
     ShowModel();
 }
 
-// The close box leaves as the button does, also while the button waits for a choice of default.
 bool Form8::MayClose(CloseReason reason) {
     if (reason == CloseReason::Program)
         return true;
@@ -81,7 +80,7 @@ bool Form8::MayClose(CloseReason reason) {
 }
 
 void Form8::EscapePressed() {
-    Run([this] { return management.LeavePressed(); });
+    Run([this] { return management.Closed(); });
 }
 
 void Form8::Run(const std::function<NextWindow()>& event) {

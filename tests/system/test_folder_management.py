@@ -213,7 +213,7 @@ def test_nine_folders_and_a_tenth_without_more(app, machine):
 
 
 @pytest.mark.parametrize("way", ["close box", "escape"])
-def test_leaving_by_the_frame_is_leaving_by_the_button(app, way):
+def test_leaving_by_the_frame_applies_nothing(app, way):
     management = start_management(app, ONE, TWO)
     management.folders.select(TWO)
     management.allow.press()
@@ -223,9 +223,9 @@ def test_leaving_by_the_frame_is_leaving_by_the_button(app, way):
     else:
         management.press_keys("Escape")
     wait_only(app, app.main)
-    assert_main_shows(app, ONE, TWO, selected=TWO)
+    assert_main_shows(app, ONE, TWO, selected=ONE)
     leave_main(app)
-    assert app.ini() == expected_settings(ONE, TWO, default=TWO, kavalet="ON")
+    assert app.ini() == expected_settings(ONE, TWO, default=ONE)
 
 
 def test_nothing_is_written_before_the_main_window_is_left(app):

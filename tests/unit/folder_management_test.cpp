@@ -158,14 +158,6 @@ TEST(FolderManagement, SlotsBehindTheLastKeepTheirOldStrings) {
     EXPECT_EQ(scene.state.HostFolders[3], L"c");
 }
 
-TEST(FolderManagement, LineStillSelectedAfterADeletionIsTheDefault) {
-    ManagementScene scene(L"abc");
-    Select(scene.management.folders, {L"a", L"c"});
-    scene.management.DeletePressed();
-    EXPECT_EQ(scene.Registered(), L"bc");
-    EXPECT_EQ(scene.state.DefaultFolder, L"c");
-}
-
 TEST(FolderManagement, DeletionSelectsTheDefaultAgain) {
     ManagementScene scene(L"abc", L"a");
     scene.Choose(L"b");
@@ -225,11 +217,21 @@ TEST(FolderManagement, BackAppliesTheChosenDefault) {
     EXPECT_EQ(scene.state.DefaultFolder, L"b");
 }
 
-TEST(FolderManagement, BackTakesTheLastOfSeveralSelected) {
-    ManagementScene scene(L"abc");
-    Select(scene.management.folders, {L"a", L"b"});
-    scene.management.LeavePressed();
-    EXPECT_EQ(scene.state.DefaultFolder, L"b");
+TEST(FolderManagement, ClosingLeadsBackAndAppliesNothing) {
+    ManagementScene scene(L"abc", L"a");
+    scene.state.KvaOption = L"OFF";
+    scene.Choose(L"b");
+    scene.management.kvaAllowed = true;
+    EXPECT_EQ(scene.management.Closed(), NextWindow::MainWindow);
+    EXPECT_EQ(scene.state.DefaultFolder, L"a");
+    EXPECT_EQ(scene.state.KvaOption, L"OFF");
+}
+
+TEST(FolderManagement, ClosingBeforeTheMainWindowEndsTheProgram) {
+    ManagementScene scene(L"ab", L"a");
+    scene.state.OpenedFromMainWindow = false;
+    scene.Open();
+    EXPECT_EQ(scene.management.Closed(), NextWindow::EndProgram);
 }
 
 struct PermissionRow {
