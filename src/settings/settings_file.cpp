@@ -25,11 +25,20 @@ std::wstring ProbePrefix(const std::wstring& folder) {
     return folder.size() > 3 ? folder + L"\\" : folder;
 }
 
-// What a listing of "*.*" finds: a folder that is not there, or cannot be, holds nothing. Only Find
-// tells a drive that does not exist from one that is not ready.
+// What a listing of `prefix` + "*.*" finds: a prefix without a "\" at its end is the beginning of
+// the names. A folder that is not there, or cannot be, holds nothing. Only Find tells a drive that
+// does not exist from one that is not ready.
 bool HoldsPlainFiles(FileSystem& files, const std::wstring& prefix) {
+    const size_t folderLength = prefix.find_last_of(L"\\/:") + 1; // 0 when there is none
+    const std::wstring folder = prefix.substr(0, folderLength);
+    const std::wstring nameStart = UpperCase(prefix.substr(folderLength));
     try {
-        return files.Find(prefix) && !ListFolder(files, prefix).files.empty();
+        if (!files.Find(folder))
+            return false;
+        const auto names = ListFolder(files, folder).files;
+        return std::any_of(names.begin(), names.end(), [&](const std::wstring& name) {
+            return StartsWith(UpperCase(name), nameStart);
+        });
     } catch (const RunTimeError& error) {
         if (error.Number() != ErrorNumber::PathNotFound &&
             error.Number() != ErrorNumber::BadFileName)
@@ -137,6 +146,7 @@ void SettingsFile::SaveSettings(const HostFolderCombo& combo, const std::wstring
             RewriteSettings(combo, browserFolder);
         else
             WriteDefaultSettings(combo, browserFolder);
+        DeleteBackup();
     } catch (const RunTimeError& error) {
         throw error.AsFatal();
     }
@@ -160,8 +170,7 @@ void SettingsFile::WriteDefaultSettings(const HostFolderCombo& combo,
 
 void SettingsFile::RewriteSettings(const HostFolderCombo& combo,
                                    const std::wstring& browserFolder) {
-    if (FileExists(platform.files, BackupName))
-        platform.files.Delete(BackupName);
+    DeleteBackup();
     platform.files.Rename(FileName, BackupName);
 
     const std::string former = platform.files.Read(BackupName);
@@ -184,7 +193,12 @@ void SettingsFile::RewriteSettings(const HostFolderCombo& combo,
     if (!foldersWritten)
         text += FolderLines(combo);
     platform.files.Write(FileName, text);
-    platform.files.Delete(BackupName);
+}
+
+// A save that failed may have left one, whichever way the next one takes.
+void SettingsFile::DeleteBackup() {
+    if (FileExists(platform.files, BackupName))
+        platform.files.Delete(BackupName);
 }
 
 std::map<std::string_view, std::string> SettingsFile::CurrentValues(

@@ -44,6 +44,7 @@ class SettingsFile {
 
     void WriteDefaultSettings(const HostFolderCombo& combo, const std::wstring& browserFolder);
     void RewriteSettings(const HostFolderCombo& combo, const std::wstring& browserFolder);
+    void DeleteBackup();
     std::map<std::string_view, std::string> CurrentValues(const HostFolderCombo& combo,
                                                           const std::wstring& browserFolder);
     std::string FolderLines(const HostFolderCombo& combo);

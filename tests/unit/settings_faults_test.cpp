@@ -73,7 +73,8 @@ TEST_P(SettingsFaults, RewriteNeverLosesTheFormerSettings) {
             scene.Save();
             EXPECT_NE(scene.fake.files.Contents(IniPath).find("VERSION=Ver.0.61\r\n"),
                       std::string::npos);
-            scene.Save();
+            EXPECT_NE(scene.fake.files.Contents(IniPath).find("VMRFOLDER=C:\\Host\r\n"),
+                      std::string::npos);
             EXPECT_FALSE(scene.fake.files.Exists(BackupPath));
         }
     }

@@ -189,6 +189,7 @@ struct FolderCase {
     std::vector<std::wstring> files;
     const char* value;
     bool taken;
+    FileAttributes attributes = {.archive = true};
 };
 
 class DefaultFolderTest : public SettingsFileTest,
@@ -196,7 +197,7 @@ class DefaultFolderTest : public SettingsFileTest,
 
 TEST_P(DefaultFolderTest, IsTakenWhenItIsAHostFolder) {
     for (const std::wstring& name : GetParam().files)
-        files.AddFile(name);
+        files.AddFile(name, {}, GetParam().attributes);
     state.DefaultFolder = L"former";
     Given({std::string("DEFAULT=") + GetParam().value});
     EXPECT_EQ(file.ReadSetting(setting_keys::Default), GetParam().taken);
@@ -214,7 +215,10 @@ INSTANTIATE_TEST_SUITE_P(
         FolderCase{"Root", {L"C:\\ombrel.exe", L"C:\\ombrel.rc"}, "C:\\", true},
         FolderCase{
             "CurrentOfDrive", {L"C:\\Tamblin\\ombrel.exe", L"C:\\Tamblin\\ombrel.rc"}, "C:", true},
-        FolderCase{"Hidden", {L"C:\\H\\ombrel.exe", L"C:\\H\\ombrel.rc"}, "C:\\H", true},
+        FolderCase{
+            "Hidden", {L"C:\\H\\ombrel.exe", L"C:\\H\\ombrel.rc"}, "C:\\H", true, {.hidden = true}},
+        FolderCase{
+            "System", {L"C:\\H\\ombrel.exe", L"C:\\H\\ombrel.rc"}, "C:\\H", true, {.system = true}},
         FolderCase{"NoProgram", {L"C:\\H\\ombrel.rc"}, "C:\\H", false},
         FolderCase{"NoStartUpFile", {L"C:\\H\\ombrel.exe"}, "C:\\H", false},
         FolderCase{
@@ -234,9 +238,8 @@ TEST_P(ViewFolderTest, IsTakenWhenItHoldsAPlainFile) {
     Given({std::string("VIEWFOLDER=") + GetParam().value});
     EXPECT_EQ(file.ReadSetting(setting_keys::ViewFolder), GetParam().taken);
     EXPECT_EQ(state.ViewFolder, GetParam().taken ? fake.ansi.Decode(GetParam().value) : L"former");
-    EXPECT_FALSE(file.ReadSetting(setting_keys::Default)); // reading goes on
     files.AddFile(IniPath, "VERSION=Ver.0.61");
-    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version)); // reading goes on
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -251,6 +254,18 @@ INSTANTIATE_TEST_SUITE_P(
                     // Nothing stands for the current folder, which holds the settings file.
                     FolderCase{"Empty", {}, "", true},
                     FolderCase{"AFile", {L"C:\\V\\a.txt"}, "C:\\V\\a.txt", false},
+                    // Up to three characters are the beginning of the names that are looked for.
+                    FolderCase{"BeginningOfANameHere", {}, "TA", true},
+                    FolderCase{"BeginningOfNoName", {L"C:\\Tamblin\\xta"}, "ta_", false},
+                    FolderCase{"BeginningOfAFoldersName", {L"C:\\Tamblin\\sub\\x"}, "sub", false},
+                    FolderCase{"CurrentOfDrive", {}, "C:", true},
+                    FolderCase{"BeginningOnADrive", {L"C:\\Tamblin\\new"}, "C:n", true},
+                    FolderCase{"NothingOnADrive", {}, "C:n", false},
+                    FolderCase{"InAFolder", {L"C:\\Tamblin\\v\\x"}, "v\\", true},
+                    FolderCase{"InAFolderWithoutFiles", {L"C:\\Tamblin\\v\\w\\x"}, "v\\", false},
+                    FolderCase{"InTheRoot", {L"C:\\xyz"}, "\\x", true},
+                    FolderCase{"ShortWithWildcard", {}, "t*", false},
+                    FolderCase{"FourCharactersAreAFolder", {}, "tamb", false},
                     FolderCase{"NoDrive", {}, "Q:\\V\\", false},
                     FolderCase{"NoName", {}, "C:\\a?b\\", false}),
     CaseName);
@@ -264,7 +279,8 @@ TEST_F(SettingsFileTest, FoldersLoadInFileOrderAsWritten) {
 }
 
 TEST_F(SettingsFileTest, RejectedFoldersAreSkippedAndDoNotCount) {
-    GivenHosts({L"C:\\A", L"C:\\Tamblin"});
+    // A bare drive is too short a value, also where "C:\" is a host folder.
+    GivenHosts({L"C:\\A", L"C:\\Tamblin", L"C:\\"});
     files.AddFile(L"C:\\Half\\ombrel.exe");
     Given({"VMRFOLDER=C:\\Half", "VMRFOLDER=C:", "VMRFOLDER=", "VMRFOLDER=Q:\\x",
            "VMRFOLDER=C:\\a?b", "vmrfolder=C:\\A", "VMRFOLDER=C:\\A"});
@@ -501,6 +517,13 @@ TEST_F(SettingsFileTest, FormerBackupIsDeletedFirst) {
                         L"Rename C:\\Tamblin\\tamb.ini -> C:\\Tamblin\\tamb.bak"));
 }
 
+TEST_F(SettingsFileTest, BackupOfAnInterruptedSaveGoesWithTheFileThatIsWrittenAfresh) {
+    files.AddFile(BackupPath, "of an interrupted save");
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_TRUE(Ini().starts_with("# Tamblin\r\n"));
+    EXPECT_FALSE(files.Exists(BackupPath));
+}
+
 TEST_F(SettingsFileTest, TooLongALineIsNoLineTooLong) {
     const std::string longLine(100'000, 'x');
     Given({longLine, "VERSION=Ver.0.61"});
@@ -542,7 +565,10 @@ TEST_F(SettingsFileTest, NulsInValuesAreNoValues) {
         GivenBytes(key + std::string("C:\\\0x\r\nVERSION=Ver.0.61\r\n", 24));
         EXPECT_FALSE(file.ReadSetting(key)) << key;
     }
-    EXPECT_FALSE(file.ReadSetting(setting_keys::KvaOption));
+    EXPECT_FALSE(state.VersionKnown);
+    EXPECT_EQ(state.HostFolderCount, 0);
+    EXPECT_EQ(state.DefaultFolder, L"");
+    EXPECT_EQ(state.ViewFolder, L"");
 }
 
 TEST_F(SettingsFileTest, EmptyFileGetsTheFolders) {
