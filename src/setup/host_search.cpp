@@ -18,18 +18,22 @@ std::wstring Normalised(const std::wstring& folder) {
     return UpperCase(folder.substr(0, 3)) + folder.substr(std::min<size_t>(3, folder.size()));
 }
 
-bool Holds(const std::vector<std::wstring>& names, std::wstring_view name) {
-    return std::any_of(names.begin(), names.end(),
-                       [&](const std::wstring& entry) { return EqualIgnoringCase(entry, name); });
-}
-
 } // namespace
 
 // Subfolders are visited from the last to the first, so the ones still to visit are the front.
 struct HostSearch::Visit {
     std::wstring folder;
     std::vector<std::wstring> subfolders;
-    std::vector<std::wstring> files;
+    std::uint64_t files = 0;       // those that lists of files show
+    bool holdsHostProgram = false; // whatever its attributes, as for the start-up file
+    bool holdsStartUpFile = false;
+
+    void TakeFile(const FolderEntry& file) {
+        holdsHostProgram |= EqualIgnoringCase(file.name, HostProgramName);
+        holdsStartUpFile |= EqualIgnoringCase(file.name, HostStartUpFileName);
+        if (!file.attributes.hidden && !file.attributes.system)
+            ++files;
+    }
 };
 
 std::wstring SearchProgress::CounterText(std::uint64_t count) {
@@ -58,6 +62,8 @@ NextWindow HostSearch::SearchAllDrives() {
     } catch (const Abandoned&) {
         return NextWindow::Stay;
     }
+    if (onSettling)
+        onSettling();
     return Settle();
 }
 
@@ -139,25 +145,20 @@ HostSearch::Visit HostSearch::ListVisitUnguarded(const std::wstring& folder) {
     visit.folder = folder;
     for (FolderEntry& entry : platform.files.List(folder)) {
         const FileAttributes& attributes = entry.attributes;
-        if (!attributes.folder) {
-            if (!attributes.hidden && !attributes.system)
-                visit.files.push_back(std::move(entry.name));
-        } else if (!attributes.link) {
+        if (!attributes.folder)
+            visit.TakeFile(entry);
+        else if (!attributes.link)
             visit.subfolders.push_back(std::move(entry.name));
-        }
     }
     return visit;
 }
 
 void HostSearch::LookAtFiles(const Visit& visit) {
-    if (visit.files.empty())
-        return;
-    for (const std::wstring& file : visit.files) {
-        ++progress.files;
-        if (EqualIgnoringCase(file, HostProgramName) && Holds(visit.files, HostStartUpFileName))
-            TakeFound(Normalised(visit.folder));
-    }
-    ++progress.folders;
+    if (visit.holdsHostProgram && visit.holdsStartUpFile)
+        TakeFound(Normalised(visit.folder));
+    progress.files += visit.files;
+    if (visit.files > 0)
+        ++progress.folders;
 }
 
 // Only the folders registered before the search are compared. With ten in the list each find takes

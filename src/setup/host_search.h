@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,9 @@ class HostSearch {
     void Cancel() { state.SearchRunning = false; }
     // The program ends: the search does too, at the next folder visit, without another word.
     void Abandon() { abandoned = true; }
+
+    // Called when the walk is over and nothing has been said of its result yet.
+    std::function<void()> onSettling;
 
     const SearchProgress& Progress() const { return progress; }
 

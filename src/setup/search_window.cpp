@@ -30,6 +30,10 @@ Form4::Form4(Application& owner, Platform& surroundings, SettingsState& settings
                surroundings.ansi,
                surroundings.programFolder},
       search(searched, settings) {
+    // A box of the settling stands over counters that say how far the search has come.
+    search.onSettling = [this] {
+        ShowProgress();
+    };
     command1.onClick = [this] {
         Leave();
     };

@@ -232,15 +232,20 @@ TEST(HostSearch, HiddenFoldersAreSearched) {
     EXPECT_EQ(scene.state.HostFolders[1], L"C:\\a\\b");
 }
 
-TEST(HostSearch, HiddenAndSystemFilesAreNeitherCountedNorFinds) {
+// As when a folder is registered by hand: what the two files' attributes are does not matter.
+TEST(HostSearch, HiddenAndSystemFilesAreFindsAndNotCounted) {
     SearchScene scene;
     scene.files.AddFile(L"C:\\a\\ombrel.exe", {}, {.hidden = true});
     scene.files.AddFile(L"C:\\a\\ombrel.rc");
     scene.files.AddFile(L"C:\\b\\ombrel.exe");
     scene.files.AddFile(L"C:\\b\\ombrel.rc", {}, {.system = true});
+    scene.files.AddFile(L"C:\\c\\ombrel.exe", {}, {.hidden = true});
+    scene.files.AddFile(L"C:\\c\\ombrel.rc", {}, {.hidden = true});
+    scene.files.AddFile(L"C:\\d\\other", {}, {.hidden = true});
     scene.Run();
-    EXPECT_EQ(scene.state.WorkingFolderCount, 0);
+    EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\c", L"C:\\b", L"C:\\a"));
     EXPECT_EQ(scene.search.Progress().files, 2U);
+    EXPECT_EQ(scene.search.Progress().folders, 2U);
 }
 
 TEST(HostSearch, LinksAreNotDescendedInto) {
@@ -467,6 +472,18 @@ TEST_P(Settling, FirstSlotBecomesTheDefaultOnlyOnAFirstRun) {
               becomesDefault ? scene.state.HostFolders[1] : L"X:\\former");
 }
 
+TEST_P(Settling, CallsBeforeItsFirstBoxWithAllCounted) {
+    std::vector<size_t> boxesBefore;
+    std::wstring found;
+    scene.search.onSettling = [&] {
+        boxesBefore.push_back(scene.messages.shown.size());
+        found = scene.search.Progress().FoundText();
+    };
+    scene.Run();
+    EXPECT_THAT(boxesBefore, ElementsAre(0U));
+    EXPECT_EQ(found, scene.search.Progress().FoundText());
+}
+
 // Cancelled at the last folder, when all else has been found.
 TEST_P(Settling, CancelledItForgetsTheFindsAndReturnsToTheWizard) {
     scene.files.AddDrive(L"D:");
@@ -611,7 +628,12 @@ TEST_P(SearchFaults, FolderThatCannotBeListedIsGivenUpByItself) {
     EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\c", L"C:\\a"));
 }
 
-TEST_P(SearchFaults, RootThatCannotBeListedEndsTheDriverAtOnce) {
+// All but 68, with which a drive is passed over.
+class RootFaults : public SearchFaults {};
+
+INSTANTIATE_TEST_SUITE_P(Numbers, RootFaults, testing::Values(7, 52, 53, 57, 70, 71, 75, 76));
+
+TEST_P(RootFaults, EndTheDriverAtOnce) {
     Fail(ListRoot);
     scene.files.AddDrive(L"D:");
     EXPECT_EQ(scene.Run(), NextWindow::Stay);
@@ -619,7 +641,11 @@ TEST_P(SearchFaults, RootThatCannotBeListedEndsTheDriverAtOnce) {
     EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\"));
 }
 
-TEST_P(SearchFaults, DriverTrapsItsFirstAndItsLastStepToo) {
+class DriverFaults : public SearchFaults {};
+
+INSTANTIATE_TEST_SUITE_P(Numbers, DriverFaults, testing::Values(7, 52, 53, 57, 68, 70, 71, 75, 76));
+
+TEST_P(DriverFaults, AreTrappedAtItsFirstAndItsLastStepToo) {
     for (const size_t step : {ListDrives, GoBack}) {
         SCOPED_TRACE(step);
         Fail(step);
@@ -638,7 +664,7 @@ TEST(HostSearchFailure, OutOfMemoryStopsTheWholeSearch) {
     scene.files.ForgetOperations();
     scene.files.FailOperation(4, ErrorNumber::OutOfMemory); // x
     EXPECT_EQ(scene.Run(), NextWindow::SetUpWizard);
-    EXPECT_EQ(scene.messages.Texts().front(), OutOfMemoryText);
+    EXPECT_THAT(scene.messages.Texts(), ElementsAre(OutOfMemoryText, CancelledText));
     EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\", L"C:\\b", L"C:\\b\\x"));
     EXPECT_EQ(scene.state.HostFolderCount, 0);
 }

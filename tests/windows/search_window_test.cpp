@@ -59,6 +59,22 @@ TEST_F(SearchWindowTest, ItsCloseBoxCancelsIt) {
     EXPECT_EQ(Progress(), nullptr);
 }
 
+// The last folders are counted after the last yield.
+TEST_F(SearchWindowTest, ItsCountersAreUpToDateUnderTheBoxOfTheResult) {
+    state.HostFolderCount = 1;
+    state.HostFolders[1] = L"C:\\Vimora";
+    std::wstring files;
+    std::wstring folders;
+    fake.messages.onShow = [&](const auto&) {
+        files = TextOf(Find(*Progress(), ControlKind::Label, 8));
+        folders = TextOf(Find(*Progress(), ControlKind::Label, 3));
+    };
+    PressSearch();
+    ASSERT_EQ(fake.messages.shown.size(), 1u);
+    EXPECT_EQ(files, L" 20");
+    EXPECT_EQ(folders, L" 20");
+}
+
 // The failure leaves the windows as they are; the button leads on.
 TEST_F(SearchWindowTest, AfterAFailureItsButtonLeadsBackToTheWizard) {
     fake.files.ForgetOperations();
