@@ -23,7 +23,6 @@ void MainScreen::Load() {
     state.BrowseStartFolder =
         state.ViewFolder.empty() ? platform.files.CurrentFolder() : state.ViewFolder;
     RefreshLists();
-    EnableInstalledListButtons(model);
 }
 
 void MainScreen::Activate() {
@@ -35,7 +34,6 @@ void MainScreen::Activate() {
 void MainScreen::RefreshLists() {
     FillHostFolderCombo(model.combo, state);
     std::exception_ptr failure;
-    bool selectionLost = model.installed.names.FirstSelected().has_value();
     const std::wstring knownToBeUnreadable = std::exchange(unreadableFolder, {});
     try {
         RefreshInstalledList(model, state, platform);
@@ -45,8 +43,7 @@ void MainScreen::RefreshLists() {
             failure = std::current_exception();
     }
     model.browser.RebuildBrowser();
-    selectionLost = model.browser.TakeSelectionLost() || selectionLost;
-    if (selectionLost)
+    if (model.browser.TakeSelectionLost())
         ApplySelectionRules(model, state, platform);
     if (failure)
         std::rethrow_exception(failure);
@@ -58,10 +55,8 @@ void MainScreen::ComboSelected(size_t entry) {
         RefreshInstalledList(model, state, platform);
     } catch (const RunTimeError&) {
         unreadableFolder = model.combo.Text();
-        ApplySelectionRules(model, state, platform);
         throw;
     }
-    EnableInstalledListButtons(model);
 }
 
 void MainScreen::FileListClicked() {
@@ -92,7 +87,7 @@ void MainScreen::SettingsPressed() {
 
 void MainScreen::DeselectInstalledPressed() {
     model.installed.names.DeselectAll();
-    model.buttons[5] = model.buttons[7] = false;
+    DisableCharacterButtons(model);
 }
 
 void MainScreen::DeselectFilesPressed() {

@@ -33,7 +33,8 @@ void RefreshInstalledList(MainModel& model, SettingsState& state, Platform& plat
     const std::wstring hostFolder = model.combo.Text();
 
     installed.names.Clear();
-    if (hostFolder != installed.folder)
+    DisableCharacterButtons(model);
+    if (hostFolder != installed.folder || installed.outdated)
         ApplySelectionRules(model, state, platform);
     state.DefaultFolder = hostFolder;
     ListHostFolder(installed, hostFolder, platform);
@@ -42,6 +43,7 @@ void RefreshInstalledList(MainModel& model, SettingsState& state, Platform& plat
 
 void ListHostFolder(InstalledList& installed, const std::wstring& hostFolder, Platform& platform) {
     installed.folder = hostFolder;
+    installed.outdated = false;
     installed.subfolders.clear();
     installed.definitionFiles.clear();
     if (hostFolder.empty())

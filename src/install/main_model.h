@@ -19,6 +19,8 @@ struct InstalledList {
     std::wstring folder;                       // the folder listed (Dir2, File2)
     std::vector<std::wstring> subfolders;      // Dir2: names
     std::vector<std::wstring> definitionFiles; // File2: names with extension
+    // The folder is no longer what was listed: its next list counts as that of another folder.
+    bool outdated = false;
 };
 
 // Enabled states by button number, Command1 to Command14.

@@ -68,7 +68,7 @@ void EnableForFiles(MainModel& model, size_t installedCount) {
 
 void EnableForOneCharacter(MainModel& model, const std::wstring& hostFolder, Platform& platform) {
     const auto exists = [&](const std::wstring& path) {
-        return ProbeFile(platform.files, path);
+        return FindNeededFile(platform.files, path).has_value();
     };
     const std::wstring& character = model.installed.names[*model.installed.names.LastSelected()];
     if (exists(DeliveredDefinitionFile(hostFolder, character)))
@@ -93,9 +93,10 @@ std::wstring DeliveredDefinitionFile(const std::wstring& hostFolder,
     return WithBackslash(hostFolder) + character + L"\\dat\\obl\\" + character + L".obl";
 }
 
-void EnableInstalledListButtons(MainModel& model) {
-    const bool anySelected = model.installed.names.FirstSelected().has_value();
-    model.buttons[5] = model.buttons[7] = anySelected;
+void DisableCharacterButtons(MainModel& model) {
+    for (const size_t command : {4U, 5U, 7U, 11U, 13U, 14U})
+        model.buttons[command] = false;
+    model.definitionUpdateReady = false;
 }
 
 void ApplySelectionRules(MainModel& model, const SettingsState& state, Platform& platform) {

@@ -11,8 +11,9 @@ namespace tamblin {
 // the program folder current.
 void ApplySelectionRules(MainModel& model, const SettingsState& state, Platform& platform);
 
-// Command5 and Command7 alone, after a change of selection in the installed list.
-void EnableInstalledListButtons(MainModel& model);
+// What the buttons show once nothing is selected in the installed list any more: none of those that
+// need a character can be pressed.
+void DisableCharacterButtons(MainModel& model);
 
 // The README documents that a character may carry, in the order in which they are shown: paths
 // without regard to whether they exist.

@@ -16,9 +16,8 @@ void Uninstall(MainModel& model, SettingsState& state, Platform& platform) {
     if (!platform.messages.AskOkCancel(Question))
         return;
     const std::wstring base = WithBackslash(model.combo.Text());
-    // The folder is no longer what was listed: with the next list the buttons are decided anew,
-    // also when the deletion breaks off.
-    model.installed.folder.clear();
+    // Also when the deletion breaks off.
+    model.installed.outdated = true;
     const SelectionList& names = model.installed.names;
     std::wstring lastFolder;
     for (size_t index = 0; index < names.Size(); ++index) {

@@ -142,14 +142,31 @@ TEST_F(MainScreenTest, ChoiceOfAHostFolderThatIsGoneLeavesNoButtonOfTheLostSelec
     EXPECT_THAT(EnabledButtons(model), IsEmpty());
 }
 
-TEST_F(MainScreenTest, ChoiceAfterAnUninstallThatBrokeOffAppliesTheRules) {
-    main.Load();
-    Select(model.installed.names, {L"abc"});
-    main.InstalledListClicked();
-    files.DeleteTree(L"C:\\Host\\abc.obl");
-    EXPECT_EQ(ErrorOf([&] { main.UninstallPressed(); }), ErrorNumber::FileNotFound);
+class BrokenOffUninstall : public MainScreenTest {
+  protected:
+    BrokenOffUninstall() {
+        AddCharacter(files, L"C:\\Host", L"def");
+        files.AddFile(L"C:\\Host\\def\\def.txt");
+        main.Load();
+        Select(model.browser.Files(), {L"mio.lzh"});
+        Select(model.installed.names, {L"abc"});
+        main.InstalledListClicked();
+        files.DeleteTree(L"C:\\Host\\abc.obl");
+        EXPECT_EQ(ErrorOf([&] { main.UninstallPressed(); }), ErrorNumber::FileNotFound);
+    }
+};
+
+// The list behind the names is no longer what it was, so the same folder counts as another one.
+TEST_F(BrokenOffUninstall, LetsTheNextChoiceApplyTheRules) {
+    model.buttons[1] = model.buttons[9] = false;
     main.ComboSelected(0);
-    EXPECT_THAT(EnabledButtons(model), IsEmpty());
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+}
+
+TEST_F(BrokenOffUninstall, LeavesTheReadmesOfTheOtherCharactersInReach) {
+    Select(model.installed.names, {L"def"});
+    main.InstalledListClicked();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 9, 11, 13, 14));
 }
 
 // --- The combo ----------------------------------------------------------------------------------
@@ -181,6 +198,54 @@ TEST_F(MainScreenTest, SameChoiceRebuildsTheListWithoutApplyingTheRules) {
     EXPECT_THAT(EnabledButtons(model), IsEmpty());
 }
 
+// Every button that needs a character, lit and then left without one.
+class LostSelection : public MainScreenTest {
+  protected:
+    LostSelection() {
+        files.AddFile(L"C:\\Host\\abc\\abc.txt");
+        files.AddFile(L"C:\\Host\\abc\\dat\\obl\\abc.obl");
+        main.Load();
+        Select(model.browser.Files(), {L"mio.lzh"});
+        Select(model.installed.names, {L"abc"});
+        main.InstalledListClicked();
+        EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 4, 5, 7, 9, 11, 13, 14));
+        EXPECT_TRUE(model.definitionUpdateReady);
+    }
+    void ExpectNoneOfACharacter() {
+        EXPECT_THAT(SelectedEntries(model.installed.names), IsEmpty());
+        EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+        EXPECT_FALSE(model.definitionUpdateReady);
+    }
+};
+
+TEST_F(LostSelection, ByTheSameChoiceLeavesNoButtonLitThatNeedsACharacter) {
+    main.ComboSelected(0);
+    ExpectNoneOfACharacter();
+}
+
+TEST_F(LostSelection, ByAnotherChoiceLeavesNoButtonLitThatNeedsACharacter) {
+    main.ComboSelected(1);
+    ExpectNoneOfACharacter();
+}
+
+TEST_F(LostSelection, ByAFolderThatCannotBeListedLeavesNoButtonLitThatNeedsACharacter) {
+    files.DeleteTree(L"C:\\Host");
+    EXPECT_EQ(ErrorOf([&] { main.ComboSelected(0); }), ErrorNumber::PathNotFound);
+    ExpectNoneOfACharacter();
+}
+
+TEST_F(LostSelection, ByDeselectingLeavesNoButtonLitThatNeedsACharacter) {
+    main.DeselectInstalledPressed();
+    ExpectNoneOfACharacter();
+    EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
+}
+
+TEST_F(LostSelection, ByActivationLeavesNoButtonLitThatNeedsACharacter) {
+    files.DeleteTree(L"C:\\Packs"); // so that the file list keeps its own selection
+    main.Activate();
+    ExpectNoneOfACharacter();
+}
+
 // --- Lists and their buttons --------------------------------------------------------------------
 
 TEST_F(MainScreenTest, ClicksInEitherListApplyTheRules) {
@@ -200,17 +265,6 @@ TEST_F(MainScreenTest, OpeningATreeRowAppliesTheRulesToALostSelection) {
     main.TreeRowOpened(1);
     EXPECT_EQ(model.browser.ShownFolder(), L"C:\\");
     EXPECT_THAT(EnabledButtons(model), IsEmpty());
-}
-
-TEST_F(MainScreenTest, DeselectingCharactersDisablesTheirTwoButtonsOnly) {
-    main.Load();
-    Select(model.installed.names, {L"abc"});
-    Select(model.browser.Files(), {L"mio.lzh"});
-    main.InstalledListClicked();
-    main.DeselectInstalledPressed();
-    EXPECT_THAT(SelectedEntries(model.installed.names), IsEmpty());
-    EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9, 11, 13));
 }
 
 TEST_F(MainScreenTest, DeselectingFilesDisablesItsOwnButtonOnly) {

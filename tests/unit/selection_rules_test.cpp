@@ -51,8 +51,12 @@ struct RuleCase {
 class RuleTest : public SelectionRulesTest, public testing::WithParamInterface<RuleCase> {};
 
 TEST_P(RuleTest, EnablesExactly) {
-    Apply(GetParam().files, GetParam().characters);
-    EXPECT_THAT(EnabledButtons(model), ElementsAreArray(GetParam().enabled));
+    for (const bool before : {true, false}) {
+        for (const size_t command : {1U, 2U, 3U, 4U, 5U, 7U, 9U, 11U, 13U, 14U})
+            model.buttons[command] = before;
+        Apply(GetParam().files, GetParam().characters);
+        EXPECT_THAT(EnabledButtons(model), ElementsAreArray(GetParam().enabled));
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -65,7 +69,8 @@ INSTANTIATE_TEST_SUITE_P(
         RuleCase{"OneCharacter", {}, {L"abc"}, {5, 7, 11, 13}},
         RuleCase{"TwoCharacters", {}, {L"abc", L"Def"}, {5, 7}},
         RuleCase{"ArchiveAndItsCharacter", {L"abc.lzh"}, {L"abc"}, {1, 5, 7, 9, 11, 13}},
-        RuleCase{"ArchiveAndAnother", {L"abc.lzh"}, {L"Def"}, {1, 5, 7, 9, 11, 13}},
+        RuleCase{"ArchiveAndAnother", {L"abc.lzh"}, {L"ア"}, {1, 5, 7, 9, 11, 13}},
+        RuleCase{"ArchiveAndItsCharacterInOtherCase", {L"def.lzh"}, {L"Def"}, {1, 5, 7, 9, 11, 13}},
         RuleCase{"ArchiveAndTwo", {L"abc.lzh"}, {L"abc", L"Def"}, {1, 5, 7, 9}},
         RuleCase{"DefinitionAndItsCharacter", {L"ABC.OBL"}, {L"abc"}, {1, 4, 5, 7, 9, 11, 13}},
         RuleCase{"DefinitionAndAnother", {L"ABC.OBL"}, {L"Def"}, {1, 5, 7, 9, 11, 13}},
@@ -209,15 +214,22 @@ TEST_F(SelectionRulesTest, CostDoesNotGrowWithTheLists) {
     EXPECT_LE(fake.files.OperationCount(), 6U);
 }
 
-TEST_F(SelectionRulesTest, InstalledListButtonsFollowItsSelection) {
-    EnableInstalledListButtons(model);
-    EXPECT_FALSE(model.buttons[5]);
-    EXPECT_FALSE(model.buttons[7]);
-    EXPECT_TRUE(model.buttons[1]);
-    model.installed.names.Select(1);
-    EnableInstalledListButtons(model);
-    EXPECT_TRUE(model.buttons[5]);
-    EXPECT_TRUE(model.buttons[7]);
+TEST_F(SelectionRulesTest, WithoutACharacterTheButtonsThatNeedOneAreDisabled) {
+    model.definitionUpdateReady = true;
+    DisableCharacterButtons(model);
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 2, 3, 9));
+    EXPECT_FALSE(model.definitionUpdateReady);
+}
+
+// The last of a list's bits is the last of a machine word: a loop past the end reads another one.
+TEST_F(SelectionRulesTest, ListsOfSixtyFourEntriesAreReadToTheirEndAndNoFurther) {
+    std::vector<std::wstring> names(64, L"a.exe");
+    names.back() = L"z.lzh";
+    model.browser.Files().Assign(names);
+    for (size_t index = 0; index < names.size(); ++index)
+        model.browser.Files().Select(index);
+    ApplySelectionRules(model, state, fake.platform);
+    EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"z.lzh"));
 }
 
 } // namespace
