@@ -27,7 +27,7 @@ void LaunchCharacter(const MainModel& model, Platform& platform) {
     const std::wstring program = hostFolder + HostProgramName;
     for (const std::wstring& needed :
          {program, hostFolder + definitionFile, hostFolder + HostStartUpFileName})
-        if (!ProbeFile(platform.files, needed))
+        if (!FindNeededFile(platform.files, needed))
             return;
 
     platform.files.SetCurrentFolder(hostFolder);
@@ -45,7 +45,7 @@ void ShowReadme(const MainModel& model, Platform& platform) {
     const std::wstring& character = model.installed.names[*selected];
     const std::wstring characterFolder = WithBackslash(hostFolder) + character + L"\\";
     for (const std::wstring& readme : ReadmeCandidates(hostFolder, character))
-        if (ProbeFile(platform.files, readme))
+        if (FindNeededFile(platform.files, readme))
             platform.shell.Open(readme, characterFolder);
 }
 
@@ -55,7 +55,7 @@ std::optional<CharacterMenu> MenuForInstalledList(const MainModel& model, Platfo
         return std::nullopt;
     const auto readmes = ReadmeCandidates(model.combo.Text(), names[*names.FirstSelected()]);
     const bool any = std::any_of(readmes.begin(), readmes.end(), [&](const std::wstring& readme) {
-        return ProbeFile(platform.files, readme);
+        return FindNeededFile(platform.files, readme).has_value();
     });
     return CharacterMenu{.readmeEnabled = any};
 }

@@ -16,7 +16,7 @@ constexpr wchar_t DoneEnd[] = L"のアップデートが完了しました。";
 
 // The file's name as it is spelled on the disk, or nothing when there is no such file.
 std::optional<std::wstring> SpelledName(FileSystem& files, const std::wstring& path) {
-    const auto entry = FindFile(files, path);
+    const auto entry = FindNeededFile(files, path);
     return entry ? std::optional(entry->name) : std::nullopt;
 }
 

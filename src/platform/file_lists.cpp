@@ -20,21 +20,28 @@ bool FileExists(FileSystem& files, const std::wstring& path) {
     return entry && !entry->attributes.folder;
 }
 
-std::optional<FolderEntry> FindFile(FileSystem& files, const std::wstring& path) {
+bool ProbeFile(FileSystem& files, const std::wstring& path) {
+    try {
+        return FileExists(files, path);
+    } catch (const RunTimeError& error) {
+        if (error.Number() != ErrorNumber::BadFileName)
+            throw;
+        return false;
+    }
+}
+
+std::optional<FolderEntry> FindNeededFile(FileSystem& files, const std::wstring& path) {
     try {
         auto entry = files.Find(path);
         if (entry && entry->attributes.folder)
             entry.reset();
         return entry;
     } catch (const RunTimeError& error) {
-        if (error.Number() != ErrorNumber::BadFileName)
+        if (error.Number() != ErrorNumber::BadFileName &&
+            error.Number() != ErrorNumber::DiskNotReady)
             throw;
         return std::nullopt;
     }
-}
-
-bool ProbeFile(FileSystem& files, const std::wstring& path) {
-    return FindFile(files, path).has_value();
 }
 
 } // namespace tamblin

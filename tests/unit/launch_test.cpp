@@ -172,10 +172,18 @@ TEST(LaunchCharacter, VanishedHostFolderEndsItSilently) {
     EXPECT_THAT(scene.starter.started, IsEmpty());
 }
 
-TEST(LaunchCharacter, HostFolderWhoseDriveIsGoneEndsItSilently) {
+class LostDrives : public testing::TestWithParam<bool> {};
+
+INSTANTIATE_TEST_SUITE_P(LaunchCharacter, LostDrives, testing::Bool(),
+                         [](const auto& lost) { return lost.param ? "Gone" : "NotReady"; });
+
+TEST_P(LostDrives, EndItSilently) {
     MaintenanceScene scene;
     scene.ShowSelected(L"abc");
-    scene.files.RemoveDrive(L"C:");
+    if (GetParam())
+        scene.files.RemoveDrive(L"C:");
+    else
+        scene.files.SetReady(L"C:", false);
     LaunchCharacter(scene.model, scene.platform);
     ShowReadme(scene.model, scene.platform);
     EXPECT_THAT(scene.starter.started, IsEmpty());

@@ -230,6 +230,25 @@ TEST_P(DeliveredNames, AreReached) {
 INSTANTIATE_TEST_SUITE_P(UpdateDefinitionFile, DeliveredNames,
                          testing::Values(L"abc", L"a b", L"x.obl", L"表ソ能"));
 
+class LostSources : public testing::TestWithParam<bool> {};
+
+INSTANTIATE_TEST_SUITE_P(Updates, LostSources, testing::Bool(), [](const auto& lost) {
+    return lost.param ? "DriveGone" : "DriveNotReady";
+});
+
+TEST_P(LostSources, EndEitherUpdateSilently) {
+    BrowsedUpdate scene;
+    if (GetParam())
+        scene.files.RemoveDrive(L"C:");
+    else
+        scene.files.SetReady(L"C:", false);
+    UpdateHostProgram(scene.model, scene.platform);
+    scene.Run();
+    scene.model.definitionUpdateReady = true;
+    scene.Run();
+    EXPECT_THAT(scene.messages.shown, IsEmpty());
+}
+
 struct TargetRow {
     const char* name;
     void (*prepare)(MemoryFileSystem& files, const std::wstring& target);
