@@ -21,35 +21,38 @@ std::wstring DriveOf(const std::wstring& path) {
 } // namespace
 
 void FolderBrowser::RebuildBrowser() {
-    const bool treeChanged = treeChangedFlag;
-    treeChangedFlag = false;
+    const bool treeChanged = std::exchange(treeChangedFlag, false);
+    Tree former = std::exchange(tree, {});
     try {
         Rebuild(treeChanged);
+        return;
     } catch (const Cancelled&) {
         treeChangedFlag = true;
-        SelectedTreeRow = rows.empty() ? 0 : rows.size() - 1;
     } catch (const RunTimeError&) {
-        // What could be listed is shown.
+        // Nobody is told.
     }
+    // A failure leaves the tree as it was. Before there is one, what could be listed is shown.
+    if (!former.rows.empty())
+        tree = std::move(former);
 }
 
 void FolderBrowser::SelectTreeRow(size_t row) {
-    if (row < rows.size())
-        SelectedTreeRow = row;
+    if (row < tree.rows.size())
+        tree.SelectedTreeRow = row;
 }
 
 void FolderBrowser::OpenTreeRow(size_t row) {
-    if (row >= rows.size())
+    if (row >= tree.rows.size())
         return;
-    const bool isDesktopRow = rows[row].front() == DesktopCaption[0];
-    const std::wstring& target = isDesktopRow ? SpecialEntries[2] : TreePaths[row];
+    const bool isDesktopRow = tree.rows[row].front() == DesktopCaption[0];
+    const std::wstring& target = isDesktopRow ? SpecialEntries[2] : tree.TreePaths[row];
     if (target.empty())
         return;
     const std::wstring opened = WithBackslash(target);
     const std::wstring former = std::exchange(BrowseStartFolder, opened);
     treeChangedFlag = true;
     RebuildBrowser();
-    if (shownFolder != opened)
+    if (tree.folder != opened)
         BrowseStartFolder = former;
 }
 
@@ -62,17 +65,11 @@ void FolderBrowser::Rebuild(bool treeChanged) {
         BrowseStartFolder = SpecialEntries[0];
     BrowseStartFolder = WithBackslash(BrowseStartFolder);
 
-    shownListing = ListOrAsk(BrowseStartFolder);
-    shownFolder = BrowseStartFolder;
-    selectionLost = selectionLost || fileList.FirstSelected().has_value();
-    fileList.Clear();
-    rows.clear();
-    TreePaths.clear();
-    SelectedTreeRow = 0;
-
+    tree.listing = ListOrAsk(BrowseStartFolder);
+    tree.folder = BrowseStartFolder;
     AddDesktopRows(treeChanged);
     AddDriveRows();
-    FillFileList(shownListing.files);
+    FillFileList();
 }
 
 void FolderBrowser::AddDesktopRows(bool treeChanged) {
@@ -84,9 +81,9 @@ void FolderBrowser::AddDesktopRows(bool treeChanged) {
 
     const std::wstring folder = WithoutBackslash(desktop);
     AddChildRows(folder, ListOrAsk(folder).folders, L"");
-    for (size_t row = 1; row < rows.size(); ++row)
-        if (StartsWith(BrowseStartFolder, TreePaths[row] + L"\\"))
-            SelectedTreeRow = row;
+    for (size_t row = 1; row < tree.rows.size(); ++row)
+        if (StartsWith(BrowseStartFolder, tree.TreePaths[row] + L"\\"))
+            tree.SelectedTreeRow = row;
     SpecialEntries[0] = BrowseStartFolder;
     BrowseStartFolder.clear();
 }
@@ -97,9 +94,9 @@ void FolderBrowser::AddDriveRows() {
         AddRow(name, name);
         if (BrowseStartFolder.empty() || name != DriveOf(BrowseStartFolder))
             continue;
-        SelectedTreeRow = rows.size() - 1;
+        tree.SelectedTreeRow = tree.rows.size() - 1;
         if (BrowseStartFolder.size() < 4)
-            AddChildRows(name, shownListing.folders, L"");
+            AddChildRows(name, tree.listing.folders, L"");
         else
             AddAncestorRows(name, name.size() + 1, 1);
     }
@@ -123,9 +120,9 @@ void FolderBrowser::AddAncestorRows(const std::wstring& folder, size_t matched, 
         indent += LevelIndent;
     const std::wstring path = folder + L"\\" + *found;
     AddRow(indent + FolderMark + *found, path);
-    SelectedTreeRow = rows.size() - 1;
+    tree.SelectedTreeRow = tree.rows.size() - 1;
     if (end + 1 == BrowseStartFolder.size())
-        AddChildRows(path, shownListing.folders, indent);
+        AddChildRows(path, tree.listing.folders, indent);
     else
         AddAncestorRows(path, end + 1, depth + 1);
 }
@@ -137,8 +134,8 @@ void FolderBrowser::AddChildRows(const std::wstring& folder, const std::vector<s
 }
 
 void FolderBrowser::AddRow(std::wstring text, std::wstring path) {
-    rows.push_back(std::move(text));
-    TreePaths.push_back(std::move(path));
+    tree.rows.push_back(std::move(text));
+    tree.TreePaths.push_back(std::move(path));
 }
 
 void FolderBrowser::DesktopFolder() {
@@ -147,9 +144,11 @@ void FolderBrowser::DesktopFolder() {
         SpecialEntries[2] = WithBackslash(*desktop);
 }
 
-void FolderBrowser::FillFileList(const std::vector<std::wstring>& names) {
-    const std::wstring folder = WithoutBackslash(shownFolder);
-    for (const std::wstring& name : names)
+void FolderBrowser::FillFileList() {
+    selectionLost = selectionLost || fileList.FirstSelected().has_value();
+    fileList.Clear();
+    const std::wstring folder = WithoutBackslash(tree.folder);
+    for (const std::wstring& name : tree.listing.files)
         if (isOffered(name, folder))
             fileList.Add(name);
 }

@@ -24,7 +24,7 @@ class FolderBrowser {
         : platform(surroundings), BrowseStartFolder(startFolder), isOffered(std::move(filter)) {}
 
     // Builds rows, paths, files and path text anew. Asks "retry or cancel" when a drive is not
-    // ready; any other failure ends it silently with the rows built so far. Never throws.
+    // ready; "cancel" and any other failure leave all as it was. Never throws.
     void RebuildBrowser();
 
     // A click on a row of the tree; rows that are not there are left alone.
@@ -35,10 +35,10 @@ class FolderBrowser {
 
     // The folder whose files are listed, with a trailing "\", as Text1 shows it; empty before the
     // first rebuild.
-    const std::wstring& ShownFolder() const { return shownFolder; }
-    const std::vector<std::wstring>& Rows() const { return rows; }
-    const std::vector<std::wstring>& Paths() const { return TreePaths; }
-    size_t SelectedRow() const { return SelectedTreeRow; }
+    const std::wstring& ShownFolder() const { return tree.folder; }
+    const std::vector<std::wstring>& Rows() const { return tree.rows; }
+    const std::vector<std::wstring>& Paths() const { return tree.TreePaths; }
+    size_t SelectedRow() const { return tree.SelectedTreeRow; }
     SelectionList& Files() { return fileList; }
     const SelectionList& Files() const { return fileList; }
 
@@ -47,6 +47,13 @@ class FolderBrowser {
 
   private:
     struct Cancelled {};
+    struct Tree {
+        std::wstring folder; // the one whose files are listed
+        FolderListing listing;
+        std::vector<std::wstring> rows;
+        std::vector<std::wstring> TreePaths; // parallel to the rows
+        size_t SelectedTreeRow = 0;
+    };
 
     void Rebuild(bool treeChanged);
     void AddDesktopRows(bool treeChanged);
@@ -56,7 +63,7 @@ class FolderBrowser {
                       const std::wstring& indent);
     void AddRow(std::wstring text, std::wstring path);
     void DesktopFolder();
-    void FillFileList(const std::vector<std::wstring>& names);
+    void FillFileList();
     FolderListing ListOrAsk(const std::wstring& folder);
 
     Platform& platform;
@@ -66,13 +73,9 @@ class FolderBrowser {
     // [0] the browse folder parked by the desktop rows, [1] the desktop row's caption, [2] the
     // desktop folder with a trailing "\".
     std::array<std::wstring, 3> SpecialEntries;
-    std::vector<std::wstring> rows;
-    std::vector<std::wstring> TreePaths; // parallel to the rows
-    size_t SelectedTreeRow = 0;
+    Tree tree;
     bool treeChangedFlag = false;
     bool selectionLost = false;
-    std::wstring shownFolder;
-    FolderListing shownListing;
     SelectionList fileList;
 };
 

@@ -23,12 +23,11 @@ ManualFolder::ManualFolder(Platform& surroundings, SettingsState& settings)
 void ManualFolder::Load() {
     moreEnabled = !state.EditMode && state.HostFolderCount < HostFolderLimit - 1;
     treeFolder = StartFolder();
-    folderText = WithoutBackslash(treeFolder);
+    // A folder to be changed is proposed as it is registered, so that it counts as unchanged.
+    folderText = state.EditMode ? treeFolder : WithoutBackslash(treeFolder);
     browser.RebuildBrowser();
-    if (!browser.Rows().empty()) {
-        ShowTreeFolder();
+    if (!browser.Rows().empty())
         return;
-    }
     // The folder to be changed is gone, as after a move: there must be a tree to find it in.
     treeFolder = platform.programFolder;
     browser.RebuildBrowser();

@@ -193,10 +193,17 @@ TEST_F(FolderBrowserTest, DoubleClickWhileParkedOpensTheRow) {
     EXPECT_EQ(SelectedText(), L"        + two");
 }
 
-TEST_F(FolderBrowserTest, DoubleClickBelowTheRowsDoesNothing) {
+TEST_F(FolderBrowserTest, ClicksBelowTheRowsDoNothing) {
     Show(L"D:\\");
-    browser.OpenTreeRow(99);
-    EXPECT_EQ(browser.ShownFolder(), L"D:\\");
+    const size_t selected = browser.SelectedRow();
+    for (const size_t row : {browser.Rows().size(), browser.Rows().size() + 1, size_t{99}}) {
+        browser.OpenTreeRow(row);
+        EXPECT_EQ(browser.ShownFolder(), L"D:\\");
+        browser.SelectTreeRow(row);
+        EXPECT_EQ(browser.SelectedRow(), selected);
+    }
+    browser.SelectTreeRow(browser.Rows().size() - 1);
+    EXPECT_EQ(browser.SelectedRow(), browser.Rows().size() - 1);
 }
 
 TEST_F(FolderBrowserTest, RebuildTellsOnceThatItTookASelection) {
@@ -232,14 +239,59 @@ TEST_F(NotReadyDriveTest, RetryRepeatsTheStepUntilTheDriveIsReady) {
     EXPECT_EQ(browser.ShownFolder(), L"D:\\");
 }
 
-TEST_F(NotReadyDriveTest, CancelLeavesTheRowsThatAreThere) {
+TEST_F(NotReadyDriveTest, CancelLeavesTheBrowserUsable) {
     fake.messages.answer = false;
     Open(L"D:");
     EXPECT_EQ(fake.messages.shown.size(), 1U);
-    EXPECT_THAT(browser.Rows(), testing::Contains(L"D:"));
-    EXPECT_LT(browser.SelectedRow(), browser.Rows().size());
-    Open(L"C:"); // the browser is not stuck
+    Open(L"C:");
     EXPECT_EQ(browser.ShownFolder(), L"C:\\");
+}
+
+// Before there is a tree, the rows that could be listed are shown: there must be a way on.
+TEST_F(FolderBrowserTest, CancelInTheFirstRebuildShowsTheRowsBuiltSoFar) {
+    fake.messages.answer = false;
+    start = L"C:\\A\\B";
+    files.ForgetOperations();
+    files.FailOperation(3, ErrorNumber::DeviceUnavailable); // the root, on the way down
+    browser.RebuildBrowser();
+    EXPECT_EQ(fake.messages.shown.size(), 1U);
+    EXPECT_THAT(browser.Rows(), ElementsAre(Desktop, L"C:"));
+    EXPECT_EQ(SelectedText(), L"C:");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\B\\");
+    Open(L"C:");
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\");
+}
+
+// Whichever of its listings fails, and whatever the user answers: rows, highlight, path and files.
+TEST_F(FolderBrowserTest, FailureLeavesAllAsItWas) {
+    fake.messages.answer = false;
+    for (const ErrorNumber error :
+         {ErrorNumber::DeviceUnavailable, ErrorNumber::PathFileAccess, ErrorNumber::PathNotFound}) {
+        for (size_t n = 1; n <= 4; ++n) {
+            SCOPED_TRACE(n);
+            Show(L"C:\\A");
+            browser.SelectTreeRow(1);
+            files.AddFile(L"C:\\A\\kept.lzh");
+            browser.RebuildBrowser();
+            browser.SelectTreeRow(3);
+            browser.Files().Select(0);
+            browser.TakeSelectionLost();
+            const auto rows = browser.Rows();
+            const auto paths = browser.Paths();
+            files.ForgetOperations();
+            files.FailOperation(n, error);
+            Open(L"    + B"); // B, the drives, the root, A
+            ASSERT_GE(files.OperationCount(), n);
+            files.FailNothing();
+            EXPECT_EQ(browser.Rows(), rows);
+            EXPECT_EQ(browser.Paths(), paths);
+            EXPECT_EQ(browser.SelectedRow(), 3U);
+            EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\");
+            EXPECT_EQ(start, L"C:\\A\\");
+            EXPECT_THAT(SelectedEntries(browser.Files()), ElementsAre(L"kept.lzh"));
+            EXPECT_FALSE(browser.TakeSelectionLost());
+        }
+    }
 }
 
 // The former folder is listed again, and no question comes back with every activation.

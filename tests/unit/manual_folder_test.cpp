@@ -92,6 +92,20 @@ TEST(ManualFolder, InEditModeTheTreeStartsAtTheFolderToChange) {
     EXPECT_FALSE(scene.manual.MoreEnabled());
 }
 
+// Left as it is proposed, the folder counts as unchanged.
+TEST(ManualFolder, FolderToChangeIsProposedAsItIsRegistered) {
+    for (const wchar_t* spelling : {L"C:\\VMR\\", L"c:\\vmr", L"C:/VMR"}) {
+        ManualScene scene;
+        Register(scene.state, spelling);
+        scene.Edit(1);
+        scene.manual.Load();
+        EXPECT_EQ(scene.manual.FolderText(), spelling);
+        scene.manual.OkPressed(scene.manual.FolderText());
+        EXPECT_THAT(scene.messages.Texts(), ElementsAre(NotChangedText));
+        EXPECT_EQ(scene.state.HostFolders[1], spelling);
+    }
+}
+
 TEST(ManualFolder, FileListShowsTheHostFilesAlone) {
     ManualScene scene;
     for (const wchar_t* file : {L"Ombrel.EXE", L"OMBREL.RC", L"ombrel.rc.txt", L"a.lzh", L"a.obl"})
@@ -316,6 +330,20 @@ TEST(ManualFolderFaults, FailingProbeChangesNothing) {
             EXPECT_EQ(scene.state.HostFolders[1], L"C:\\r1");
             EXPECT_EQ(scene.state.EditMode, editing);
         }
+}
+
+TEST(ManualFolderFaults, FolderToChangeOnADriveThatIsNotReadyIsAskedForOnceAndStaysProposed) {
+    ManualScene scene;
+    scene.files.AddDrive(L"E:");
+    scene.files.SetReady(L"E:", false);
+    Register(scene.state, L"E:\\VMR\\");
+    scene.Edit(1);
+    scene.messages.answer = false;
+    scene.manual.Load();
+    EXPECT_THAT(scene.messages.Texts(), ElementsAre(L"ドライブの準備ができていません。"));
+    EXPECT_EQ(scene.manual.FolderText(), L"E:\\VMR\\");
+    EXPECT_EQ(scene.manual.StatusText(), L"C:\\Tamblin");
+    EXPECT_FALSE(scene.manual.Browser().Rows().empty());
 }
 
 TEST(ManualFolderFaults, UnreadableFoldersLeaveATreeToGoOnWith) {
