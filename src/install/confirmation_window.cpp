@@ -50,8 +50,11 @@ void Form7::Load() {
     command1.SetEnabled(confirmation.installNowEnabled);
 }
 
+// It has no close box. Closed by another program it goes on to install, unless there is nothing.
 bool Form7::MayClose(CloseReason reason) {
-    return reason == CloseReason::Program || confirmation.installNowEnabled;
+    if (reason == CloseReason::User && !confirmation.installNowEnabled)
+        InstallAnswer = AnswerCancel;
+    return true;
 }
 
 void Form7::Activated() {
