@@ -46,6 +46,17 @@ TEST_F(PackageStagingTest, LeftOversOfAnEarlierRunGo) {
     EXPECT_THAT(files.Snapshot(L"D:\\TAMTMP"), IsEmpty());
 }
 
+TEST_F(PackageStagingTest, HiddenOrSystemFolderOfThatNameIsEmptied) {
+    for (const FileAttributes attributes :
+         {FileAttributes{.hidden = true}, FileAttributes{.system = true}}) {
+        files.AddFile(L"D:\\TAMTMP\\old\\x");
+        files.AddFolder(L"D:\\TAMTMP", attributes);
+        Prepare();
+        EXPECT_EQ(files.CurrentFolder(), L"D:\\TAMTMP");
+        EXPECT_THAT(files.Snapshot(L"D:\\TAMTMP"), IsEmpty());
+    }
+}
+
 TEST_F(PackageStagingTest, FileOfThatNameFailsAndStays) {
     files.AddFile(L"D:\\TAMTMP", "mine");
     EXPECT_TRUE(ErrorOf([&] { Prepare(); }));
