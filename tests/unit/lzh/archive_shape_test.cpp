@@ -66,6 +66,14 @@ TEST(ArchiveShape, WhatLooksLikeAHeaderInTheProgramIsPassedOver) {
     ExpectBoth(traps + TwoFiles().Finish());
 }
 
+// Of the many dashes that a program contains only those that begin a method cost anything.
+TEST(ArchiveShape, DashesInTheProgramAreNoTraps) {
+    std::string program = "MZ";
+    while (program.size() < 100'000)
+        program += "- -l -lh -lh5 -lh5. -xy5- --------";
+    ExpectBoth(program + std::string(30, 'p') + TwoFiles().Finish());
+}
+
 TEST(ArchiveShape, EndlessTrapsEndTheSearch) {
     std::string traps = "MZ, a program";
     while (traps.size() < 3'000'000)
@@ -162,6 +170,21 @@ TEST(ArchiveShape, MethodOfAnyLettersIsNamed) {
     for (const std::string& before : {std::string(), sound}) {
         const Extraction extraction(before + unknown);
         EXPECT_EQ(extraction.result.Message(), L"b: the packing method is unknown (-arj-)");
+    }
+}
+
+TEST(ArchiveShape, LettersOfAMethodThatCannotBeShownAreReplaced) {
+    LzhEntry entry = MakeEntry(L"b", "x", "-lh0-", 1);
+    entry.packed = "x";
+    for (const char letter : {'\x1F', '\x7F', '\x80', '\xFF'}) {
+        entry.method = std::string("-lh") + letter + "-";
+        EXPECT_EQ(Extraction(LzhWriter().Add(entry).Finish()).result.Message(),
+                  L"b: the packing method is unknown (-lh?-)");
+    }
+    for (const wchar_t letter : {L' ', L'~'}) {
+        entry.method = std::string("-lh") + static_cast<char>(letter) + "-";
+        EXPECT_EQ(Extraction(LzhWriter().Add(entry).Finish()).result.Message(),
+                  std::wstring(L"b: the packing method is unknown (-lh") + letter + L"-)");
     }
 }
 

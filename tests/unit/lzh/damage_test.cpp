@@ -171,6 +171,67 @@ TEST(StaticBlock, CodeOfOneSymbolMayTakeNoBits) {
     EXPECT_EQ(Extraction(LzhWriter().Add(entry).Finish()).Bytes(L"a"), std::string(1000, 'z'));
 }
 
+struct StaticMethod {
+    const char* method;
+    unsigned distanceCount;
+    unsigned countBits;
+};
+
+// A block of one match of three bytes, all of whose codes have one symbol.
+std::string OneMatch(const StaticMethod& method, unsigned distance) {
+    BitWriter bits;
+    bits.Put(1, 16);
+    bits.Put(0, 5 + 5);
+    bits.Put(0, 9);
+    bits.Put(256, 9);
+    bits.Put(0, method.countBits);
+    bits.Put(distance, method.countBits);
+    bits.Put(0, 32);
+    return bits.Finish();
+}
+
+// A distance of more bits would reach behind the history.
+TEST(StaticBlock, OnlyDistanceHasToBeOneOfTheMethods) {
+    for (const StaticMethod& method :
+         {StaticMethod{"-lh4-", 13, 4}, StaticMethod{"-lh5-", 14, 4}, StaticMethod{"-lh6-", 16, 5},
+          StaticMethod{"-lh7-", 17, 5}, StaticMethod{"-lhx-", 21, 5}}) {
+        LzhEntry entry = MakeEntry(L"a", "   ", method.method, 2);
+        entry.packed = OneMatch(method, method.distanceCount - 1);
+        EXPECT_EQ(FailureOf(entry), LzhFailure::None) << method.method;
+        for (unsigned distance = method.distanceCount; distance < 1u << method.countBits;
+             ++distance) {
+            entry.packed = OneMatch(method, distance);
+            EXPECT_EQ(FailureOf(entry), LzhFailure::DamagedData) << method.method << distance;
+        }
+    }
+}
+
+TEST(StaticBlock, OnlySymbolAndOnlyLengthHaveToExist) {
+    for (const unsigned symbol : {509u, 510u, 511u}) {
+        BitWriter bits;
+        bits.Put(1, 16);
+        bits.Put(0, 5 + 5);
+        bits.Put(0, 9);
+        bits.Put(symbol, 9);
+        bits.Put(0, 4 + 4);
+        LzhEntry entry = MakeEntry(L"a", std::string(256, ' '), "-lh5-", 2);
+        entry.packed = bits.Finish();
+        EXPECT_EQ(FailureOf(entry), symbol == 509 ? LzhFailure::None : LzhFailure::DamagedData);
+    }
+    for (const unsigned length : {18u, 19u, 31u}) {
+        BitWriter bits;
+        bits.Put(1, 16);
+        bits.Put(0, 5);
+        bits.Put(length, 5);
+        bits.Put(0, 9);
+        bits.Put('z', 9);
+        bits.Put(0, 4 + 4);
+        LzhEntry entry = MakeEntry(L"a", "z", "-lh5-", 2);
+        entry.packed = bits.Finish();
+        EXPECT_EQ(FailureOf(entry), length == 18 ? LzhFailure::None : LzhFailure::DamagedData);
+    }
+}
+
 TEST(StaticBlock, SizeOfZeroStandsFor65536Symbols) {
     BitWriter bits;
     bits.Put(0, 16);

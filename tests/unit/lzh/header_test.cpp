@@ -190,6 +190,50 @@ TEST(Level2Header, MayLeaveItsLastTwoBytesUncounted) {
     EXPECT_EQ(extraction.Bytes(L"dir\\a.txt"), "some text");
 }
 
+TEST(Level2Header, OfOtherSystemsCountsItsLastTwoBytes) {
+    LzhEntry entry = TextEntry(2);
+    entry.headerCrc = false;
+    for (const char system : {'M', 'U', 'm', '\0', 'J', 'L'}) {
+        entry.system = system;
+        std::string archive = LzhWriter().Add(entry).Finish();
+        archive[0] = static_cast<char>(archive[0] - 2);
+        EXPECT_EQ(Extraction(archive).Failure(), LzhFailure::DamagedHeader) << system;
+    }
+}
+
+// As a medium does that fails without saying so.
+class ShortSource : public MemorySource {
+  public:
+    ShortSource(const std::string& archive, std::uint64_t firstMissing, std::size_t largestPiece)
+        : MemorySource(archive), missing(firstMissing), piece(largestPiece) {}
+    std::size_t Read(std::uint64_t offset, void* buffer, std::size_t size) override {
+        const std::uint64_t left = offset < missing ? missing - offset : 0;
+        return MemorySource::Read(offset, buffer, std::min<std::uint64_t>({size, left, piece}));
+    }
+
+  private:
+    std::uint64_t missing;
+    std::size_t piece;
+};
+
+TEST_P(HeaderLevels, EndWhereTheSourceEndsThoughItSaysMore) {
+    const std::string archive = LzhWriter().Add(TextEntry(GetParam())).Finish();
+    for (std::uint64_t missing = 22; missing < 33; ++missing) {
+        ShortSource source(archive, missing, 4096);
+        try {
+            EntryList(source).Next();
+            ADD_FAILURE() << missing;
+        } catch (const LzhError& error) {
+            EXPECT_EQ(error.Failure(), LzhFailure::Truncated) << missing;
+        }
+    }
+}
+
+TEST_P(HeaderLevels, MayComeInSmallPieces) {
+    ShortSource source(LzhWriter().Add(TextEntry(GetParam())).Finish(), ~0ull, 30);
+    EXPECT_EQ(EntryList(source).Next().value().originalSize, 9u);
+}
+
 TEST(Headers, MayBeOfMixedLevels) {
     LzhWriter writer;
     for (unsigned level = 0; level <= 3; ++level)

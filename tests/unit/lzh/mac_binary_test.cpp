@@ -65,6 +65,16 @@ TEST(MacBinary, OtherFilesAreLeftAlone) {
     EXPECT_EQ(Unpacked(wrapped, 'M', 2, "read me"), wrapped);
     EXPECT_EQ(Unpacked(wrapped, ' ', 0, "read.bin"), wrapped);
     EXPECT_EQ(Unpacked(wrapped + "more", 'm', 1, "read me"), wrapped + "more");
+    for (const std::size_t length : {0u, 64u, 65u}) {
+        const std::string unnamed = Wrapped(std::string(length, 'n'), "data", "rsrc");
+        EXPECT_EQ(Unpacked(unnamed, 'm', 1, "read me"), unnamed) << length;
+    }
+    EXPECT_EQ(Unpacked(Wrapped(std::string(63, 'n'), "data", "rsrc"), 'm', 1, "read me"), "data");
+    for (const std::size_t place : {0u, 74u, 82u}) {
+        std::string other = wrapped;
+        other[place] = 1;
+        EXPECT_EQ(Unpacked(other, 'm', 1, "read me"), other) << place;
+    }
     for (const std::size_t size : {0u, 5u, 127u, 128u, 1000u})
         EXPECT_EQ(Unpacked(std::string(size, 'x'), 'm', 1, "read me"), std::string(size, 'x'));
     EXPECT_EQ(Unpacked(std::string(1000, '\0'), 'm', 1, "read me"), std::string(1000, '\0'));

@@ -246,6 +246,52 @@ TEST(Names, NamesBeyondAllPathsAreRefusedAndShownShortened) {
     EXPECT_LT(DisplayName(header, codePages).size(), 300u);
 }
 
+TEST(Names, DotBehindTheLastSeparatorIsNoName) {
+    for (const char* name : {"dir\\.", "dir/.", "."})
+        EXPECT_THROW(FromName(name), LzhError) << name;
+    EntryHeader folder;
+    folder.method = "-lhd-";
+    folder.folder = "dir\xFF.";
+    EXPECT_EQ(PathOfEntry(folder), L"dir");
+}
+
+// Components and the separators between them.
+TEST(Names, PathsHaveUpTo259Units) {
+    const std::string folder = std::string(100, 'a') + "\\" + std::string(100, 'b') + "\\";
+    EXPECT_NO_THROW(FromName(folder + std::string(57, 'c')));
+    EXPECT_THROW(FromName(folder + std::string(58, 'c')), LzhError);
+    EXPECT_NO_THROW(FromName(std::string(255, 'a') + "\\abc"));
+    EXPECT_THROW(FromName(std::string(255, 'a') + "\\abcd"), LzhError);
+}
+
+TEST(Names, ShownOnesAreCutAt200Letters) {
+    CodePagesHere codePages;
+    EntryHeader header;
+    header.method = "-lh5-";
+    header.name = std::string(200, 'x');
+    EXPECT_EQ(DisplayName(header, codePages), std::wstring(200, L'x'));
+    for (const std::size_t size : {201u, 8192u}) {
+        header.name = std::string(size, 'x');
+        EXPECT_EQ(DisplayName(header, codePages), std::wstring(200, L'x') + L"…") << size;
+    }
+}
+
+TEST(Names, SurrogatesOfTheLastPlaneAreOneCharacter) {
+    EXPECT_EQ(FromUnicode(u"f", u"\U0010FFFF\U00010000"), L"f|\U0010FFFF\U00010000");
+    EXPECT_EQ(FromUnicode(u"f", std::u16string{char16_t{0xDC00}, u'a'}), L"f|\uFFFDuDC00a");
+    EXPECT_EQ(FromUnicode(u"f", std::u16string{char16_t{0xDBFF}, char16_t{0xE000}}),
+              L"f|\uFFFDuDBFF\uE000");
+}
+
+TEST(Names, KoreanOfTheOldKindHasBackslashesInItsCharactersToo) {
+    CodePagesHere codePages;
+    if (!codePages.Knows(1361))
+        GTEST_SKIP() << "the system does not know the code page";
+    EXPECT_EQ(FromName("\x89\x5C\\a", 1361), L"겦|a");
+    EXPECT_EQ(FromName("\x84\x5C/\xD3\x5C/\xD8\x5C/\xDE\x5C/\xE0\x5C/\xF9\x5C", 1361).find(L"||"),
+              std::wstring::npos);
+}
+
 TEST(Names, NoLetterOfAShownNameEndsTheLine) {
     EntryHeader header;
     header.method = "-lh5-";
