@@ -6,6 +6,13 @@
 #include "support/memory_file_system_parts.h"
 
 namespace tamblin {
+namespace {
+
+// What Windows' own limit of 260 leaves for a folder that is to be current: it keeps it with a "\"
+// and a NUL at the end.
+constexpr size_t longestCurrentFolder = 258;
+
+} // namespace
 
 MemoryFileSystem::MemoryFileSystem() = default;
 MemoryFileSystem::~MemoryFileSystem() = default;
@@ -176,6 +183,8 @@ void MemoryFileSystem::SetCurrentFolder(const std::wstring& folder) {
     Location location =
         Locate(folder, {ErrorNumber::DeviceUnavailable, ErrorNumber::DeviceUnavailable});
     ExistingFolder(location, ErrorNumber::PathNotFound);
+    if (InFull(folder).size() > longestCurrentFolder)
+        throw RunTimeError(ErrorNumber::PathNotFound);
     currentDrive = location.drive;
     DriveOf(location)->currentFolder = std::move(location.names);
 }

@@ -134,6 +134,14 @@ TEST_F(CopyStagedTreeTest, HostFolderThatIsALinkToAnotherDriveIsFilled) {
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
+// Nothing is tidied up after a failure: the folder whose copy failed stays current.
+TEST_F(CopyStagedTreeTest, FailedCopyStaysInTheFolderThatItHadReached) {
+    Stage(L"mio\\dat\\1");
+    files.AddFolder(L"C:\\Host\\mio");
+    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\TAMTMP\\mio");
+}
+
 // --- Notes and launcher definitions -------------------------------------------------------------
 
 TEST_F(CopyStagedTreeTest, NotesAreShownOnceTheyAreCopied) {

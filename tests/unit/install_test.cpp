@@ -264,6 +264,19 @@ TEST_F(InstallTest, WhatIsNoPackageIsListedInTheOrderOfTheFiles) {
     ExpectLists({None}, {L"a.lzh", L"b.obl", L"c.lzh", L"d.lzh （判定不能）"}, {None});
 }
 
+// The last of a list's bits is the last of a machine word: a loop past the end reads another one.
+TEST_F(InstallTest, ListsOfSixtyFourFilesAreReadToTheirEndAndNoFurther) {
+    std::vector<std::wstring> names;
+    for (int number = 100; number < 164; ++number) {
+        names.push_back(L"x" + std::to_wstring(number) + L".obl");
+        files.AddFile(L"C:\\Packs\\" + names.back());
+    }
+    scene.screen.answer = AnswerCancel;
+    Install(names);
+    EXPECT_EQ(model.browser.Files().Size(), 64U);
+    ExpectLists({None}, names, {None});
+}
+
 TEST(InstallConfirmation, NoteIsSeenOnlyWhenSomethingCannotBeInstalled) {
     EXPECT_EQ(InstallConfirmation::Note(),
               L"tambに対応した形式ではありませんでした。\r\n"

@@ -177,6 +177,19 @@ TEST_F(KavaletFileTest, FileInUseFailsAndKeepsItsContents) {
     EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,1\r\n");
 }
 
+// Being read-only keeps a file from being deleted, not from being renamed: the merge goes well
+// once, and then the former file stands in its way.
+TEST_F(KavaletFileTest, ReadOnlyFileIsMergedOnceAndThenEndsIt) {
+    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n", {.readOnly = true});
+    Merge();
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,2\r\n");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), "a,b,1\r\n");
+    EXPECT_TRUE(files.AttributesOf(L"C:\\Host\\kva.tmp").readOnly);
+    EXPECT_EQ(ErrorOf([&] { Merge(); }), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,2\r\n");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), "a,b,1\r\n");
+}
+
 TEST_F(KavaletFileTest, FullDiskKeepsTheFormerFile) {
     files.AddFile(L"C:\\Host\\kva.def", std::string(1'000, 'x') + "\r\n");
     files.SetCapacity(L"C:", 1'500);

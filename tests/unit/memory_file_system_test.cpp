@@ -82,6 +82,15 @@ TEST_F(MemoryFileSystemTest, FailureCountsOnWhenOperationsAreForgotten) {
     EXPECT_EQ(ThrownNumber([&] { files.Find(L"C:\\a"); }), 57);
 }
 
+TEST_F(MemoryFileSystemTest, FolderWithAPathBeyondTheOldLimitCannotBeCurrent) {
+    const std::wstring folder = L"C:\\" + std::wstring(250, L'f') + L"\\g";
+    files.AddFolder(folder + L"ggg");
+    files.AddFolder(folder + L"gggg");
+    files.SetCurrentFolder(folder + L"ggg");
+    EXPECT_EQ(ThrownNumber([&] { files.SetCurrentFolder(folder + L"gggg"); }), 76);
+    EXPECT_EQ(files.CurrentFolder(), folder + L"ggg");
+}
+
 TEST_F(MemoryFileSystemTest, ExclusiveLockForbidsEverythingButLooking) {
     files.AddFile(L"C:\\a", "old");
     files.Lock(L"C:\\a");

@@ -158,6 +158,21 @@ TEST_F(StagingWalkTest, ManyLevelsAreNoTrouble) {
     EXPECT_FALSE(files.Exists(Staging));
 }
 
+// Windows makes no folder current whose path is longer; with its "\\" at the end.
+TEST_F(StagingWalkTest, FolderWithALongPathIsWalkedFromTheLastThatCanBeCurrent) {
+    const std::wstring fits(247 - std::wstring(Staging).size() - 1, L'f');
+    Add(fits + L"\\g\\x");
+    Add(fits + L"f\\x");
+    files.ForgetOperations();
+    Walk();
+    EXPECT_FALSE(files.Exists(Staging));
+    size_t longest = 0;
+    for (const std::wstring& line : files.Log())
+        if (StartsWith(line, L"SetCurrentFolder "))
+            longest = std::max(longest, line.size() - std::size(L"SetCurrentFolder ") + 1);
+    EXPECT_EQ(longest, 246U);
+}
+
 TEST(DeleteStagedFile, DeletesReadOnlyFiles) {
     PlatformFake fake;
     fake.files.AddFile(L"C:\\a", "", {.readOnly = true});

@@ -163,6 +163,8 @@ INSTANTIATE_TEST_SUITE_P(
         DecisionCase{"NoVersion", "VMRFOLDER=C:\\Host\r\nDEFAULT=C:\\Host\r\n", Wizard},
         DecisionCase{"OnlyDefault", "VERSION=Ver.0.61\r\nDEFAULT=C:\\Host\r\n", Main},
         DecisionCase{"OnlyView", "VERSION=Ver.0.61\r\nVIEWFOLDER=C:\\Packs\\\r\n", Main},
+        DecisionCase{"DefaultAndView",
+                     "VERSION=Ver.0.61\r\nDEFAULT=C:\\Host\r\nVIEWFOLDER=C:\\Packs\\\r\n", Main},
         // The version alone is no reason: its result is replaced by that of the folders.
         DecisionCase{"OnlyVersion", "VERSION=Ver.0.61\r\n", Wizard},
         DecisionCase{
