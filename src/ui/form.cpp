@@ -13,7 +13,7 @@ constexpr UINT_PTR TheTimer = 1;
 constexpr int ProgramIcon = 1;
 constexpr int FirstMenuId = 9000; // above all control IDs
 
-DWORD StyleOf(FormFrame frame) {
+DWORD FrameStyleOf(FormFrame frame) {
     switch (frame) {
         case FormFrame::Resizable:
             return WS_OVERLAPPEDWINDOW;
@@ -27,6 +27,12 @@ DWORD StyleOf(FormFrame frame) {
     return 0;
 }
 
+// An owned window has no button in the task bar from which it could be brought back.
+DWORD StyleOf(FormFrame frame, HWND ownerWindow) {
+    const DWORD style = FrameStyleOf(frame) | WS_CLIPCHILDREN;
+    return ownerWindow ? style & ~static_cast<DWORD>(WS_MINIMIZEBOX) : style;
+}
+
 DWORD ExtendedStyleOf(FormFrame frame) {
     switch (frame) {
         case FormFrame::ResizableAsk:
@@ -38,16 +44,29 @@ DWORD ExtendedStyleOf(FormFrame frame) {
     }
 }
 
+// Controls that move are painted anew, not copied: in a batch one control's new place may be
+// another's old one, which is then no longer there to be copied from. Those that stay are left
+// alone.
 class MoveTogether : public Placement {
   public:
     explicit MoveTogether(size_t count) : moves(BeginDeferWindowPos(static_cast<int>(count))) {}
     ~MoveTogether() override { EndDeferWindowPos(moves); }
     void Put(HWND control, const Place& place) override {
+        if (Stands(control, place))
+            return;
         moves = DeferWindowPos(moves, control, nullptr, place.left, place.top, place.width,
-                               place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+                               place.height, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     }
 
   private:
+    static bool Stands(HWND control, const Place& place) {
+        RECT area{};
+        GetWindowRect(control, &area);
+        MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&area), 2);
+        return area.left == place.left && area.top == place.top &&
+               area.right - area.left == place.width && area.bottom - area.top == place.height;
+    }
+
     HDWP moves;
 };
 
@@ -68,6 +87,9 @@ void Form::RegisterClass(const std::wstring& name) {
     formClass.lpfnWndProc = Procedure;
     formClass.hInstance = program;
     formClass.hIcon = LoadIconW(program, MAKEINTRESOURCEW(ProgramIcon));
+    formClass.hIconSm = static_cast<HICON>(LoadImageW(program, MAKEINTRESOURCEW(ProgramIcon),
+                                                      IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
+                                                      GetSystemMetrics(SM_CYSMICON), LR_SHARED));
     formClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     formClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     formClass.lpszClassName = name.c_str();
@@ -79,10 +101,18 @@ Form::Form(Application& owner, int number, const std::wstring& title, FormFrame 
     : application(owner), ownerHandle(ownerWindow) {
     const std::wstring name = L"Tamblin.Form" + std::to_wstring(number);
     RegisterClass(name);
+    // On the monitor where the form will stand, so that it has that monitor's density from the
+    // start.
+    const HWND below = WindowBelow();
+    RECT around{};
+    const bool hasPlace = below && GetWindowRect(below, &around);
     CreateWindowExW(ExtendedStyleOf(frame), name.c_str(), title.c_str(),
-                    StyleOf(frame) | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 0, 0,
-                    ownerHandle, nullptr, GetModuleHandleW(nullptr), this);
-    SetDensity(DpiOf(handle));
+                    StyleOf(frame, ownerHandle),
+                    hasPlace ? (around.left + around.right) / 2 : CW_USEDEFAULT,
+                    hasPlace ? (around.top + around.bottom) / 2 : CW_USEDEFAULT, 0, 0, ownerHandle,
+                    nullptr, GetModuleHandleW(nullptr), this);
+    const Form* const formBelow = application.FormOf(below);
+    SetDensity(formBelow ? formBelow->dpi : DpiOf(handle));
     // Focus marks stay hidden until the keyboard is used.
     ::SendMessageW(handle, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     application.Opened(*this);
@@ -203,8 +233,10 @@ void Form::ActivationChanged(WPARAM wParam) {
 void Form::Focused() {
     const bool fromElsewhere = application.lastActive != this;
     application.lastActive = this;
-    if (fromElsewhere && !IsHeld() && !closing)
-        application.Guard([this] { Activated(); });
+    if (!fromElsewhere || IsHeld() || closing)
+        return;
+    PaintNow(); // the event may take its time
+    application.Guard([this] { Activated(); });
 }
 
 void Form::GiveFocusBack() {
@@ -341,7 +373,18 @@ Size Form::MinimumSize() const {
         title.pop_back();
         least.width = std::max(least.width, measure->Width(title) + measure->Across(70));
     }
+    // On a narrow screen texts wrap instead.
+    if (const int room = RoomOnScreen().width; least.width > room)
+        return {room, layout->HeightFor(room, *measure)};
     return least;
+}
+
+Size Form::RoomOnScreen() const {
+    const HWND below = IsWindowVisible(handle) ? nullptr : WindowBelow();
+    const RECT work = WorkAreaOf(below ? below : handle);
+    const RECT frame = FrameAround({});
+    return {static_cast<int>(work.right - work.left - (frame.right - frame.left)),
+            static_cast<int>(work.bottom - work.top - (frame.bottom - frame.top))};
 }
 
 RECT Form::FrameAround(Size clientSize) const {
@@ -361,17 +404,32 @@ void Form::Arrange() {
         layout->Arrange({0, 0, client.right, client.bottom}, *measure, together);
     }
     Arranged();
+    // Before the next size: otherwise a dragged edge leaves the picture behind.
+    PaintNow();
 }
 
-// The first time a form is shown it stands in the middle of its owner or of the screen.
+void Form::PaintNow() {
+    RedrawWindow(handle, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+// The window that the form opens over: its owner, or the form that it takes over from. Null when
+// there is none to be seen.
+HWND Form::WindowBelow() const {
+    const Form* const last = application.lastActive;
+    const HWND below = ownerHandle ? ownerHandle : last && last != this ? last->handle : nullptr;
+    return below && IsWindowVisible(below) && !IsIconic(below) ? below : nullptr;
+}
+
+// The first time a form is shown it stands in the middle of the window below it or of the screen.
 void Form::PutInPlace() {
     const RECT frame = FrameAround(FirstSize());
-    const RECT work = WorkAreaOf(ownerHandle ? ownerHandle : handle);
+    const HWND below = WindowBelow();
+    const RECT work = WorkAreaOf(below ? below : handle);
     const LONG width = std::min(frame.right - frame.left, work.right - work.left);
     const LONG height = std::min(frame.bottom - frame.top, work.bottom - work.top);
     RECT around = work;
-    if (ownerHandle)
-        GetWindowRect(ownerHandle, &around);
+    if (below)
+        GetWindowRect(below, &around);
     const LONG left = (around.left + around.right - width) / 2;
     const LONG top = (around.top + around.bottom - height) / 2;
     SetWindowPos(handle, nullptr, std::clamp(left, work.left, work.right - width),
@@ -452,6 +510,8 @@ LRESULT Form::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam)
                 application.CloseAll();
             return 0;
+        case WM_GETFONT:
+            return reinterpret_cast<LRESULT>(font);
         case WM_DPICHANGED:
             DensityChanged(LOWORD(wParam), *reinterpret_cast<RECT*>(lParam));
             return 0;
@@ -466,6 +526,10 @@ LRESULT Form::HandleSystemMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam != SIZE_MINIMIZED)
                 Arrange();
             return 0;
+        case WM_ENTERSIZEMOVE:
+        case WM_EXITSIZEMOVE:
+            beingMoved = message == WM_ENTERSIZEMOVE;
+            break;
         case WM_GETMINMAXINFO:
             KeepSizeInBounds(*reinterpret_cast<MINMAXINFO*>(lParam));
             return 0;

@@ -33,6 +33,7 @@ class Form {
     bool IsClosing() const { return closing; }
     Application& App() const { return application; }
     const TextMeasure& Measure() const { return *measure; }
+    unsigned Dpi() const { return dpi; }
 
     void Show();
     void Hide();
@@ -46,6 +47,8 @@ class Form {
     void Hold();
     void Release();
     bool IsHeld() const { return holds > 0; }
+    // The user has taken the form by its title or edge and not yet let go of it.
+    bool IsBeingMoved() const { return beingMoved; }
     // Holds a form for as long as it lives, as during the shell's own operations: these show a
     // window of the shell's and let the user act on ours meanwhile.
     class Held {
@@ -113,7 +116,8 @@ class Form {
     // One tick each so many milliseconds; no tick comes while one is being handled.
     void StartTimer(unsigned milliseconds);
     void StopTimer();
-    unsigned Dpi() const { return dpi; }
+    // The part of the screen that the form may cover when it is first shown, without its frame.
+    Size RoomOnScreen() const;
 
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -131,7 +135,9 @@ class Form {
     void SetDensity(unsigned newDpi);
     void DensityChanged(unsigned newDpi, const RECT& suggested);
     void AppearanceChanged();
+    HWND WindowBelow() const;
     void PutInPlace();
+    void PaintNow();
     void KeepSizeInBounds(MINMAXINFO& info) const;
     RECT FrameAround(Size clientSize) const;
     void KeepFocusUsable();
@@ -153,6 +159,7 @@ class Form {
     bool loaded = false;
     bool closing = false;
     bool ticking = false;
+    bool beingMoved = false;
     bool modal = false;
     std::vector<HWND> disabledByModal;
 };

@@ -1,15 +1,103 @@
 #include "ui/text_box.h"
 
+#include <algorithm>
+
+#include "ui/form.h"
+
 namespace tamblin {
+namespace {
+
+constexpr UINT_PTR CentringSubclass = 2;
+
+DWORD StyleFor(TextBox::Access access) {
+    switch (access) {
+        case TextBox::Access::Status:
+            return ES_READONLY;
+        case TextBox::Access::ReadOnly:
+            return ES_READONLY | WS_TABSTOP;
+        case TextBox::Access::Editable:
+            return WS_TABSTOP;
+    }
+    return 0;
+}
+
+} // namespace
 
 TextBox::TextBox(Form& owner, int number, Access access)
     : Control(owner, {ControlKind::Text, number}, WC_EDITW, L"",
-              ES_LEFT | ES_AUTOHSCROLL | WS_TABSTOP |
-                  (access == Access::ReadOnly ? static_cast<DWORD>(ES_READONLY) : 0u),
-              WS_EX_CLIENTEDGE) {}
+              ES_LEFT | ES_AUTOHSCROLL | StyleFor(access), WS_EX_CLIENTEDGE) {
+    SetWindowSubclass(Handle(), CentringProcedure, CentringSubclass,
+                      reinterpret_cast<DWORD_PTR>(this));
+}
 
 Size TextBox::NaturalSize(const TextMeasure& measure) const {
     return {measure.Across(60), measure.LineHeight() + measure.Down(4)};
+}
+
+void TextBox::SetFont(const TextMeasure& measure) {
+    Control::SetFont(measure);
+    SetWindowPos(Handle(), nullptr, 0, 0, 0, 0,
+                 SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The system writes a single line at the top of the client area. So the client area is one line
+// high, and what is left above and below it belongs to the frame.
+LRESULT CALLBACK TextBox::CentringProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                            UINT_PTR, DWORD_PTR data) {
+    auto* box = reinterpret_cast<TextBox*>(data);
+    switch (message) {
+        case WM_NCDESTROY:
+            RemoveWindowSubclass(window, CentringProcedure, CentringSubclass);
+            break;
+        case WM_NCCALCSIZE:
+            DefSubclassProc(window, message, wParam, lParam);
+            return box->MakeRoomAround(lParam);
+        case WM_NCPAINT: {
+            const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+            box->PaintRoomAround();
+            return result;
+        }
+        case WM_ENABLE:
+            box->PaintRoomAround();
+            break;
+        case WM_NCHITTEST:
+            return HTCLIENT; // a click beside the text is one into it
+        default:
+            break;
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+// The rectangle comes first in both forms of the message.
+LRESULT TextBox::MakeRoomAround(LPARAM lParam) {
+    RECT& client = *reinterpret_cast<RECT*>(lParam);
+    const int line = form.Measure().LineHeight();
+    const int spare = std::max(0, static_cast<int>(client.bottom - client.top) - line);
+    above = spare / 2;
+    below = spare - above;
+    client.top += above;
+    client.bottom -= below;
+    return 0;
+}
+
+void TextBox::PaintRoomAround() const {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    RECT window{};
+    GetWindowRect(Handle(), &window);
+    MapWindowPoints(Handle(), nullptr, reinterpret_cast<POINT*>(&client), 2);
+    OffsetRect(&client, -window.left, -window.top);
+    const HDC target = GetWindowDC(Handle());
+    const LONG style = GetWindowLongW(Handle(), GWL_STYLE);
+    const UINT asking = style & (ES_READONLY | WS_DISABLED) ? WM_CTLCOLORSTATIC : WM_CTLCOLOREDIT;
+    const auto brush = reinterpret_cast<HBRUSH>(::SendMessageW(form.Handle(), asking,
+                                                               reinterpret_cast<WPARAM>(target),
+                                                               reinterpret_cast<LPARAM>(Handle())));
+    const RECT top{client.left, client.top - above, client.right, client.top};
+    const RECT bottom{client.left, client.bottom, client.right, client.bottom + below};
+    FillRect(target, &top, brush);
+    FillRect(target, &bottom, brush);
+    ReleaseDC(Handle(), target);
 }
 
 } // namespace tamblin

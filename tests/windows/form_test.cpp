@@ -518,5 +518,98 @@ TEST_F(FormTest, StaysWhereItIsWhenItIsShownAgain) {
     EXPECT_EQ(window.right - window.left, 400);
 }
 
+RECT AreaOf(const Form& form) {
+    RECT area{};
+    GetWindowRect(form.Handle(), &area);
+    return area;
+}
+
+TEST_F(FormTest, OpensInTheMiddleOfTheFormThatItTakesOverFrom) {
+    auto& form = Open();
+    SetWindowPos(form.Handle(), nullptr, 700, 500, 500, 400, SWP_NOZORDER);
+    const RECT below = AreaOf(form);
+    const RECT above = AreaOf(Open(102));
+    EXPECT_NEAR(above.left + above.right, below.left + below.right, 1);
+    EXPECT_NEAR(above.top + above.bottom, below.top + below.bottom, 1);
+}
+
+TEST_F(FormTest, StaysInsideTheWorkAreaAboveAFormAtItsEdge) {
+    auto& form = Open();
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    SetWindowPos(form.Handle(), nullptr, work.right - 60, work.bottom - 60, 500, 400, SWP_NOZORDER);
+    const RECT above = AreaOf(Open(102));
+    EXPECT_EQ(above.right, work.right);
+    EXPECT_EQ(above.bottom, work.bottom);
+}
+
+TEST_F(FormTest, OpensInTheMiddleOfTheScreenWhenItTakesOverFromNone) {
+    auto& hidden = Open();
+    SetWindowPos(hidden.Handle(), nullptr, 700, 500, 500, 400, SWP_NOZORDER);
+    hidden.Hide();
+    const RECT area = AreaOf(Open(102));
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    EXPECT_NEAR(area.left + area.right, work.left + work.right, 1);
+    EXPECT_NEAR(area.top + area.bottom, work.top + work.bottom, 1);
+}
+
+// The form below knows the density of its monitor, also while the system scales the new one.
+TEST_F(FormTest, OpensWithTheDensityOfTheFormBelow) {
+    auto& form = Open();
+    MoveToDensity(form, 192);
+    PlainForm modal(application, 102, form.Handle());
+    EXPECT_EQ(modal.Measure().LineHeight(), form.Measure().LineHeight());
+    EXPECT_EQ(Open(103).Measure().LineHeight(), form.Measure().LineHeight());
+}
+
+TEST_F(FormTest, IsMinimisedOnlyWhereTheTaskBarCanBringItBack) {
+    auto& form = Open();
+    const PlainForm modal(application, 102, form.Handle());
+    const auto hasMinimiseBox = [](const Form& asked) {
+        return (GetWindowLongW(asked.Handle(), GWL_STYLE) & WS_MINIMIZEBOX) != 0;
+    };
+    EXPECT_TRUE(hasMinimiseBox(form));
+    EXPECT_FALSE(hasMinimiseBox(modal));
+}
+
+TEST_F(FormTest, HasASmallIconOfItsOwn) {
+    const auto icon = reinterpret_cast<HICON>(GetClassLongPtrW(Open().Handle(), GCLP_HICONSM));
+    ICONINFO info{};
+    ASSERT_TRUE(icon && GetIconInfo(icon, &info));
+    BITMAP colours{};
+    GetObjectW(info.hbmColor, sizeof colours, &colours);
+    EXPECT_EQ(colours.bmWidth, GetSystemMetrics(SM_CXSMICON));
+    DeleteObject(info.hbmColor);
+    DeleteObject(info.hbmMask);
+}
+
+// Text boxes
+
+TEST_F(FormTest, TextStandsInTheMiddleOfItsBoxAtEveryDensity) {
+    auto& form = Open();
+    for (const unsigned dpi : Densities) {
+        MoveToDensity(form, dpi);
+        SendMessageW(form.text.Handle(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"text"));
+        RECT box{};
+        GetWindowRect(form.text.Handle(), &box);
+        POINT first{0, GET_Y_LPARAM(SendMessageW(form.text.Handle(), EM_POSFROMCHAR, 0, 0))};
+        ClientToScreen(form.text.Handle(), &first);
+        const LONG above = first.y - box.top;
+        const LONG below = box.bottom - (first.y + form.Measure().LineHeight());
+        EXPECT_NEAR(above, below, 1) << dpi;
+        EXPECT_GT(above, 2) << dpi;
+    }
+}
+
+TEST_F(FormTest, AClickBesideTheTextOfABoxIsOneIntoIt) {
+    auto& form = Open();
+    RECT box{};
+    GetWindowRect(form.text.Handle(), &box);
+    EXPECT_EQ(
+        SendMessageW(form.text.Handle(), WM_NCHITTEST, 0, MAKELPARAM(box.left + 20, box.top + 3)),
+        HTCLIENT);
+}
+
 } // namespace
 } // namespace tamblin
