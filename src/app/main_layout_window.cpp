@@ -9,6 +9,8 @@ namespace {
 constexpr int Related = 4; // gaps, in font units
 constexpr int Unrelated = 8;
 
+constexpr int SidePerMille = 775; // of the screen's sides at first: 60 % of its area
+
 // A column of buttons, the labelled ones with their label to the right.
 class CommandColumn {
   public:
@@ -42,11 +44,13 @@ class CommandColumn {
 std::unique_ptr<LayoutItem> Form1::MakeLayout() {
     auto sides = Row();
     sides->Add(MakeInstalledSide(), 2).Gap(Unrelated + Related).Add(MakeBrowserSide(), 3);
+    // The status line has a row of its own: its texts are long.
     auto bottom = Row();
-    bottom->Add(label7).Add(text2, 1, Across::Centre).Gap(Unrelated).Add(label8);
+    bottom->Add(label7).Gap(0, 1).Add(label8);
     bottom->Add(command10, 0, Across::Centre).Gap(Related).Add(command8, 0, Across::Centre);
     auto whole = Column();
     whole->Margin(7, 7).Add(std::move(sides), 1).Gap(Unrelated).Add(std::move(bottom));
+    whole->Gap(Related).Add(text2);
     return whole;
 }
 
@@ -87,8 +91,9 @@ std::unique_ptr<LayoutItem> Form1::MakeBrowserCommands() {
 
 Size Form1::FirstSize() const {
     const Size least = MinimumSize();
-    return {std::max(least.width, Measure().Across(440)),
-            std::max(least.height, Measure().Down(260))};
+    const Size room = RoomOnScreen();
+    return {std::max(least.width, MulDiv(room.width, SidePerMille, 1000)),
+            std::max(least.height, MulDiv(room.height, SidePerMille, 1000))};
 }
 
 } // namespace tamblin

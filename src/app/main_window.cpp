@@ -63,8 +63,8 @@ void Form1::ConnectCommands() {
     };
     command6.onClick = [this] {
         screen.SettingsPressed();
-        Hide();
         handOver.Show(NextWindow::FolderManagement);
+        Hide();
     };
     command10.onClick = [this] {
         handOver.Show(NextWindow::QuickHelp);

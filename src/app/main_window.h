@@ -61,7 +61,7 @@ class Form1 : public Form, private InstallScreen {
     ComboBox combo1{*this, 1};
     PictureButton command6{*this, 6, L"設定", artwork::DrawSettings, PictureButton::Caption::Shown};
     Label label11{*this, 11, L"導入済オンブレル一覧↓"};
-    ListBox list3{*this, 3, ListBox::Selecting::Several, 16, 8};
+    ListBox list3{*this, 3, ListBox::Selecting::Several, 16, 7};
     Button command13{*this, 13, L"RUN"};
     Button command14{*this, 14, L"VIEW"};
     Label label9{*this, 9, L"README"};
@@ -73,8 +73,8 @@ class Form1 : public Form, private InstallScreen {
     Button command7{*this, 7, L"選択解除"};
     TextBox text1{*this, 1, TextBox::Access::ReadOnly};
     Label label3{*this, 3, L"すべてのフォルダ：\r\n（↓インストールするものを選択）"};
-    ListBox list1{*this, 1, ListBox::Selecting::One, 24, 5};
-    ListBox list2{*this, 2, ListBox::Selecting::Several, 24, 4};
+    ListBox list1{*this, 1, ListBox::Selecting::One, 24, 4};
+    ListBox list2{*this, 2, ListBox::Selecting::Several, 24, 3};
     PictureButton command1{*this, 1, L"インストール", artwork::DrawInstall,
                            PictureButton::Caption::Hidden};
     Label label2{*this, 2, L"インストール"};
@@ -88,7 +88,7 @@ class Form1 : public Form, private InstallScreen {
     Button command9{*this, 9, L"選択解除"};
     Label label7{*this, 7, L""};
     Label label8{*this, 8, L""};
-    TextBox text2{*this, 2, TextBox::Access::ReadOnly};
+    TextBox text2{*this, 2, TextBox::Access::Status};
     Button command10{*this, 10, L"QuickHelp"};
     PictureButton command8{*this, 8, L"終了", artwork::DrawLeave, PictureButton::Caption::Shown};
 };

@@ -3,6 +3,13 @@
 #include <algorithm>
 
 namespace tamblin {
+namespace {
+
+constexpr int Margin = 7; // font units
+constexpr int ColumnsAtFirst = 60;
+constexpr int RowsAtFirst = 5;
+
+} // namespace
 
 Form7::Form7(Application& owner, const InstallConfirmation& lists, std::int16_t& answer,
              HWND ownerWindow)
@@ -19,7 +26,6 @@ Form7::Form7(Application& owner, const InstallConfirmation& lists, std::int16_t&
     command2.onClick = [this] {
         Answer(AnswerCancel);
     };
-    SetFirstFocus(command1);
     label6.SetText(InstallConfirmation::Note());
     SetLayout(MakeLayout());
 }
@@ -30,8 +36,8 @@ std::unique_ptr<LayoutItem> Form7::MakeLayout() {
     command2.JoinWidth(buttons);
     answers->Gap(0, 1).Add(label4, 0, Across::Centre).Gap(4).Add(command1).Gap(4).Add(command2);
     auto whole = Column();
-    whole->Margin(7, 7).Add(label1).Gap(7);
-    whole->Add(label2).Gap(2).Add(list1, 2).Gap(7);
+    whole->Margin(Margin, Margin).Add(label1).Gap(7);
+    whole->Add(label2).Gap(2).Add(list1, 1).Gap(7);
     whole->Add(label3).Gap(2).Add(list2, 1).Gap(2).Add(label6).Gap(7);
     whole->Add(label7).Gap(2).Add(list3, 1).Gap(7);
     whole->Add(std::move(answers));
@@ -40,7 +46,10 @@ std::unique_ptr<LayoutItem> Form7::MakeLayout() {
 
 Size Form7::FirstSize() const {
     const Size least = MinimumSize();
-    return {std::max(least.width, Measure().Across(230)), least.height};
+    const Size room = list1.RoomFor(ColumnsAtFirst, RowsAtFirst);
+    const int more = room.height - list1.RoomFor(ColumnsAtFirst, LeastRows).height;
+    return {std::max(least.width, room.width + Measure().Across(2 * Margin)),
+            least.height + 3 * more};
 }
 
 void Form7::Load() {
@@ -48,6 +57,7 @@ void Form7::Load() {
     list2.Show(confirmation.cannotInstall);
     list3.Show(confirmation.alreadyInstalled);
     command1.SetEnabled(confirmation.installNowEnabled);
+    SetFirstFocus(confirmation.installNowEnabled ? command1 : command2);
 }
 
 // It has no close box. Closed by another program it goes on to install, unless there is nothing.
@@ -62,8 +72,7 @@ void Form7::Activated() {
 }
 
 void Form7::ReturnPressed() {
-    if (command1.IsEnabled())
-        Answer(AnswerInstall);
+    Answer(command1.IsEnabled() ? AnswerInstall : AnswerCancel);
 }
 
 void Form7::EscapePressed() {

@@ -26,18 +26,20 @@ class Form7 : public Form {
     void Answer(std::int16_t value);
     std::unique_ptr<LayoutItem> MakeLayout();
 
+    static constexpr int LeastRows = 2;
+
     const InstallConfirmation& confirmation;
     std::int16_t& InstallAnswer;
     WidthGroup buttons;
 
     Label label1{*this, 1, L"下記の要領でオンブレルをインストールします。"};
     Label label2{*this, 2, L"インストールするオンブレル"};
-    ListBox list1{*this, 1, ListBox::Selecting::One, 24, 6};
+    ListBox list1{*this, 1, ListBox::Selecting::One, 24, LeastRows};
     Label label3{*this, 3, L"tambでインストールできないもの"};
-    ListBox list2{*this, 2, ListBox::Selecting::One, 24, 3};
+    ListBox list2{*this, 2, ListBox::Selecting::One, 24, LeastRows};
     Label label6{*this, 6, L""};
     Label label7{*this, 7, L"インストール済みのもの"};
-    ListBox list3{*this, 3, ListBox::Selecting::One, 24, 3};
+    ListBox list3{*this, 3, ListBox::Selecting::One, 24, LeastRows};
     Label label4{*this, 4, L"インストール"};
     Button command1{*this, 1, L"Install Now"};
     Button command2{*this, 2, L"Cancel"};

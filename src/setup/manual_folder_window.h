@@ -7,6 +7,7 @@
 #include "ui/hand_over.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
+#include "ui/path_label.h"
 #include "ui/text_box.h"
 
 namespace tamblin {
@@ -33,7 +34,7 @@ class Form3 : public Form {
     TextBox text1{*this, 1, TextBox::Access::Editable};
     ListBox list1{*this, 1, ListBox::Selecting::One, 30, 10};
     ListBox list2{*this, 2, ListBox::Selecting::One, 14, 3};
-    Label label10{*this, 10, L""};
+    PathLabel label10{*this, 10};
     Button command1{*this, 1, L"OK"};
     Button command2{*this, 2, L"Back"};
     Label label3{*this, 3, L"１つ前に戻る"};

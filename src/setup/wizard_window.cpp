@@ -50,12 +50,12 @@ void Form2::Load() {
 // The windows stay as they are when a failure has ended the search; the way on is then the progress
 // window's.
 void Form2::Search() {
-    Hide();
     auto& progress = App().Open<Form4>(App(), platform, state);
     progress.onLeave = [this, &progress] {
         SearchEnded(progress, NextWindow::SetUpWizard);
     };
     progress.Show();
+    Hide();
     const NextWindow next = progress.Search();
     if (IsOpen() && next != NextWindow::Stay)
         SearchEnded(progress, next);

@@ -13,12 +13,22 @@ Label::Label(Form& owner, ControlName controlName, const std::wstring& text, Amp
               SS_LEFT | WS_GROUP | (ampersands == Ampersands::Plain ? SS_NOPREFIX : 0u)),
       hasMarkers(ampersands == Ampersands::Markers) {}
 
-Size Label::NaturalSize(const TextMeasure& measure) const {
+std::wstring Label::ShownText() const {
     std::wstring text = Text();
     if (hasMarkers)
         for (size_t at = text.find(L"&&"); at != std::wstring::npos; at = text.find(L"&&", at + 1))
             text.erase(at, 1);
+    return text;
+}
+
+Size Label::NaturalSize(const TextMeasure& measure) const {
+    const std::wstring text = ShownText();
     return text.empty() ? Size{0, measure.LineHeight()} : measure.Of(text);
+}
+
+int Label::HeightFor(int width, const TextMeasure& measure) const {
+    const Size natural = NaturalSize(measure);
+    return natural.width <= width ? natural.height : measure.WrappedHeight(ShownText(), width);
 }
 
 } // namespace tamblin

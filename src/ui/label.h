@@ -1,4 +1,5 @@
-// A text that the user only reads, on one or more lines. It ends the row of choices before it.
+// A text that the user only reads, on one or more lines. Where it has not its width, it wraps. It
+// ends the row of choices before it.
 #pragma once
 
 #include "ui/control.h"
@@ -15,8 +16,10 @@ class Label : public Control {
     Label(Form& owner, int number, const std::wstring& text, int index);
 
     Size NaturalSize(const TextMeasure& measure) const override;
+    int HeightFor(int width, const TextMeasure& measure) const override;
 
   private:
+    std::wstring ShownText() const;
     Label(Form& owner, ControlName controlName, const std::wstring& text, Ampersands ampersands);
 
     bool hasMarkers;

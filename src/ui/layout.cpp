@@ -55,15 +55,41 @@ Size BoxLayout::Minimum(const TextMeasure& measure) const {
             inner.height + 2 * measure.Down(marginDown)};
 }
 
-// The lengths of the children along the box, which together are `room`.
-std::vector<int> BoxLayout::ShareOut(int room, const TextMeasure& measure) const {
+// What a child needs along a box that is so wide.
+int BoxLayout::LengthOf(const Child& child, int width, const TextMeasure& measure) const {
+    const Size least = MinimumOf(child, measure);
+    if (direction == Direction::Row)
+        return least.width;
+    if (!child.item)
+        return least.height;
+    const bool fills = child.across == Across::Fill;
+    return child.item->HeightFor(fills ? width : std::min(width, least.width), measure);
+}
+
+int BoxLayout::HeightFor(int width, const TextMeasure& measure) const {
+    const int inner = width - 2 * measure.Across(marginAcross);
+    int height = 0;
+    if (direction == Direction::Column) {
+        for (const Child& child : children)
+            height += LengthOf(child, inner, measure);
+    } else {
+        const auto lengths = ShareOut({inner, 0}, measure);
+        for (size_t i = 0; i < children.size(); ++i)
+            if (children[i].item)
+                height = std::max(height, children[i].item->HeightFor(lengths[i], measure));
+    }
+    return height + 2 * measure.Down(marginDown);
+}
+
+// The lengths of the children along the box, which together are the room's.
+std::vector<int> BoxLayout::ShareOut(Size room, const TextMeasure& measure) const {
     std::vector<int> lengths;
     int weights = 0;
     for (const Child& child : children) {
-        lengths.push_back(Along(MinimumOf(child, measure)));
+        lengths.push_back(LengthOf(child, room.width, measure));
         weights += child.weight;
     }
-    int spare = room - std::accumulate(lengths.begin(), lengths.end(), 0);
+    int spare = Along(room) - std::accumulate(lengths.begin(), lengths.end(), 0);
     for (size_t i = 0; i < children.size() && weights > 0; ++i) {
         if (children[i].weight == 0)
             continue;
@@ -81,7 +107,8 @@ Place BoxLayout::PlaceOf(const Child& child, const Place& area, int offset, int 
     const int room = row ? area.height : area.width;
     const int thickness = child.across == Across::Fill
                               ? room
-                              : std::min(room, Crosswise(child.item->Minimum(measure)));
+                              : std::min(room, row ? child.item->HeightFor(length, measure)
+                                                   : child.item->Minimum(measure).width);
     int shift = 0;
     if (child.across == Across::Centre)
         shift = (room - thickness) / 2;
@@ -97,7 +124,7 @@ void BoxLayout::Arrange(const Place& place, const TextMeasure& measure, Placemen
     const int down = measure.Down(marginDown);
     const Place area{place.left + across, place.top + down, place.width - 2 * across,
                      place.height - 2 * down};
-    const auto lengths = ShareOut(Along({area.width, area.height}), measure);
+    const auto lengths = ShareOut({area.width, area.height}, measure);
     int offset = 0;
     for (size_t i = 0; i < children.size(); ++i) {
         if (children[i].item)

@@ -2,7 +2,8 @@
 // font's units (see TextMeasure), so that a layout fits every font and density.
 //
 // A box hands its children their minimum sizes and shares what is left among those with a weight,
-// in proportion. When there is less than the minimum, those with a weight shrink first.
+// in proportion. When there is less than the minimum, those with a weight shrink first. An item
+// that is made narrower may need more height: texts wrap.
 #pragma once
 
 #include <memory>
@@ -30,6 +31,8 @@ class LayoutItem {
   public:
     virtual ~LayoutItem() = default;
     virtual Size Minimum(const TextMeasure& measure) const = 0;
+    // The least height at a given width, which may be less than the minimum's.
+    virtual int HeightFor(int, const TextMeasure& measure) const { return Minimum(measure).height; }
     virtual void Arrange(const Place& place, const TextMeasure& measure, Placement& placement) = 0;
 };
 
@@ -50,6 +53,7 @@ class BoxLayout : public LayoutItem {
     BoxLayout& Margin(int acrossUnits, int downUnits);
 
     Size Minimum(const TextMeasure& measure) const override;
+    int HeightFor(int width, const TextMeasure& measure) const override;
     void Arrange(const Place& place, const TextMeasure& measure, Placement& placement) override;
 
   private:
@@ -65,7 +69,8 @@ class BoxLayout : public LayoutItem {
         return direction == Direction::Row ? size.height : size.width;
     }
     Size MinimumOf(const Child& child, const TextMeasure& measure) const;
-    std::vector<int> ShareOut(int room, const TextMeasure& measure) const;
+    int LengthOf(const Child& child, int width, const TextMeasure& measure) const;
+    std::vector<int> ShareOut(Size room, const TextMeasure& measure) const;
     Place PlaceOf(const Child& child, const Place& area, int offset, int length,
                   const TextMeasure& measure) const;
 

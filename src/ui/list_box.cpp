@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "ui/dpi.h"
 #include "ui/form.h"
 
 namespace tamblin {
@@ -11,6 +12,10 @@ DWORD StyleFor(ListBox::Selecting mode) {
     const DWORD style =
         LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
     return mode == ListBox::Selecting::Several ? style | LBS_EXTENDEDSEL : style;
+}
+
+int RowHeight(const TextMeasure& measure) {
+    return measure.LineHeight() + measure.Down(1);
 }
 
 // While one of these lives, the list does not paint, neither its rows nor its scroll bars. The list
@@ -160,14 +165,16 @@ void ListBox::ReadSelections(SelectionList& list) const {
         list.Select(row, selected[row]);
 }
 
-Size ListBox::NaturalSize(const TextMeasure& measure) const {
-    return {measure.Across(4 * minimumColumns + 12),
-            minimumRows * measure.LineHeight() + measure.Down(6)};
+Size ListBox::RoomFor(int columns, int rows) const {
+    const TextMeasure& measure = form.Measure();
+    const int border = 2 * SystemMetric(SM_CYEDGE, form.Dpi());
+    return {measure.Across(4 * columns + 2) + SystemMetric(SM_CXVSCROLL, form.Dpi()) + border,
+            rows * RowHeight(measure) + SystemMetric(SM_CYHSCROLL, form.Dpi()) + border};
 }
 
 void ListBox::SetFont(const TextMeasure& measure) {
     Control::SetFont(measure);
-    Send(LB_SETITEMHEIGHT, 0, measure.LineHeight() + measure.Down(1));
+    Send(LB_SETITEMHEIGHT, 0, RowHeight(measure));
     SetHorizontalExtent(measure);
 }
 

@@ -26,7 +26,11 @@ class ListBox : public Control {
     // The row that is selected, where the user selects one.
     std::optional<size_t> SelectedRow() const;
 
-    Size NaturalSize(const TextMeasure& measure) const override;
+    // The room in which so many characters and lines are seen, also beside both scroll bars.
+    Size RoomFor(int columns, int rows) const;
+    Size NaturalSize(const TextMeasure&) const override {
+        return RoomFor(minimumColumns, minimumRows);
+    }
     void SetFont(const TextMeasure& measure) override;
     void Notified(UINT code) override;
     bool TakeReturn() override;

@@ -25,6 +25,12 @@ class OverlayLayout : public LayoutItem {
         }
         return least;
     }
+    int HeightFor(int width, const TextMeasure& measure) const override {
+        int height = 0;
+        for (const auto& item : items)
+            height = std::max(height, item->HeightFor(width, measure));
+        return height;
+    }
     void Arrange(const Place& place, const TextMeasure& measure, Placement& placement) override {
         for (const auto& item : items)
             item->Arrange(place, measure, placement);

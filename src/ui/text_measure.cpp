@@ -1,7 +1,6 @@
 #include "ui/text_measure.h"
 
 #include <algorithm>
-#include <string>
 
 namespace tamblin {
 
@@ -37,6 +36,12 @@ Size TextMeasure::Of(std::wstring_view text) const {
             return size;
         text.remove_prefix(end + 1);
     }
+}
+
+int TextMeasure::WrappedHeight(const std::wstring& text, int width) const {
+    RECT area{0, 0, width, 0};
+    return DrawTextW(screen, text.c_str(), -1, &area,
+                     DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
 }
 
 int TextMeasure::Widest(const std::vector<std::wstring>& lines) const {

@@ -1,6 +1,7 @@
 // How much room texts take in a font, and lengths that grow with the font. Results are pixels.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -27,6 +28,8 @@ class TextMeasure {
     int Width(std::wstring_view line) const;
     // Lines end at "\n", with or without a "\r" before it. "&" counts as a plain character.
     Size Of(std::wstring_view text) const;
+    // The height of a text that wraps at a width.
+    int WrappedHeight(const std::wstring& text, int width) const;
 
     // The widest of many lines, each to within a pixel or two: the width of every character is
     // measured only once.

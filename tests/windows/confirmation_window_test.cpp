@@ -90,19 +90,30 @@ TEST_F(ConfirmationWindowTest, ReturnInstallsAndEscapeCancels) {
     EXPECT_EQ(answer, AnswerCancel);
 }
 
-TEST_F(ConfirmationWindowTest, ReturnInstallsNothingWhenThereIsNothingToInstall) {
+TEST_F(ConfirmationWindowTest, FocusAndReturnAreCancelsWhenThereIsNothingToInstall) {
     lists.installNowEnabled = false;
     ShowAnd([&](Form7& form) {
         EXPECT_FALSE(IsEnabled(Find(form, ControlKind::Command, 1)));
-        EXPECT_EQ(GetFocus(), Find(form, ControlKind::List, 1));
-        PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
-        Meanwhile([&] {
-            EXPECT_TRUE(form.IsOpen());
-            form.Close();
-            return true;
-        });
+        EXPECT_EQ(GetFocus(), Find(form, ControlKind::Command, 2));
+        PostMessageW(Find(form, ControlKind::List, 1), WM_KEYDOWN, VK_RETURN, 1);
     });
-    EXPECT_EQ(answer, 0);
+    EXPECT_EQ(answer, AnswerCancel);
+}
+
+TEST_F(ConfirmationWindowTest, ShowsFiveRowsOfSixtyColumnsInEachListAtFirst) {
+    for (SelectionList* list : {&lists.toInstall, &lists.cannotInstall, &lists.alreadyInstalled})
+        for (int entry = 0; entry < 10; ++entry)
+            list->Add(std::wstring(300, L'n'));
+    ShowAnd([&](Form7& form) {
+        for (const int number : {1, 2, 3}) {
+            const HWND list = Find(form, ControlKind::List, number);
+            RECT room{};
+            GetClientRect(list, &room);
+            EXPECT_GE(room.bottom / SendMessageW(list, LB_GETITEMHEIGHT, 0, 0), 5) << number;
+            EXPECT_GE(room.right, form.Measure().Across(4 * 60)) << number;
+        }
+        form.Close();
+    });
 }
 
 TEST_F(ConfirmationWindowTest, CancelsWhenItIsClosedWithNothingToInstall) {

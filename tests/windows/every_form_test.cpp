@@ -89,6 +89,46 @@ TEST_F(EveryFormTest, ManualFolder) {
                 elements);
 }
 
+TEST_F(EveryFormTest, ALongPathDoesNotWidenManualFolder) {
+    const auto widthOf = [](const Form& form) {
+        RECT area{};
+        GetWindowRect(form.Handle(), &area);
+        return area.right - area.left;
+    };
+    const LONG usual = widthOf(Shown<Form3>(fake.platform, state, handOver));
+    application.CloseAll();
+    std::wstring folder = L"C:";
+    for (int level = 0; level < 12; ++level)
+        folder += L"\\a folder with a rather long name";
+    fake.files.AddFolder(folder);
+    state.HostFolders[1] = folder;
+    state.EditMode = true;
+    state.EditIndex = 1;
+    Form3& form = Shown<Form3>(fake.platform, state, handOver);
+    EXPECT_NE(TextOf(Find(form, Label, 10)).find(L"rather long name"), std::wstring::npos);
+    EXPECT_EQ(widthOf(form), usual);
+}
+
+// As on 800 pixels at 144 dpi, in proportion.
+TEST_F(EveryFormTest, TextsWrapOnANarrowScreen) {
+    const auto dpi = static_cast<unsigned>(MulDiv(144, GetSystemMetrics(SM_CXSCREEN), 800));
+    MainModel model(fake.platform, state);
+    model.combo.entries = {L"C:\\Vimora"};
+    model.combo.selected = 0;
+    FolderCheck check(fake.platform);
+    check.RunCheck(model);
+    for (Form* form : std::initializer_list<Form*>{
+             &Shown<Form3>(fake.platform, state, handOver), &Shown<Form5>(state, handOver),
+             &Shown<Form8>(state, handOver), &Shown<Form11>(check, nullptr)}) {
+        MoveToDensity(*form, dpi);
+        ShrinkToMinimum(*form);
+        RECT area{};
+        GetWindowRect(form->Handle(), &area);
+        EXPECT_LE(area.right - area.left, GetSystemMetrics(SM_CXSCREEN));
+        EXPECT_EQ(CutOffCaptions(*form) + MisplacedControls(*form), "");
+    }
+}
+
 TEST_F(EveryFormTest, SearchProgress) {
     constexpr Element elements[] = {
         {Label, 1, L"Static", L"Vimoraがインストールされているフォルダを検索しています..."},

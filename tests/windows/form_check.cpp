@@ -42,11 +42,12 @@ bool ShowsItsText(const Control& control) {
     const std::wstring name = ClassOf(control.Handle());
     const DWORD style = static_cast<DWORD>(GetWindowLongW(control.Handle(), GWL_STYLE));
     if (name == L"Static")
-        return (style & SS_TYPEMASK) != SS_OWNERDRAW;
+        return (style & SS_TYPEMASK) != SS_OWNERDRAW && (style & SS_ELLIPSISMASK) == 0;
     return name == L"Button";
 }
 
-// Lines are broken at "\n" only; "&&" shows as one sign unless the control takes it literally.
+// Labels wrap at their width, other texts at "\n" only; "&&" shows as one sign unless the control
+// takes it literally.
 SIZE TextSize(const Control& control) {
     std::wstring text = control.Text();
     const HWND window = control.Handle();
@@ -56,8 +57,11 @@ SIZE TextSize(const Control& control) {
     const DWORD style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
     const bool literal = ClassOf(window) == L"Static" && (style & SS_NOPREFIX);
     RECT area{};
+    GetClientRect(window, &area);
+    const bool wraps = ClassOf(window) == L"Static";
     DrawTextW(target, text.c_str(), -1, &area,
-              DT_CALCRECT | (literal ? static_cast<UINT>(DT_NOPREFIX) : 0u));
+              DT_CALCRECT | (literal ? static_cast<UINT>(DT_NOPREFIX) : 0u) |
+                  (wraps ? static_cast<UINT>(DT_WORDBREAK) : 0u));
     SelectObject(target, former);
     ReleaseDC(window, target);
     return {area.right, area.bottom};
@@ -160,7 +164,11 @@ std::string UnreachableControls(const Form& form) {
     std::string faults;
     for (const Control* control : form.Controls()) {
         const ControlName name = control->Name();
-        const bool forReading = name.kind == ControlKind::Label || name.kind == ControlKind::Image;
+        const LONG style = GetWindowLongW(control->Handle(), GWL_STYLE);
+        const bool statusLine =
+            name.kind == ControlKind::Text && (style & ES_READONLY) && (style & WS_TABSTOP) == 0;
+        const bool forReading =
+            name.kind == ControlKind::Label || name.kind == ControlKind::Image || statusLine;
         const bool usable = !forReading && control->IsEnabled() && control->IsVisible();
         const bool byArrows = name.kind == ControlKind::Option && rows.contains(name.number);
         if (usable && !byArrows && !reached.contains(control->Handle()))

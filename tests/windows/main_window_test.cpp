@@ -114,6 +114,54 @@ TEST_F(MainWindowTest, FitsASmallScreenAtEveryDensity) {
     }
 }
 
+TEST_F(MainWindowTest, OpensOnAboutSixtyPerCentOfTheScreen) {
+    Open();
+    RECT area{};
+    GetWindowRect(form->Handle(), &area);
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    const auto sizeOf = [](const RECT& rectangle) {
+        return static_cast<double>(rectangle.right - rectangle.left) *
+               static_cast<double>(rectangle.bottom - rectangle.top);
+    };
+    EXPECT_NEAR(sizeOf(area) / sizeOf(work), 0.6, 0.05);
+}
+
+TEST_F(MainWindowTest, ItsStatusLineHasRoomForEveryText) {
+    Open();
+    for (const unsigned dpi : Densities) {
+        MoveToDensity(*form, dpi);
+        ShrinkToMinimum(*form);
+        RECT line{};
+        GetClientRect(Find(*form, ControlKind::Text, 2), &line);
+        for (size_t command = 1; command <= 14; ++command) {
+            const std::wstring text = MainScreen::StatusText(command).value_or(L"");
+            EXPECT_LE(form->Measure().Width(text) + 4, line.right) << command;
+        }
+    }
+}
+
+TEST_F(MainWindowTest, TheTabKeyLeavesTheStatusLineOut) {
+    Open();
+    HWND at = nullptr;
+    for (size_t step = 0; step < form->Controls().size(); ++step) {
+        at = GetNextDlgTabItem(form->Handle(), at, FALSE);
+        EXPECT_NE(at, Find(*form, ControlKind::Text, 2));
+    }
+}
+
+// No window of another program flashes through between the two.
+TEST_F(MainWindowTest, IsHiddenOnlyAfterTheSettingsHaveBeenShown) {
+    Open();
+    bool visibleMeanwhile = false;
+    handOver.onShow = [&] {
+        visibleMeanwhile = IsWindowVisible(form->Handle()) != 0;
+    };
+    Click(Command(6));
+    EXPECT_TRUE(visibleMeanwhile);
+    EXPECT_FALSE(IsWindowVisible(form->Handle()));
+}
+
 TEST_F(MainWindowTest, ShowsWhatIsLoaded) {
     Open();
     EXPECT_EQ(TextOf(Find(*form, ControlKind::Combo, 1)), L"C:\\Vimora");

@@ -16,7 +16,10 @@ class HandOverFake : public HandOver {
   public:
     std::vector<NextWindow> shown;
     std::optional<ErrorNumber> failure;
+    std::function<void()> onShow;
     void Show(NextWindow next) override {
+        if (onShow)
+            onShow();
         if (failure)
             throw RunTimeError(*failure);
         shown.push_back(next);
