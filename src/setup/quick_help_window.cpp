@@ -1,5 +1,8 @@
 #include "setup/quick_help_window.h"
 
+#include <algorithm>
+
+#include "ui/dpi.h"
 #include "ui/overlay_layout.h"
 
 namespace tamblin {
@@ -52,8 +55,10 @@ Form9::Links Form9::MakeTopics(int number, std::span<const HelpTopic> topics, Te
     int index = 0;
     for (const HelpTopic& topic : topics) {
         links.push_back(std::make_unique<LinkLabel>(*this, number, index++, topic.caption));
-        links.back()->onClick = [&pane, &topic] {
+        const LinkLabel* const link = links.back().get();
+        links.back()->onClick = [this, number, link, &pane, &topic] {
             pane.SetText(topic.text);
+            MarkChosen(number == 4 ? label4 : label5, link);
         };
     }
     return links;
@@ -101,6 +106,7 @@ void Form9::Load() {
 }
 
 void Form9::ShowCategory(HelpCategory category) {
+    MarkChosen(label3, label3[static_cast<size_t>(category)].get());
     SetVisible(label4, category == HelpCategory::Purposes);
     label6.SetVisible(category == HelpCategory::Purposes);
     SetVisible(label5, category == HelpCategory::Buttons);
@@ -110,6 +116,11 @@ void Form9::ShowCategory(HelpCategory category) {
     label9Program.SetVisible(category == HelpCategory::About);
     label9Origin.SetVisible(category == HelpCategory::About);
     label9Link.SetVisible(category == HelpCategory::About);
+}
+
+void Form9::MarkChosen(const Links& links, const LinkLabel* chosen) {
+    for (const auto& link : links)
+        link->SetChosen(link.get() == chosen);
 }
 
 void Form9::PointerOver(Control* control) {
@@ -139,11 +150,17 @@ void Form9::RemoraClicked() {
 }
 
 void Form9::Dock() {
-    if (!IsWindowVisible(followed) || IsIconic(followed) || IsIconic(Handle()))
+    if (!IsWindowVisible(followed) || IsIconic(followed) || IsIconic(Handle()) || IsBeingMoved())
         return;
     RECT main{};
     GetWindowRect(followed, &main);
-    SetWindowPos(Handle(), nullptr, main.right, main.top, 0, 0,
+    RECT own{};
+    GetWindowRect(Handle(), &own);
+    // Where there is no room beside the main window, as far inside as it must be to be seen whole.
+    const RECT work = WorkAreaOf(followed);
+    const LONG left = std::min(main.right, work.right - (own.right - own.left));
+    const LONG top = std::min(main.top, work.bottom - (own.bottom - own.top));
+    SetWindowPos(Handle(), nullptr, std::max(left, work.left), std::max(top, work.top), 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -32,6 +32,7 @@ class Form9 : public Form {
 
     void ShowCategory(HelpCategory category);
     void Highlight(const Control* control);
+    static void MarkChosen(const Links& links, const LinkLabel* chosen);
     void RemoraClicked();
     void Dock();
     void OpenSupportPage();

@@ -21,7 +21,12 @@ void CheckList::Show(const std::vector<std::wstring>& lines, const std::vector<b
         Send(LB_SETITEMDATA, row, ticks[row]);
     }
     Send(LB_SETCURSEL, 0);
-    const int widest = form.Measure().Widest(lines) + BoxSize() + form.Measure().Across(8);
+    shown = lines;
+    SetHorizontalExtent(form.Measure());
+}
+
+void CheckList::SetHorizontalExtent(const TextMeasure& measure) {
+    const int widest = measure.Widest(shown) + measure.LineHeight() + measure.Across(8);
     Send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest));
 }
 
@@ -33,6 +38,7 @@ Size CheckList::NaturalSize(const TextMeasure& measure) const {
 void CheckList::SetFont(const TextMeasure& measure) {
     Control::SetFont(measure);
     Send(LB_SETITEMHEIGHT, 0, measure.LineHeight() + measure.Down(3));
+    SetHorizontalExtent(measure);
 }
 
 int CheckList::BoxSize() const {
@@ -65,7 +71,11 @@ bool CheckList::Received(UINT message, WPARAM wParam, LPARAM lParam) {
         return true;
     }
     const bool clicked = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
-    if (!clicked || GET_X_LPARAM(lParam) > BoxSize() + form.Measure().Across(3))
+    SCROLLINFO scrolled{};
+    scrolled.cbSize = sizeof scrolled;
+    scrolled.fMask = SIF_POS;
+    GetScrollInfo(Handle(), SB_HORZ, &scrolled);
+    if (!clicked || GET_X_LPARAM(lParam) + scrolled.nPos > BoxSize() + form.Measure().Across(3))
         return false;
     const LRESULT hit = Send(LB_ITEMFROMPOINT, 0, lParam);
     if (HIWORD(hit) != 0)

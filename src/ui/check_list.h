@@ -26,12 +26,14 @@ class CheckList : public Control {
     bool IsTicked(size_t row) const;
     void Toggle(LRESULT row);
     int BoxSize() const;
+    void SetHorizontalExtent(const TextMeasure& measure);
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return ::SendMessageW(Handle(), message, wParam, lParam);
     }
 
     int minimumColumns;
     int minimumRows;
+    std::vector<std::wstring> shown;
 };
 
 } // namespace tamblin

@@ -23,6 +23,13 @@ void LinkLabel::SetHighlighted(bool on) {
     InvalidateRect(Handle(), nullptr, FALSE);
 }
 
+void LinkLabel::SetChosen(bool on) {
+    if (on == chosen)
+        return;
+    chosen = on;
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
 // Room for the bold form, so that nothing moves when the text lights up.
 Size LinkLabel::NaturalSize(const TextMeasure& measure) const {
     const int width = TextMeasure(boldFont).Width(Text());
@@ -54,10 +61,13 @@ bool LinkLabel::TakeReturn() {
 void LinkLabel::Draw(const DRAWITEMSTRUCT& drawing) {
     const bool focused = (drawing.itemState & ODS_FOCUS) != 0;
     const bool lit = highlighted || focused;
-    form.PaintBehind(drawing.hDC, Handle(), drawing.rcItem);
+    if (chosen)
+        FillRect(drawing.hDC, &drawing.rcItem, GetSysColorBrush(COLOR_HIGHLIGHT));
+    else
+        form.PaintBehind(drawing.hDC, Handle(), drawing.rcItem);
     const HGDIOBJ former = SelectObject(drawing.hDC, lit ? boldFont : usualFont);
     SetBkMode(drawing.hDC, TRANSPARENT);
-    SetTextColor(drawing.hDC, GetSysColor(COLOR_BTNTEXT));
+    SetTextColor(drawing.hDC, GetSysColor(chosen ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
     RECT area = drawing.rcItem;
     InflateRect(&area, -1, 0);
     DrawTextW(drawing.hDC, Text().c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);

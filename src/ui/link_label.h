@@ -1,4 +1,5 @@
-// A text that the user clicks: it turns bold under the pointer and with the keyboard's focus.
+// A text that the user clicks: it turns bold under the pointer and with the keyboard's focus. The
+// one whose text is being read is marked as chosen.
 #pragma once
 
 #include "ui/control.h"
@@ -16,6 +17,8 @@ class LinkLabel : public Control {
 
     void SetHighlighted(bool on);
     bool IsHighlighted() const { return highlighted; }
+    void SetChosen(bool on);
+    bool IsChosen() const { return chosen; }
 
     Size NaturalSize(const TextMeasure& measure) const override;
     void SetFont(const TextMeasure& measure) override;
@@ -28,6 +31,7 @@ class LinkLabel : public Control {
     HFONT usualFont = nullptr;
     HFONT boldFont = nullptr;
     bool highlighted = false;
+    bool chosen = false;
 };
 
 } // namespace tamblin

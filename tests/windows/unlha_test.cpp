@@ -11,6 +11,7 @@
 #include <functional>
 #include <thread>
 
+#include "platform/win32/lzh_progress_window.h"
 #include "platform/win32/win32_unlha.h"
 #include "support/lzh_writer.h"
 #include "support/temporary_folder.h"
@@ -20,12 +21,15 @@ namespace {
 
 std::atomic<int> paintings = 0;
 std::atomic<int> clicks = 0;
+HFONT ownersFont = nullptr;
 
 LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_PAINT)
         ++paintings;
     if (message == WM_LBUTTONDOWN)
         ++clicks;
+    if (message == WM_GETFONT)
+        return reinterpret_cast<LRESULT>(ownersFont);
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
@@ -134,6 +138,38 @@ TEST_F(UnlhaWindow, LongExtractionShowsABarAndEverythingStaysPainted) {
     EXPECT_GE(paintings, 5);
     EXPECT_EQ(clicks, 0);
     EXPECT_EQ(ProgressWindow(), nullptr);
+}
+
+// The owner's font has the density of the monitor that both stand on.
+TEST_F(UnlhaWindow, ProgressWindowGrowsWithItsOwnersFont) {
+    const auto sizeOf = [](HWND window) {
+        RECT area{};
+        GetClientRect(window, &area);
+        return area;
+    };
+    LOGFONTW description{};
+    description.lfHeight = -20;
+    ownersFont = CreateFontIndirectW(&description);
+    RECT usual{};
+    {
+        const LzhProgressWindow progress(owner);
+        usual = sizeOf(ProgressWindow());
+        const HWND label = FindWindowExW(ProgressWindow(), nullptr, L"Static", nullptr);
+        LOGFONTW shown{};
+        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)), sizeof shown,
+                   &shown);
+        EXPECT_EQ(shown.lfHeight, -20);
+    }
+    DeleteObject(ownersFont);
+    description.lfHeight = -40;
+    ownersFont = CreateFontIndirectW(&description);
+    {
+        const LzhProgressWindow progress(owner);
+        EXPECT_EQ(sizeOf(ProgressWindow()).right, 2 * usual.right);
+        EXPECT_EQ(sizeOf(ProgressWindow()).bottom, 2 * usual.bottom);
+    }
+    DeleteObject(ownersFont);
+    ownersFont = nullptr;
 }
 
 TEST_F(UnlhaWindow, PointerIsAsBeforeAfterwards) {

@@ -31,7 +31,12 @@ void RegisterOnce() {
     static_cast<void>(registered);
 }
 
-HFONT MessageFont() {
+// The font in which the owner writes, which has the density of its monitor; else the system's.
+HFONT FontLikeThatOf(HWND owner) {
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(owner, WM_GETFONT, 0, 0));
+    LOGFONTW description{};
+    if (font && GetObjectW(font, sizeof description, &description))
+        return CreateFontIndirectW(&description);
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
@@ -47,10 +52,13 @@ int HeightOf(HFONT font) {
 
 } // namespace
 
-LzhProgressWindow::LzhProgressWindow(HWND owner) : font(MessageFont()) {
+LzhProgressWindow::LzhProgressWindow(HWND owner) : font(FontLikeThatOf(owner)) {
     RegisterOnce();
-    window = CreateWindowExW(WS_EX_DLGMODALFRAME, className, L"Tamblin", WS_POPUP | WS_CAPTION, 0,
-                             0, 0, 0, owner, nullptr, GetModuleHandleW(nullptr), nullptr);
+    RECT around{};
+    GetWindowRect(owner, &around);
+    window = CreateWindowExW(WS_EX_DLGMODALFRAME, className, L"Tamblin", WS_POPUP | WS_CAPTION,
+                             around.left, around.top, 0, 0, owner, nullptr,
+                             GetModuleHandleW(nullptr), nullptr);
     AddControls((HeightOf(font) + 3) / 4);
     PlaceOver(owner);
     ShowWindow(window, SW_SHOWNOACTIVATE);
@@ -73,10 +81,17 @@ void LzhProgressWindow::AddControls(int unit) {
                           (marginUnits + textUnits + gapUnits) * unit, width, barUnits * unit,
                           window, nullptr, instance, nullptr);
     SendMessageW(bar, PBM_SETRANGE32, 0, fullBar);
-    RECT frame{0, 0, widthUnits * unit, (2 * marginUnits + textUnits + gapUnits + barUnits) * unit};
-    AdjustWindowRectEx(&frame, WS_POPUP | WS_CAPTION, FALSE, WS_EX_DLGMODALFRAME);
-    SetWindowPos(window, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetClientSize(widthUnits * unit, (2 * marginUnits + textUnits + gapUnits + barUnits) * unit);
+}
+
+// The frame has the thickness that the system gives it on this monitor.
+void LzhProgressWindow::SetClientSize(int width, int height) {
+    constexpr UINT sizeOnly = SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
+    SetWindowPos(window, nullptr, 0, 0, width, 2 * height, sizeOnly);
+    RECT client{};
+    GetClientRect(window, &client);
+    SetWindowPos(window, nullptr, 0, 0, 2 * width - client.right, 3 * height - client.bottom,
+                 sizeOnly);
 }
 
 void LzhProgressWindow::PlaceOver(HWND owner) {

@@ -18,6 +18,7 @@ class LzhProgressWindow {
 
   private:
     void AddControls(int unit);
+    void SetClientSize(int width, int height);
     void PlaceOver(HWND owner);
 
     HWND window = nullptr;
