@@ -97,13 +97,5 @@ TEST_F(QuickHelpWindowTest, StaysWhileTheMainWindowIsHiddenOrMinimised) {
     }
 }
 
-TEST_F(QuickHelpWindowTest, KeepsToTheSideOfAMaximisedMainWindow) {
-    ShowWindow(main, SW_MAXIMIZE);
-    Tick();
-    RECT area{};
-    GetWindowRect(main, &area);
-    ExpectAt({area.right, area.top});
-}
-
 } // namespace
 } // namespace tamblin
