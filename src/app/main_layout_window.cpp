@@ -16,7 +16,9 @@ class CommandColumn {
   public:
     explicit CommandColumn(WidthGroup& sameWidth) : group(sameWidth), column(Column()) {}
 
-    CommandColumn& Add(Control& button, Label* label = nullptr) {
+    // Compact, which leaves the room to the lists.
+    CommandColumn& Add(Button& button, Label* label = nullptr) {
+        button.MakeCompact();
         button.JoinWidth(group);
         auto row = Row();
         row->Add(button, 0, Across::Centre);

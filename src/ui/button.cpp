@@ -14,7 +14,7 @@ Button::Button(Form& owner, int number, const std::wstring& caption, DWORD style
 
 Size Button::NaturalSize(const TextMeasure& measure) const {
     const int width = measure.Width(Text()) + measure.Across(10);
-    return {std::max(width, measure.Across(42)), measure.Down(14)};
+    return {compact ? width : std::max(width, measure.Across(42)), measure.Down(14)};
 }
 
 void Button::Notified(UINT code) {

@@ -11,12 +11,18 @@ class Button : public Control {
 
     std::function<void()> onClick;
 
+    // No wider than the caption asks, where room is scarce.
+    void MakeCompact() { compact = true; }
+
     Size NaturalSize(const TextMeasure& measure) const override;
     void Notified(UINT code) override;
     bool TakeReturn() override;
 
   protected:
     Button(Form& owner, int number, const std::wstring& caption, DWORD style);
+
+  private:
+    bool compact = false;
 };
 
 } // namespace tamblin

@@ -50,10 +50,16 @@ DWORD ExtendedStyleOf(FormFrame frame) {
 class MoveTogether : public Placement {
   public:
     explicit MoveTogether(size_t count) : moves(BeginDeferWindowPos(static_cast<int>(count))) {}
-    ~MoveTogether() override { EndDeferWindowPos(moves); }
+    // The frames too: until all have moved, one control may stand where another one still is.
+    ~MoveTogether() override {
+        EndDeferWindowPos(moves);
+        for (const HWND control : moved)
+            RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+    }
     void Put(HWND control, const Place& place) override {
         if (Stands(control, place))
             return;
+        moved.push_back(control);
         moves = DeferWindowPos(moves, control, nullptr, place.left, place.top, place.width,
                                place.height, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     }
@@ -68,6 +74,7 @@ class MoveTogether : public Placement {
     }
 
     HDWP moves;
+    std::vector<HWND> moved;
 };
 
 bool SamePoint(POINT a, POINT b) {
