@@ -5,6 +5,7 @@ import shutil
 import pytest
 
 import lzh_packages
+from more_windows import Recorder
 from sandbox import settings
 from tamblin_app import press_keys, tab_to, wait_until
 
@@ -263,12 +264,13 @@ def test_names_in_japanese(running, machine):
     assert set(running.main.list3.entries()) == {"mikan", "yuzu", "表ソ能", "ｶﾅ"}
 
 
-def test_a_note_is_shown_after_the_install(running):
+def test_a_note_is_shown_minimised_with_focus_after_the_install(running, machine):
+    recorder = Recorder(machine)
+    recorder.clear()
     install(running, "sora.LZH")
-    wait_until(
-        lambda: [w for w in running.operator.windows() if w["text"].startswith("sora-X.txt")],
-        "the note in its program",
-    )
+    (record,) = recorder.wait_records(1)
+    assert record["command line"] == recorder.opened(HOST + "\\sora\\sora-X.txt")
+    assert record["show command"] == "2"
 
 
 HOST_KAVALET = b"# host\r\nsora,start,1\r\nother,x,1\r\n"

@@ -207,6 +207,7 @@ def wait_searching(app):
 
 @pytest.mark.parametrize("way", ["button", "close box", "escape"])
 def test_cancelling_in_the_middle_forgets_what_was_found(app, large, way):
+    make_host(large, "D:\\By hand")
     start_wizard(app)
     search(app)
     wait_searching(app)
@@ -223,9 +224,12 @@ def test_cancelling_in_the_middle_forgets_what_was_found(app, large, way):
     assert not box.has_icon()
     app.answer(CANCELLED, "OK")
     wait_only(app, app.wizard)
-    app.wizard.give_up.press()
-    app.wait_ended()
-    assert not app.has_ini()
+    app.wizard.by_hand.press()
+    manual = wait_only(app, app.manual)
+    manual.type_folder("D:\\By hand")
+    manual.ok.press()
+    wait_only(app, app.main)
+    assert_main_shows(app, "D:\\By hand", selected="D:\\By hand")
 
 
 def test_the_cancel_button_answers_at_once(app, large):
