@@ -1,11 +1,14 @@
 # clang-tidy as a test. A file is read again only when it was compiled again since: when it, a header
 # or a flag has changed.
 
-# Cross builds are read for their target, with the headers of their compiler.
+# Cross builds are read for their target, with the headers of their libraries; those of the compiler's
+# built-in functions are clang's own.
 set(tidyFlags)
 if(CMAKE_CROSSCOMPILING)
-    set(tidyFlags --extra-arg=--target=x86_64-w64-mingw32 --extra-arg=-Wno-unused-command-line-argument)
-    foreach(folder ${CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES})
+    set(tidyFlags --extra-arg=--target=x86_64-w64-mingw32)
+    set(folders ${CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES})
+    list(FILTER folders EXCLUDE REGEX "/lib/gcc/[^+]*$")
+    foreach(folder ${folders})
         list(APPEND tidyFlags --extra-arg=-isystem${folder})
     endforeach()
 endif()
@@ -16,6 +19,7 @@ function(tamblin_tidy name)
         get_target_property(sources ${target} SOURCES)
         list(FILTER sources INCLUDE REGEX "\\.cpp$")
         foreach(source ${sources})
+            cmake_path(ABSOLUTE_PATH source)
             cmake_path(RELATIVE_PATH source OUTPUT_VARIABLE file)
             set(stamp ${CMAKE_CURRENT_BINARY_DIR}/tidy/${file}.passed)
             get_filename_component(folder ${stamp} DIRECTORY)
