@@ -2,6 +2,7 @@
 
 import itertools
 import os
+import pathlib
 import signal
 import subprocess
 
@@ -12,7 +13,8 @@ from machine import MACHINES, ROOT, Machine
 from sandbox import furnish
 from tamblin_app import App, save_screenshot
 
-FAILURES = ROOT / "build" / "results" / "system-failures"
+RESULTS = pathlib.Path(os.environ.get("TAMBLIN_RESULTS", ROOT / "build" / "results"))
+FAILURES = RESULTS / "system-failures"
 numbers = itertools.count(1)
 
 

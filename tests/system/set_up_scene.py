@@ -40,9 +40,11 @@ def with_windows(app):
 
 
 class BareMachine:
-    """Fixed drives C: and D:, a removable drive F:, and the program, not started and without settings."""
+    """Fixed drives C:, D: and those in SPARE, which are empty, a removable drive F:, and the program,
+    not started and without settings."""
 
-    DRIVES = "cdf"
+    SPARE = "stuvwxyz"
+    DRIVES = "cdf" + SPARE
 
     def __init__(self):
         folder = MACHINES / f"set-up-{os.getpid()}-{next(numbers)}"

@@ -6,6 +6,8 @@ for it, and a state that does not come is an error that says what was there inst
 """
 
 import functools
+import os
+import pathlib
 import subprocess
 import time
 
@@ -394,6 +396,19 @@ class App:
 
     def running(self):
         return self.operator.running("tamblin.exe") > 0
+
+    def processor_time(self):
+        """The seconds of work that the program has done."""
+        ticks = 0
+        for process in pathlib.Path("/proc").glob("[0-9]*"):
+            try:
+                name, fields = (process / "stat").read_text().rsplit(") ", 1)
+                environment = (process / "environ").read_bytes().split(b"\0")
+            except OSError:
+                continue  # it has ended meanwhile, or is another user's
+            if name.endswith("(tamblin.exe") and f"WINEPREFIX={self.machine.prefix}".encode() in environment:
+                ticks += sum(int(field) for field in fields.split()[11:13])
+        return ticks / os.sysconf("SC_CLK_TCK")
 
     def wait_ended(self, timeout=PATIENCE):
         wait_until(lambda: not self.running(), "the program to end", timeout)

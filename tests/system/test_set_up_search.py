@@ -9,6 +9,7 @@ from set_up_scene import (  # noqa: F401
     NO_HOST,
     NOTHING_NEW,
     REGISTER_QUESTION,
+    BareMachine,
     app,
     assert_main_shows,
     bare,
@@ -186,18 +187,29 @@ def test_closing_the_choice_of_the_default_goes_on_to_the_main_window(app, machi
 
 @pytest.fixture
 def large(machine):
-    """A few thousand folders, with a host among those that are searched first."""
+    """So many folders that a search goes on until it is cancelled, with a host among those that are
+    searched first. The spare drives hold the same few thousand."""
     make_host(machine, "C:\\zzz\\Vimora")
     # Making and removing them takes longer than a test, so they only come and go.
-    aside = machine.prefix / "large"
-    if not aside.exists():
+    folders = machine.prefix / "large"
+    if not folders.exists():
         for outer in range(50):
             for inner in range(50):
-                (aside / f"{outer:02}" / f"{inner:02}").mkdir(parents=True)
-            (aside / f"{outer:02}" / "file.txt").write_bytes(b"")
-    aside.rename(machine.path("C:\\Large"))
+                (folders / f"{outer:02}" / f"{inner:02}").mkdir(parents=True)
+            (folders / f"{outer:02}" / "file.txt").write_bytes(b"")
+    drives = [machine.path(letter + ":\\") for letter in BareMachine.SPARE]
+    for drive in drives:
+        drive.rmdir()
+        drive.symlink_to(folders)
     yield machine
-    machine.path("C:\\Large").rename(aside)
+    for drive in drives:
+        empty_again(drive)
+
+
+def empty_again(drive):
+    if drive.is_symlink():
+        drive.unlink()
+        drive.mkdir()
 
 
 def wait_searching(app):
@@ -233,33 +245,41 @@ def test_cancelling_in_the_middle_forgets_what_was_found(app, large, way):
 
 
 def test_the_cancel_button_answers_at_once(app, large):
-    """Within 0.1 s beyond what this machine needs for any message box."""
+    """Within 0.1 s of work beyond what any message box takes."""
     start_wizard(app)
     app.wizard.by_hand.press()
     manual = wait_only(app, app.manual)
-    usual = app.operator.ask("press-until-message-box", manual.ok.handle)
+    usual = work_until_message_box(app, manual.ok)
     app.answer(NO_HOST, "OK")
     wait_only(app, manual).back.press()
     wait_only(app, app.wizard)
     search(app)
     wait_searching(app)
-    taken = app.operator.ask("press-until-message-box", app.search.cancel.handle)
+    taken = work_until_message_box(app, app.search.cancel)
     app.answer(CANCELLED, "OK")
     wait_only(app, app.wizard)
-    assert taken < 2 * usual + 100, f"{taken} ms, usually {usual} ms"
+    assert taken < 2 * usual + 0.1, f"{taken} s, usually {usual} s"
+
+
+def work_until_message_box(app, button):
+    """The processor time that the program takes; on a machine under load it waits besides."""
+    before = app.processor_time()
+    app.operator.ask("press-until-message-box", button.handle)
+    return app.processor_time() - before
 
 
 def test_the_counters_live_during_the_search(app, large):
     start_wizard(app)
     search(app)
     wait_searching(app)
-    assert app.search.drive.text() == "C:\\"
+    assert app.search.drive.text() in [letter + ":\\" for letter in "C" + BareMachine.SPARE.upper()]
     first = int(app.search.folder_count.text())
     wait_until(lambda: int(app.search.folder_count.text()) > first, "the folders to be counted on")
     assert app.search.folder_count.text().startswith(" ")
     wait_until(lambda: app.search.found_count.text() == "1", "the host to be found")
-    wait_only(app, app.main)
-    assert_main_shows(app, "C:\\zzz\\Vimora", selected="C:\\zzz\\Vimora")
+    app.search.cancel.press()
+    app.answer(CANCELLED, "OK")
+    wait_only(app, app.wizard)
 
 
 def test_a_search_after_a_cancelled_one_finds_everything(app, large):
@@ -269,6 +289,8 @@ def test_a_search_after_a_cancelled_one_finds_everything(app, large):
     app.search.cancel.press()
     app.answer(CANCELLED, "OK")
     wait_only(app, app.wizard)
+    for letter in BareMachine.SPARE[1:]:
+        empty_again(large.path(letter + ":\\"))
     search(app)
     wait_only(app, app.main)
     assert_main_shows(app, "C:\\zzz\\Vimora", selected="C:\\zzz\\Vimora")

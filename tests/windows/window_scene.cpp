@@ -34,7 +34,7 @@ Form* WindowScene::FormOfClass(const std::wstring& name) const {
 }
 
 bool WindowScene::PumpUntil(const std::function<bool()>& condition) {
-    const ULONGLONG end = GetTickCount64() + 2000;
+    const ULONGLONG end = GetTickCount64() + 120000;
     while (!condition()) {
         if (GetTickCount64() > end)
             return false;

@@ -35,7 +35,8 @@ class WindowScene : public testing::Test {
     // The open form of that window class, or null.
     Form* FormOfClass(const std::wstring& name) const;
 
-    // Handles events until the condition holds, or two seconds have passed.
+    // Handles events until the condition holds. False when it does not come true in two minutes,
+    // more than the most loaded machine needs.
     bool PumpUntil(const std::function<bool()>& condition);
 
     static HWND Find(const Form& form, ControlKind kind, int number, int index = 0);
