@@ -92,7 +92,7 @@ def picture(app, name, ready):
         same, previous = current == previous, current
         return same
 
-    wait_until(settled, f"{name}.png to be drawn", 5)
+    wait_until(settled, f"{name}.png to be drawn")
     print(f"  build/tour/{name}.png")
 
 

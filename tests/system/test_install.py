@@ -7,7 +7,7 @@ import pytest
 import lzh_packages
 from more_windows import Recorder
 from sandbox import settings
-from tamblin_app import press_keys, tab_to, wait_until
+from tamblin_app import tab_to, wait_until
 
 DONE = "インストールが完了しました。"
 CANCELLED = "インストールを中止しました。"
@@ -120,8 +120,7 @@ def test_cancelling_changes_nothing(running, machine):
 
 def test_escape_in_the_confirmation_cancels(running, machine):
     before = machine.tree(HOST)
-    propose(running, "futari.lzh")
-    press_keys("Escape")
+    propose(running, "futari.lzh").press_keys("Escape")
     running.answer(CANCELLED, "OK")
     running.main.wait_enabled()
     assert machine.tree(HOST) == before

@@ -76,6 +76,7 @@ def test_a_click_puts_the_folder_into_the_text(app, machine):
     manual.tree.real_click_row("  + Vimora")
     wait_until(lambda: manual.folder.text() == "C:\\Vimora", "the folder to be in the text")
     manual.press_keys("Tab")
+    wait_until(lambda: app.operator.ask("focus")["id"] != manual.tree.identity, "the tree to lose the keyboard")
     manual.ok.press()
     wait_only(app, app.main)
     assert_main_shows(app, "C:\\Vimora", selected="C:\\Vimora")
