@@ -35,7 +35,32 @@ def make_machine():
         left = Machine.__new__(Machine)
         left.prefix, left.started = SANDBOX, []
         left.remove()
-    return Machine(SANDBOX, drives="d")
+    machine = Machine(SANDBOX, drives="d")
+    dress(machine)
+    return machine
+
+
+# Text as on users' screens: smoothed, in grey, so that a picture looks alike on every screen.
+FONT = "Noto Sans CJK JP"
+FACES = ["MS UI Gothic", "MS PGothic", "MS Gothic", "Meiryo", "Meiryo UI", "Yu Gothic UI", "Segoe UI"]
+SMOOTHED = f"""Windows Registry Editor Version 5.00
+
+[HKEY_CURRENT_USER\\Control Panel\\Desktop]
+"FontSmoothing"="2"
+"FontSmoothingType"=dword:00000001
+"FontSmoothingGamma"=dword:00000578
+"FontSmoothingOrientation"=dword:00000001
+
+[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]
+{chr(10).join(f'"{face}"="{FONT}"' for face in FACES)}
+"""
+
+
+def dress(machine):
+    machine.write("C:\\smoothed.reg", SMOOTHED.encode())
+    machine.command(*machine.in_prefix("wine", "regedit", "/S", "C:\\smoothed.reg"))
+    machine.command(*machine.in_prefix("wineserver", "-w"))
+    machine.path("C:\\smoothed.reg").unlink()
 
 
 def snapshot(machine):

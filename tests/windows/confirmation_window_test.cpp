@@ -96,6 +96,11 @@ TEST_F(ConfirmationWindowTest, FocusAndReturnAreCancelsWhenThereIsNothingToInsta
         EXPECT_FALSE(IsEnabled(Find(form, ControlKind::Command, 1)));
         EXPECT_EQ(GetFocus(), Find(form, ControlKind::Command, 2));
         PostMessageW(Find(form, ControlKind::List, 1), WM_KEYDOWN, VK_RETURN, 1);
+        Meanwhile([window = form.Handle()] {
+            EXPECT_FALSE(IsWindow(window)) << "Return has done nothing";
+            PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1);
+            return true;
+        });
     });
     EXPECT_EQ(answer, AnswerCancel);
 }

@@ -573,17 +573,6 @@ TEST_F(FormTest, IsMinimisedOnlyWhereTheTaskBarCanBringItBack) {
     EXPECT_FALSE(hasMinimiseBox(modal));
 }
 
-TEST_F(FormTest, HasASmallIconOfItsOwn) {
-    const auto icon = reinterpret_cast<HICON>(GetClassLongPtrW(Open().Handle(), GCLP_HICONSM));
-    ICONINFO info{};
-    ASSERT_TRUE(icon && GetIconInfo(icon, &info));
-    BITMAP colours{};
-    GetObjectW(info.hbmColor, sizeof colours, &colours);
-    EXPECT_EQ(colours.bmWidth, GetSystemMetrics(SM_CXSMICON));
-    DeleteObject(info.hbmColor);
-    DeleteObject(info.hbmMask);
-}
-
 // Text boxes
 
 TEST_F(FormTest, TextStandsInTheMiddleOfItsBoxAtEveryDensity) {
