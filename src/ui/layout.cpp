@@ -57,13 +57,11 @@ Size BoxLayout::Minimum(const TextMeasure& measure) const {
 
 // What a child needs along a box that is so wide.
 int BoxLayout::LengthOf(const Child& child, int width, const TextMeasure& measure) const {
-    const Size least = MinimumOf(child, measure);
-    if (direction == Direction::Row)
-        return least.width;
-    if (!child.item)
-        return least.height;
-    const bool fills = child.across == Across::Fill;
-    return child.item->HeightFor(fills ? width : std::min(width, least.width), measure);
+    if (direction == Direction::Row || !child.item)
+        return Along(MinimumOf(child, measure));
+    if (child.across == Across::Fill)
+        return child.item->HeightFor(width, measure);
+    return child.item->HeightFor(std::min(width, MinimumOf(child, measure).width), measure);
 }
 
 int BoxLayout::HeightFor(int width, const TextMeasure& measure) const {

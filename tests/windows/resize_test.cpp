@@ -258,32 +258,5 @@ TEST_F(ResizeTest, PaintsEachControlAtMostOnceForASizeAndAtOnce) {
     });
 }
 
-// Of the processor, so that what else runs on the machine does not count.
-double MillisecondsOfThread() {
-    FILETIME unused{};
-    FILETIME kernel{};
-    FILETIME user{};
-    GetThreadTimes(GetCurrentThread(), &unused, &unused, &kernel, &user);
-    const auto hundredNanoseconds = [](const FILETIME& time) {
-        return static_cast<double>(time.dwHighDateTime) * 4294967296.0 + time.dwLowDateTime;
-    };
-    return (hundredNanoseconds(kernel) + hundredNanoseconds(user)) / 10000;
-}
-
-TEST_F(ResizeTest, DrawsSixtyPicturesASecondDuringADrag) {
-    ForEachForm([&](Form& form) {
-        constexpr int sizes = 40;
-        const double start = MillisecondsOfThread();
-        for (int step = 0; step < sizes; ++step) {
-            SetSize(form, 700 + step * 10, 900 - step * 5);
-            Pump();
-        }
-        const double each = (MillisecondsOfThread() - start) / sizes;
-        RecordProperty("milliseconds", std::to_string(each));
-        EXPECT_LT(each, 1000.0 / 60);
-        EXPECT_GT(each, 0.0);
-    });
-}
-
 } // namespace
 } // namespace tamblin
