@@ -78,7 +78,13 @@ void MainScreen::InstallPressed(InstallScreen& screen) {
 }
 
 void MainScreen::PrepareStagingPressed() {
-    PrepareStagingFolder(model.combo.Text(), platform);
+    const std::wstring hostFolder = model.combo.Text();
+    if (!OutsideStagingFolder({hostFolder, platform.programFolder}, hostFolder, platform))
+        return;
+    if (PrepareStagingFolder(hostFolder, platform))
+        platform.files.ReleaseFolder();
+    else
+        LeaveStagingFolder(platform);
 }
 
 void MainScreen::SettingsPressed() {

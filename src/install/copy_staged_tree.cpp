@@ -2,6 +2,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "install/copy_check.h"
 #include "install/kavalet_definitions.h"
 #include "install/package_staging.h"
 #include "install/staged_file.h"
@@ -13,46 +14,46 @@ namespace {
 class CopyingVisitor : public StagingVisitor {
   public:
     CopyingVisitor(std::wstring staging, std::wstring host, const SettingsState& settings,
-                   Platform& surroundings)
+                   Platform& surroundings, std::set<std::wstring> filesAlreadyThere)
         : stagingFolder(std::move(staging)),
           hostFolder(std::move(host)),
           state(settings),
-          platform(surroundings) {}
+          platform(surroundings),
+          alreadyThere(std::move(filesAlreadyThere)) {}
 
+    // An earlier install that broke off may have left the folder, and this one completes it.
     void EnterFolder(const std::wstring& folder) override {
-        platform.files.MakeFolder(WithoutBackslash(hostFolder + folder));
+        const std::wstring target = WithoutBackslash(hostFolder + folder);
+        try {
+            platform.files.MakeFolder(target);
+        } catch (const RunTimeError&) {
+            const auto present = platform.files.Find(target);
+            if (!present || !present->attributes.folder)
+                throw;
+        }
     }
 
     void TakeFile(const std::wstring& folder, const std::wstring& name) override {
         const bool atRoot = folder.empty();
         const std::wstring staged = stagingFolder + folder + name;
         const std::wstring target = hostFolder + folder + name;
-        if (!atRoot || EndsWithIgnoringCase(name, L".obl"))
-            Move(staged, target);
+        const bool isCopied = !atRoot || EndsWithIgnoringCase(name, L".obl");
+        if (isCopied && !alreadyThere.contains(folder + name))
+            platform.files.Replace(staged, target);
         else
             DeleteStagedFile(staged, platform.files);
         if (EndsWithIgnoringCase(name, L"-X.txt"))
             platform.starter.ShowMinimised(target);
-        if (EqualIgnoringCase(name, L"KVA.DEF") && state.KvaOption == L"ON" && !atRoot)
+        if (MergesDefinitions(folder, name, state))
             MergeKavaletDefinitions(name, target, hostFolder, platform);
     }
 
   private:
-    // Both are on one drive, so nothing needs to be copied unless a file has to be replaced or the
-    // host folder is a link to another drive.
-    void Move(const std::wstring& staged, const std::wstring& target) {
-        try {
-            platform.files.Rename(staged, target);
-        } catch (const RunTimeError&) {
-            platform.files.Copy(staged, target);
-            DeleteStagedFile(staged, platform.files);
-        }
-    }
-
     std::wstring stagingFolder;
     std::wstring hostFolder;
     const SettingsState& state;
     Platform& platform;
+    std::set<std::wstring> alreadyThere;
 };
 
 } // namespace
@@ -60,7 +61,9 @@ class CopyingVisitor : public StagingVisitor {
 void CopyStagedTree(const std::wstring& hostFolder, const SettingsState& state,
                     Platform& platform) {
     const std::wstring stagingFolder = WithBackslash(StagingFolder(hostFolder));
-    CopyingVisitor visitor(stagingFolder, WithBackslash(hostFolder), state, platform);
+    const std::wstring host = WithBackslash(hostFolder);
+    CopyingVisitor visitor(stagingFolder, host, state, platform,
+                           CheckCopyPossible(stagingFolder, host, state, platform));
     WalkStagingFolder(stagingFolder, visitor, platform.files);
     platform.files.SetCurrentFolder(platform.programFolder);
 }

@@ -1,6 +1,7 @@
 #include "install/install.h"
 
 #include "base/name_index.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "install/copy_staged_tree.h"
 #include "install/installed_list.h"
@@ -37,6 +38,19 @@ class MainWindowLock {
     bool released = false;
 };
 
+// However an install ends, nothing of the program stays in the way of who deletes the staging
+// folder.
+class StagingSession {
+  public:
+    explicit StagingSession(Platform& surroundings) : platform(surroundings) {}
+    ~StagingSession() { LeaveStagingFolder(platform); }
+    StagingSession(const StagingSession&) = delete;
+    StagingSession& operator=(const StagingSession&) = delete;
+
+  private:
+    Platform& platform;
+};
+
 class InstallRun {
   public:
     InstallRun(MainModel& mainModel, SettingsState& settings, Platform& surroundings,
@@ -48,10 +62,13 @@ class InstallRun {
           hostFolder(WithBackslash(mainModel.combo.Text())) {}
 
     void Run() {
+        if (!OutsideStagingFolder({model.browser.ShownFolder(), hostFolder, platform.programFolder},
+                                  hostFolder, platform))
+            return;
         MainWindowLock lock(screen);
         model.buttons[1] = false;
-        PrepareStagingFolder(hostFolder, platform);
-        if (!StageSelectedFiles())
+        const StagingSession session(platform);
+        if (!PrepareStagingFolder(hostFolder, platform) || !StageSelectedFiles())
             return;
         FillEmptyLists();
         ThinStagingFolder();
@@ -119,6 +136,33 @@ class InstallRun {
         for (const std::wstring& folder : left.folders)
             if (definitions.Find(folder + L".obl") == nullptr)
                 platform.shell.DeleteTree(staging + folder);
+        DeleteWhatIsLeft(staging, installed);
+    }
+
+    // The shell does not tell what it could not delete. Nothing that the user has been told will
+    // stay out may reach the host folder: what is still there goes now, or tells why it does not.
+    void DeleteWhatIsLeft(const std::wstring& staging, const NameIndex& installed) {
+        const FolderListing left = ListFolder(platform.files, staging);
+        const NameIndex definitions(left.files);
+        for (const std::wstring& file : left.files)
+            if (!EndsWithIgnoringCase(file, L".OBL") ||
+                installed.Find(std::wstring(WithoutLast(file, 4))) != nullptr)
+                DeleteLeft([&] { DeleteStagedFile(staging + file, platform.files); });
+        for (const std::wstring& folder : left.folders)
+            if (definitions.Find(folder + L".obl") == nullptr)
+                DeleteLeft([&] { platform.files.RemoveFolder(staging + folder); });
+    }
+
+    // What was only waiting to vanish has vanished by then.
+    template <typename Deletion>
+    static void DeleteLeft(const Deletion& deletion) {
+        try {
+            deletion();
+        } catch (const RunTimeError& error) {
+            if (error.Number() != ErrorNumber::FileNotFound &&
+                error.Number() != ErrorNumber::PathNotFound)
+                throw;
+        }
     }
 
     void Cancel(MainWindowLock& lock) {

@@ -7,6 +7,7 @@
 
 #include "base/byte_lines.h"
 #include "base/range_minimum.h"
+#include "base/text.h"
 #include "platform/file_lists.h"
 
 namespace tamblin {
@@ -108,6 +109,17 @@ std::string MergedKavaletDefinitions(std::string_view former, std::string_view p
     return merged;
 }
 
+bool MergesDefinitions(const std::wstring& folder, const std::wstring& name,
+                       const SettingsState& state) {
+    return !folder.empty() && state.KvaOption == L"ON" && EqualIgnoringCase(name, L"KVA.DEF");
+}
+
+void CheckDefinitionsReplaceable(const std::wstring& hostFolder, Platform& platform) {
+    const std::wstring current = hostFolder + DefinitionFileName;
+    if (FileExists(platform.files, current))
+        platform.files.CheckReplaceable(current);
+}
+
 void MergeKavaletDefinitions(const std::wstring& packageFileName, const std::wstring& packageFile,
                              const std::wstring& hostFolder, Platform& platform) {
     FileSystem& files = platform.files;
@@ -115,13 +127,15 @@ void MergeKavaletDefinitions(const std::wstring& packageFileName, const std::wst
     const std::wstring former = hostFolder + FormerFileName;
     if (!FileExists(files, current))
         return;
-    // Both are read before anything moves: a package file that cannot be read costs nothing.
+    // Both are read before anything is touched: a package file that cannot be read costs nothing.
     const std::string merged =
         MergedKavaletDefinitions(files.Read(current), files.Read(packageFile));
+    files.CheckReplaceable(current);
     if (FileExists(files, former))
         files.Delete(former);
-    files.Rename(current, former);
-    files.Write(hostFolder + packageFileName, merged);
+    files.Copy(current, former);
+    files.Write(current, merged);
+    files.Rename(current, hostFolder + packageFileName);
 }
 
 } // namespace tamblin

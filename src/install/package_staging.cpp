@@ -13,6 +13,11 @@ namespace {
 
 constexpr wchar_t StagingName[] = L"TAMTMP";
 constexpr wchar_t UndecidedMark[] = L" （判定不能）";
+constexpr wchar_t HeldElsewhereText[] =
+    L" は、ほかのユーザーまたは別の Tamblin が使用中です。終わってから、もう一度お試しください。";
+constexpr wchar_t InStagingFolderText[] =
+    L" は作業用フォルダです。中にあるものは削除されるため、別のフォルダへ移してからお試しください"
+    L"。";
 
 std::wstring DriveRoot(const std::wstring& hostFolder) {
     if (hostFolder.size() < 3)
@@ -22,6 +27,24 @@ std::wstring DriveRoot(const std::wstring& hostFolder) {
 
 std::wstring Line(const std::wstring& name, const std::wstring& archiveName) {
     return name + L" （" + archiveName + L"）";
+}
+
+bool HoldStagingFolder(const std::wstring& folder, Platform& platform) {
+    if (platform.files.HoldFolder(folder))
+        return true;
+    platform.messages.Inform(folder + HeldElsewhereText);
+    return false;
+}
+
+// "/" and a doubled "\" lead where a single "\" does.
+std::wstring WithSingleBackslashes(const std::wstring& path) {
+    std::wstring plain;
+    for (const wchar_t letter : path) {
+        const wchar_t next = letter == L'/' ? L'\\' : letter;
+        if (next != L'\\' || !plain.ends_with(L'\\'))
+            plain += next;
+    }
+    return plain;
 }
 
 class DeletingVisitor : public StagingVisitor {
@@ -58,13 +81,42 @@ void ClearStagingFolder(const std::wstring& hostFolder, Platform& platform) {
     platform.files.SetCurrentFolder(platform.programFolder);
 }
 
-void PrepareStagingFolder(const std::wstring& hostFolder, Platform& platform) {
-    platform.files.SetCurrentFolder(DriveRoot(hostFolder));
+bool PrepareStagingFolder(const std::wstring& hostFolder, Platform& platform) {
+    FileSystem& files = platform.files;
+    files.SetCurrentFolder(DriveRoot(hostFolder));
     const std::wstring folder = StagingFolder(hostFolder);
-    if (platform.files.Find(folder))
+    if (const auto present = files.Find(folder)) {
+        if (!present->attributes.link && !HoldStagingFolder(folder, platform))
+            return false;
         ClearStagingFolder(hostFolder, platform);
-    platform.files.MakeFolder(folder);
-    platform.files.SetCurrentFolder(folder);
+    }
+    files.MakeFolderLike(folder, hostFolder);
+    if (!HoldStagingFolder(folder, platform))
+        return false;
+    files.SetCurrentFolder(folder);
+    return true;
+}
+
+void LeaveStagingFolder(Platform& platform) noexcept {
+    platform.files.ReleaseFolder();
+    try {
+        platform.files.SetCurrentFolder(platform.programFolder);
+    } catch (...) {
+        // The command has failed for a reason of its own, which is the one to report.
+    }
+}
+
+bool OutsideStagingFolder(const std::vector<std::wstring>& folders, const std::wstring& hostFolder,
+                          Platform& platform) {
+    const std::wstring staging = WithSingleBackslashes(WithBackslash(StagingFolder(hostFolder)));
+    for (const std::wstring& folder : folders) {
+        const std::wstring plain = WithSingleBackslashes(WithBackslash(folder));
+        if (!EqualIgnoringCase(plain.substr(0, staging.size()), staging))
+            continue;
+        platform.messages.Inform(StagingName + std::wstring(InStagingFolderText));
+        return false;
+    }
+    return true;
 }
 
 std::int16_t ExtractPackage(const std::wstring& archiveFolder, const std::wstring& archiveName,

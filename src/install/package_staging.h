@@ -20,8 +20,19 @@ std::wstring StagingFolder(const std::wstring& hostFolder);
 // any attribute but "folder" is not entered, hidden and system files stay; either makes it fail.
 void ClearStagingFolder(const std::wstring& hostFolder, Platform& platform);
 
-// An empty staging folder, made current.
-void PrepareStagingFolder(const std::wstring& hostFolder, Platform& platform);
+// An empty staging folder, made current and held, in which files get the permissions that they
+// would have in the host folder. False when another session has it; the user has then been told,
+// and nothing of it is touched.
+bool PrepareStagingFolder(const std::wstring& hostFolder, Platform& platform);
+
+// Lets go of the staging folder and makes the program folder current, whatever state a command has
+// left them in. Does not throw.
+void LeaveStagingFolder(Platform& platform) noexcept;
+
+// False when one of the folders is the staging folder or lies in it, which emptying it would
+// delete; the user has then been told.
+bool OutsideStagingFolder(const std::vector<std::wstring>& folders, const std::wstring& hostFolder,
+                          Platform& platform);
 
 // Unpacks one archive into the current folder. `archiveFolder` ends in "\". Returns 0 or the
 // library's failure code.

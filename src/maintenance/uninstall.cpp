@@ -26,7 +26,10 @@ void Uninstall(MainModel& model, SettingsState& state, Platform& platform) {
         lastFolder = base + names[index];
         platform.shell.DeleteTree(lastFolder);
     }
-    platform.files.Delete(lastFolder + L".obl");
+    // The shell does not tell what it could not delete. A character that is still there keeps what
+    // makes it one.
+    if (lastFolder.empty() || !platform.files.Find(lastFolder))
+        platform.files.Delete(lastFolder + L".obl");
     platform.messages.Inform(DoneText);
 
     model.buttons[7] = model.buttons[5] = false;

@@ -8,7 +8,8 @@
 namespace tamblin {
 
 // Asks, then deletes the folder of every selected character and the definition file of the last of
-// them. Throws RunTimeError 53 when that file is not there; the folders are gone by then.
+// them, unless that one's folder could not be deleted. Throws RunTimeError 53 when that file is not
+// there; the folders are gone by then.
 void Uninstall(MainModel& model, SettingsState& state, Platform& platform);
 
 } // namespace tamblin

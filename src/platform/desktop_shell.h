@@ -12,9 +12,10 @@ class DesktopShell {
     virtual ~DesktopShell() = default;
 
     // Deletes a file or a folder with all it holds, for good, without asking. A link goes, what it
-    // points to stays.
+    // points to stays. A root, or a path that ends in "\", is never deleted.
     virtual void DeleteTree(const std::wstring& path) = 0;
-    // The same into the recycle bin, from which the user can take it back.
+    // The same into the recycle bin, from which the user can take it back. Where there is none the
+    // user is asked.
     virtual void MoveToRecycleBin(const std::wstring& path) = 0;
 
     // Opens a document or web page with its associated program, in a normal window.

@@ -170,8 +170,9 @@ void SettingsFile::WriteDefaultSettings(const HostFolderCombo& combo,
 
 void SettingsFile::RewriteSettings(const HostFolderCombo& combo,
                                    const std::wstring& browserFolder) {
+    platform.files.CheckReplaceable(FileName);
     DeleteBackup();
-    platform.files.Rename(FileName, BackupName);
+    platform.files.Copy(FileName, BackupName);
 
     const std::string former = platform.files.Read(BackupName);
     const auto values = CurrentValues(combo, browserFolder);

@@ -24,15 +24,14 @@ bool DesktopShellFake::Restore(const std::wstring& path) {
 }
 
 void DesktopShellFake::DeleteTree(const std::wstring& path) {
-    files.AddToLog(L"DeleteTree " + path);
+    const bool succeeds = files.BeginForeign(L"DeleteTree " + path);
     deleted.push_back(path);
-    if (!refuses)
+    if (succeeds && !refuses)
         files.DeleteTree(path);
 }
 
 void DesktopShellFake::MoveToRecycleBin(const std::wstring& path) {
-    files.AddToLog(L"MoveToRecycleBin " + path);
-    if (refuses)
+    if (!files.BeginForeign(L"MoveToRecycleBin " + path) || refuses)
         return;
     if (auto tree = files.TakeTree(path))
         recycleBin.push_back({path, std::move(tree)});

@@ -1,5 +1,6 @@
-// A desktop shell over a MemoryFileSystem. Its deeds stand in the file system's log too
-// ("DeleteTree C:\a", "MoveToRecycleBin C:\a"), so that a test sees them in order.
+// A desktop shell over a MemoryFileSystem. Its deletions are operations of the file system too:
+// they stand in its log ("DeleteTree C:\a", "MoveToRecycleBin C:\a"), and one that is to fail does
+// so without a word.
 #pragma once
 
 #include <optional>

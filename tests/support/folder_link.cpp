@@ -3,6 +3,10 @@
 #include "support/folder_link.h"
 
 #include <windows.h>
+// After <windows.h>, which it needs.
+#include <winioctl.h>
+
+#include <vector>
 
 namespace tamblin {
 namespace {
@@ -51,6 +55,29 @@ void RunUntil(bool there, const std::wstring& path, const std::wstring& program,
         Sleep(10);
 }
 
+// The reparse data of a junction: tag, length of what follows, unused; where the path for the
+// system and the one for the user begin and how long they are, in bytes; both, ended by zeros.
+std::vector<WORD> MountPoint(const std::wstring& target) {
+    const std::wstring forSystem = L"\\??\\" + target;
+    const auto size = [](const std::wstring& text) {
+        return static_cast<WORD>(text.size() * sizeof(WORD));
+    };
+    const auto both = static_cast<WORD>(size(forSystem) + size(target) + 2 * sizeof(WORD));
+    std::vector<WORD> data = {LOWORD(IO_REPARSE_TAG_MOUNT_POINT),
+                              HIWORD(IO_REPARSE_TAG_MOUNT_POINT),
+                              static_cast<WORD>(8 + both),
+                              0,
+                              0,
+                              size(forSystem),
+                              static_cast<WORD>(size(forSystem) + sizeof(WORD)),
+                              size(target)};
+    for (const std::wstring& text : {forSystem, target}) {
+        data.insert(data.end(), text.begin(), text.end());
+        data.push_back(0);
+    }
+    return data;
+}
+
 } // namespace
 
 bool RunsUnderWine() {
@@ -67,6 +94,23 @@ bool MakeFolderLink(const std::wstring& path, const std::wstring& target) {
     constexpr DWORD flags =
         SYMBOLIC_LINK_FLAG_DIRECTORY | SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE;
     return CreateSymbolicLinkW(path.c_str(), target.c_str(), flags) != 0 && IsThere(path);
+}
+
+bool MakeJunction(const std::wstring& path, const std::wstring& target) {
+    if (!CreateDirectoryW(path.c_str(), nullptr))
+        return false;
+    const HANDLE folder =
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                    FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    const std::vector<WORD> point = MountPoint(target);
+    DWORD ignored = 0;
+    const bool done = DeviceIoControl(
+        folder, FSCTL_SET_REPARSE_POINT, const_cast<WORD*>(point.data()),
+        static_cast<DWORD>(point.size() * sizeof(WORD)), nullptr, 0, &ignored, nullptr);
+    CloseHandle(folder);
+    if (!done)
+        RemoveDirectoryW(path.c_str());
+    return done;
 }
 
 void RemoveFolderLink(const std::wstring& path) {

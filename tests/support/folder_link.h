@@ -13,6 +13,9 @@ bool RunsUnderWine();
 // make links.
 bool MakeFolderLink(const std::wstring& path, const std::wstring& target);
 
+// A junction, by setting a reparse point. False where the system has none.
+bool MakeJunction(const std::wstring& path, const std::wstring& target);
+
 // Removes the link, not what it points to.
 void RemoveFolderLink(const std::wstring& path);
 

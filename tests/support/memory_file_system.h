@@ -15,6 +15,7 @@
 
 #include "base/run_time_error.h"
 #include "platform/file_system.h"
+#include "platform/patience.h"
 
 namespace tamblin {
 
@@ -50,6 +51,25 @@ class MemoryFileSystem : public FileSystem {
     void Lock(const std::wstring& path, LockKind kind = LockKind::Exclusive);
     void Unlock(const std::wstring& path);
 
+    // As Lock, but the program lets go after so many tries to use the file; it may let others
+    // delete the file meanwhile, which then stays listed until it lets go. Operations wait as on a
+    // real drive, by the patience of its FileSystem; Waited() tells how long in all.
+    enum class HolderShares { Nothing, Deletion };
+    void HoldFor(const std::wstring& path, size_t tries,
+                 HolderShares shares = HolderShares::Nothing);
+    Patience::Milliseconds Waited() const { return waited; }
+
+    // The user may neither look into the folder nor touch what it holds.
+    void DenyAccess(const std::wstring& folder);
+
+    // Another session of the program holds the folder.
+    void HoldElsewhere(const std::wstring& folder);
+    const std::wstring& HeldFolder() const { return heldFolder; } // empty when none is held
+
+    // Who may use it, by any name; new files and folders get what the folder that holds them has.
+    void SetPermissions(const std::wstring& path, const std::wstring& permissions);
+    std::wstring PermissionsOf(const std::wstring& path) const;
+
     bool Exists(const std::wstring& path) const;
     std::string Contents(const std::wstring& file) const;
     FileAttributes AttributesOf(const std::wstring& path) const;
@@ -70,6 +90,17 @@ class MemoryFileSystem : public FileSystem {
     // The n-th operation from now (the next one is 1) throws instead of doing anything.
     void FailOperation(size_t n, ErrorNumber error);
     void FailNothing() { failing.reset(); }
+    // Counts what another fake does to the disk as an operation. False when it is to fail.
+    bool BeginForeign(const std::wstring& line);
+
+    // The power goes during the n-th operation from now: it throws PowerCut, half done where a real
+    // drive would leave it so, and so does all that is tried after it.
+    struct PowerCut {};
+    void CutPower(size_t n) { powerCut = operationCount + n; }
+    // The computer is on again: contents that had not been flushed are gone.
+    void ReturnPower();
+    // The file's contents have been written but not flushed, as by unpacking.
+    void LeaveUnflushed(const std::wstring& file);
 
     // What a shell does with a tree: all goes that is not in use, read-only or not. The last two
     // take a tree off the disk and put it back; false or nothing when it is in use or not there.
@@ -82,13 +113,20 @@ class MemoryFileSystem : public FileSystem {
     std::string Read(const std::wstring& file) override;
     void Write(const std::wstring& file, std::string_view bytes) override;
     void Copy(const std::wstring& from, const std::wstring& to) override;
+    void Replace(const std::wstring& from, const std::wstring& to) override;
+    void CheckReplaceable(const std::wstring& file) override;
     void Rename(const std::wstring& from, const std::wstring& to) override;
     void Delete(const std::wstring& file) override;
     void MakeFolder(const std::wstring& folder) override;
+    void MakeFolderLike(const std::wstring& folder, const std::wstring& model) override;
     void RemoveFolder(const std::wstring& folder) override;
+    bool HoldFolder(const std::wstring& folder) override;
+    void ReleaseFolder() override;
     void SetAttributes(const std::wstring& path, FileAttributes attributes) override;
     std::wstring CurrentFolder() override;
     void SetCurrentFolder(const std::wstring& folder) override;
+    bool OnOneDrive(const std::wstring& folder, const std::wstring& other) override;
+    std::uint64_t FreeBytes(const std::wstring& folder) override;
     std::vector<tamblin::Drive> Drives() override;
 
   private:
@@ -110,6 +148,7 @@ class MemoryFileSystem : public FileSystem {
     Location LocateFile(const std::wstring& path) const;
     Location LocateForTest(const std::wstring& path) const;
 
+    void CheckAccess(const Location& location) const;
     Node* Walk(const Location& location) const;
     Node* Follow(Node* node, int depth = 0) const;
     Node* Step(Node* folder, const std::wstring& name, int depth) const;
@@ -122,6 +161,16 @@ class MemoryFileSystem : public FileSystem {
 
     bool HoldsCurrentFolder(const Node& folder) const;
     bool IsInUse(const Node& tree) const;
+    Node* Present(const Location& location);
+    void CheckReplaceable(Node& file);
+    void WaitForHolder(Node& node);
+    static bool LetsGo(Node& node);
+    bool HoldsWhatStays(Node& folder);
+    void CheckPower() const;
+    bool PowerGoesNow() const { return powerCut == operationCount; }
+    void CopyContents(const Location& source, const Location& target);
+    Node& NewFolder(Location location);
+    static void Move(Node& node, Node& folder, const std::wstring& name);
     void Fill(Node& file, std::string_view bytes);
     static void CheckRoomFor(size_t bytes, const DriveState& drive);
     void Erase(Node& node);
@@ -135,6 +184,12 @@ class MemoryFileSystem : public FileSystem {
     std::optional<Failure> failing;
     std::vector<std::wstring> log;
     bool keepsLog = true;
+    Patience::Milliseconds waited{0};
+    Patience patience{Patience::usual, [this](Patience::Milliseconds time) {
+                          waited += time;
+                      }};
+    std::optional<size_t> powerCut;
+    std::wstring heldFolder;
 };
 
 } // namespace tamblin

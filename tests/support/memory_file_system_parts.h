@@ -15,6 +15,13 @@ struct MemoryFileSystem::Node {
     std::string bytes;
     std::wstring linkTarget;
     std::optional<LockKind> lock;
+    std::optional<size_t> heldFor; // tries until another program lets go
+    bool deletionShared = false;   // by that program
+    bool vanishing = false;        // deleted, and waiting for that program
+    bool denied = false;
+    bool heldElsewhere = false;
+    std::wstring permissions;
+    bool unflushed = false;
     std::map<std::wstring, NodePointer> children; // by upper-cased name
     Node* parent = nullptr;                       // none for a drive's root
     DriveState* drive = nullptr;                  // for a drive's root

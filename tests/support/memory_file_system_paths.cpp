@@ -64,6 +64,7 @@ void MemoryFileSystem::Begin(std::wstring_view operation, const std::wstring& pa
             line += L" -> " + InFull(target);
         log.push_back(line);
     }
+    CheckPower();
     if (failing && failing->operation == operationCount)
         throw FileError(failing->error);
 }
@@ -112,6 +113,7 @@ MemoryFileSystem::Location MemoryFileSystem::Locate(const std::wstring& path,
         throw FileError(errors.missing);
     if (!drive->ready)
         throw FileError(errors.notReady);
+    CheckAccess(*location);
     return std::move(*location);
 }
 
@@ -166,6 +168,18 @@ MemoryFileSystem::Node* MemoryFileSystem::Walk(const Location& location) const {
     return node && location.wantsFolder && !node->attributes.folder ? nullptr : node;
 }
 
+// What lies in a folder that is denied is not even found.
+void MemoryFileSystem::CheckAccess(const Location& location) const {
+    Node* folder = Follow(&DriveOf(location)->root);
+    for (const std::wstring& name : location.names) {
+        if (!folder)
+            return;
+        if (folder->denied)
+            throw FileError(ErrorNumber::PathFileAccess);
+        folder = Follow(Step(folder, name, 0));
+    }
+}
+
 MemoryFileSystem::Node& MemoryFileSystem::FolderHolding(const Location& location) const {
     Location parent = location;
     if (!parent.names.empty())
@@ -186,6 +200,8 @@ MemoryFileSystem::Node& MemoryFileSystem::ExistingFolder(const Location& locatio
     Node* node = Follow(Walk(location));
     if (!node || !node->attributes.folder)
         throw FileError(error);
+    if (node->denied)
+        throw FileError(ErrorNumber::PathFileAccess);
     return *node;
 }
 
@@ -227,15 +243,12 @@ MemoryFileSystem::DriveState& MemoryFileSystem::DriveUnder(const Node& node) {
     return *root->drive;
 }
 
-// On a full disk the file keeps what fitted, as a program's write does that broke off.
 void MemoryFileSystem::Fill(Node& file, std::string_view bytes) {
     DriveState& drive = DriveUnder(file);
     drive.used -= file.bytes.size();
-    const std::uint64_t room = drive.capacity - std::min(drive.used, drive.capacity);
-    file.bytes = bytes.substr(0, std::min<std::uint64_t>(room, bytes.size()));
+    file.bytes = bytes;
+    file.unflushed = false;
     drive.used += file.bytes.size();
-    if (file.bytes.size() < bytes.size())
-        throw FileError(ErrorNumber::DiskFull);
 }
 
 // A copy is made beside the file that it replaces, which stands until the copy is complete.
@@ -246,6 +259,7 @@ void MemoryFileSystem::CheckRoomFor(size_t bytes, const DriveState& drive) {
 
 void MemoryFileSystem::Erase(Node& node) {
     DriveUnder(node).used -= node.bytes.size();
+    std::erase(locked, &node);
     node.parent->children.erase(UpperCase(node.name));
 }
 

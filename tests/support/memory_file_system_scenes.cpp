@@ -49,6 +49,7 @@ MemoryFileSystem::Node& MemoryFileSystem::MakeWayForTest(const Location& locatio
             child->name = name;
             child->attributes.folder = true;
             child->parent = folder;
+            child->permissions = folder->permissions;
         }
         node = child.get();
     }
@@ -90,6 +91,52 @@ void MemoryFileSystem::Unlock(const std::wstring& path) {
     Node& node = ExistingForTest(path);
     node.lock.reset();
     std::erase(locked, &node);
+}
+
+void MemoryFileSystem::HoldFor(const std::wstring& path, size_t tries, HolderShares shares) {
+    Node& node = ExistingForTest(path);
+    node.heldFor = tries;
+    node.deletionShared = shares == HolderShares::Deletion;
+}
+
+void MemoryFileSystem::DenyAccess(const std::wstring& folder) {
+    ExistingForTest(folder).denied = true;
+}
+
+void MemoryFileSystem::HoldElsewhere(const std::wstring& folder) {
+    ExistingForTest(folder).heldElsewhere = true;
+}
+
+void MemoryFileSystem::SetPermissions(const std::wstring& path, const std::wstring& permissions) {
+    ExistingForTest(path).permissions = permissions;
+}
+
+std::wstring MemoryFileSystem::PermissionsOf(const std::wstring& path) const {
+    return ExistingForTest(path).permissions;
+}
+
+void MemoryFileSystem::LeaveUnflushed(const std::wstring& file) {
+    ExistingForTest(file).unflushed = true;
+}
+
+namespace {
+
+void LoseUnflushed(auto& node) {
+    if (node.unflushed)
+        node.bytes.clear();
+    node.unflushed = false;
+    for (const auto& [key, child] : node.children)
+        LoseUnflushed(*child);
+}
+
+} // namespace
+
+void MemoryFileSystem::ReturnPower() {
+    powerCut.reset();
+    for (const auto& [letter, drive] : drives) {
+        LoseUnflushed(drive->root);
+        drive->currentFolder.clear();
+    }
 }
 
 // --- What is there --------------------------------------------------------------------------
@@ -145,7 +192,23 @@ void MemoryFileSystem::ForgetOperations() {
     log.clear();
     if (failing)
         failing->operation -= operationCount;
+    if (powerCut)
+        *powerCut -= operationCount;
     operationCount = 0;
+}
+
+void MemoryFileSystem::CheckPower() const {
+    if (powerCut && operationCount > *powerCut)
+        throw PowerCut();
+}
+
+bool MemoryFileSystem::BeginForeign(const std::wstring& line) {
+    ++operationCount;
+    AddToLog(line);
+    CheckPower();
+    if (PowerGoesNow())
+        throw PowerCut();
+    return !failing || failing->operation != operationCount;
 }
 
 void MemoryFileSystem::AddToLog(const std::wstring& line) {
@@ -159,11 +222,11 @@ void MemoryFileSystem::FailOperation(size_t n, ErrorNumber error) {
 
 // --- What a shell does ----------------------------------------------------------------------
 
-// Nothing for what a shell does not touch: no path, a malformed one, a root.
+// Nothing for what a shell does not touch: no path, a malformed one, a root, one that ends in "\".
 MemoryFileSystem::Node* MemoryFileSystem::FindForShell(const std::wstring& path) const {
     const auto location = path.empty() ? std::nullopt : Parse(path);
     const DriveState* drive = location ? DriveOf(*location) : nullptr;
-    if (!drive || !drive->ready || location->names.empty())
+    if (!drive || !drive->ready || location->names.empty() || location->wantsFolder)
         return nullptr;
     return Walk(*location);
 }

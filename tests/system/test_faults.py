@@ -44,13 +44,11 @@ def test_a_host_folder_that_is_read_only(running, machine):
     assert running.main.list3.entries() == ["haruka", "mikan", "minato", "yuzu"]
 
 
-def test_a_character_folder_without_definition_is_in_the_way(running, machine):
+def test_a_character_folder_without_definition_is_completed(running, machine):
     machine.write(HOST + "\\minato\\mine.txt", b"the user's own")
-    propose(running, "futari.lzh").command1.press()
-    wait_report(running, 58, 75)
-    running.main.wait_enabled()
+    install(running, "futari.lzh")
     assert machine.read(HOST + "\\minato\\mine.txt") == b"the user's own"
-    assert machine.tree(HOST)["mikan.obl"]
+    assert running.main.list3.entries() == ["haruka", "mikan", "minato", "yuzu"]
 
 
 def test_an_archive_that_vanishes_before_the_install(running, machine):

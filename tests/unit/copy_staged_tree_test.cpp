@@ -25,6 +25,13 @@ class CopyStagedTreeTest : public testing::Test {
     void Copy(const std::wstring& host = L"C:\\Host") {
         CopyStagedTree(host, state, fake.platform);
     }
+    void StagePackage() {
+        Stage(L"mio\\a");
+        Stage(L"mio.obl");
+        Stage(L"old\\dat\\a");
+        Stage(L"old\\KVA.DEF", "a,b,2\r\n");
+        state.KvaOption = L"ON";
+    }
     std::string InHost(const std::wstring& path) const {
         return files.Contents(L"C:\\Host\\" + path);
     }
@@ -94,23 +101,103 @@ TEST_F(CopyStagedTreeTest, ReadOnlyStagedFilesMoveAndReplaceToo) {
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
-TEST_F(CopyStagedTreeTest, ExistingFolderEndsTheCopy) {
+TEST_F(CopyStagedTreeTest, ExistingFolderIsCompleted) {
     files.AddFile(L"C:\\Host\\mio\\mine", "mine");
-    Stage(L"mio\\a");
+    files.AddFile(L"C:\\Host\\mio\\A", "half");
+    Stage(L"mio\\a", "whole");
     Stage(L"mio.obl");
-    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PathFileAccess);
+    Copy();
     EXPECT_EQ(InHost(L"mio\\mine"), "mine");
-    EXPECT_FALSE(files.Exists(L"C:\\Host\\mio\\a"));
-    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\mio\\a"));
+    EXPECT_EQ(InHost(L"mio\\a"), "whole");
+    EXPECT_TRUE(files.Exists(L"C:\\Host\\mio.obl"));
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
-TEST_F(CopyStagedTreeTest, FileInUseInTheHostEndsTheCopy) {
-    files.AddFile(L"C:\\Host\\mio.obl", "old");
-    files.Lock(L"C:\\Host\\mio.obl");
-    Stage(L"mio.obl", "new");
-    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PermissionDenied);
-    EXPECT_EQ(InHost(L"mio.obl"), "old");
-    EXPECT_EQ(files.Contents(L"C:\\TAMTMP\\mio.obl"), "new");
+TEST_F(CopyStagedTreeTest, FileThatIsNamedAsAPackagesFolderEndsTheCopy) {
+    files.AddFile(L"C:\\Host\\mio", "mine");
+    Stage(L"mio\\a");
+    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(InHost(L"mio"), "mine");
+}
+
+TEST_F(CopyStagedTreeTest, ReadOnlyFileOfAnInstallThatBrokeOffNeedsNoCopy) {
+    files.AddFile(L"C:\\Host\\mio\\a", "whole", {.readOnly = true});
+    Stage(L"mio\\a", "whole", {.readOnly = true});
+    Stage(L"mio.obl");
+    Copy();
+    EXPECT_EQ(InHost(L"mio\\a"), "whole");
+    EXPECT_TRUE(files.Exists(L"C:\\Host\\mio.obl"));
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+}
+
+// --- What is known before the first file moves
+// ----------------------------------------------------
+
+TEST_F(CopyStagedTreeTest, FileInUseInTheHostEndsTheCopyBeforeItBegins) {
+    for (const wchar_t* target : {L"mio.obl", L"old\\dat\\a", L"kva.def"}) {
+        StagePackage();
+        files.AddFile(std::wstring(L"C:\\Host\\") + target, "old");
+        files.Lock(std::wstring(L"C:\\Host\\") + target);
+        const auto host = files.Snapshot(L"C:\\Host");
+        EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PermissionDenied) << target;
+        EXPECT_EQ(files.Snapshot(L"C:\\Host"), host);
+        files.Unlock(std::wstring(L"C:\\Host\\") + target);
+    }
+}
+
+TEST_F(CopyStagedTreeTest, ReadOnlyFileInTheHostEndsTheCopyBeforeItBegins) {
+    StagePackage();
+    files.AddFile(L"C:\\Host\\old\\dat\\a", "mine", {.readOnly = true});
+    const auto host = files.Snapshot(L"C:\\Host");
+    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(files.Snapshot(L"C:\\Host"), host);
+}
+
+TEST_F(CopyStagedTreeTest, HostOnAnotherDriveWithTooLittleRoomStaysAsItWas) {
+    files.AddDrive(L"D:");
+    AddHost(files, L"D:\\Vimora");
+    files.AddLink(L"C:\\Linked", L"D:\\Vimora");
+    StagePackage();
+    std::uint64_t used = 0;
+    for (const auto& [path, bytes] : files.Snapshot(L"D:\\"))
+        used += bytes.size();
+    files.SetCapacity(L"D:", used + 20);
+    const auto host = files.Snapshot(L"D:\\");
+    EXPECT_EQ(ErrorOf([&] { Copy(L"C:\\Linked"); }), ErrorNumber::DiskFull);
+    EXPECT_EQ(files.Snapshot(L"D:\\"), host);
+}
+
+TEST_F(CopyStagedTreeTest, FullDriveTakesWhatIsOnlyMoved) {
+    StagePackage();
+    files.SetCapacity(L"C:", 1'000);
+    std::uint64_t used = 0;
+    for (const auto& [path, bytes] : files.Snapshot())
+        used += bytes.size();
+    files.SetCapacity(L"C:", used + 1);
+    Copy();
+    EXPECT_EQ(InHost(L"mio.obl"), "staged");
+}
+
+// --- Files that replace others
+// --------------------------------------------------------------------
+
+TEST_F(CopyStagedTreeTest, ReplacedFileKeepsItsAttributesAndPermissions) {
+    files.AddFile(L"C:\\Host\\mio.obl", "old", {.hidden = true, .archive = true});
+    files.SetPermissions(L"C:\\Host\\mio.obl", L"the user's own");
+    Stage(L"mio.obl", "new", {.readOnly = true});
+    Copy();
+    EXPECT_EQ(InHost(L"mio.obl"), "new");
+    EXPECT_EQ(files.AttributesOf(L"C:\\Host\\mio.obl"),
+              (FileAttributes{.hidden = true, .archive = true}));
+    EXPECT_EQ(files.PermissionsOf(L"C:\\Host\\mio.obl"), L"the user's own");
+}
+
+TEST_F(CopyStagedTreeTest, FilesThatAScannerHoldsAreWaitedFor) {
+    StagePackage();
+    files.HoldFor(L"C:\\TAMTMP\\mio\\a", 20);
+    Copy();
+    EXPECT_EQ(InHost(L"mio\\a"), "staged");
+    EXPECT_GT(files.Waited().count(), 0);
 }
 
 TEST_F(CopyStagedTreeTest, HiddenStagedFileEndsTheCopyWhereItLies) {
@@ -134,10 +221,11 @@ TEST_F(CopyStagedTreeTest, HostFolderThatIsALinkToAnotherDriveIsFilled) {
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
-// Nothing is tidied up after a failure: the folder whose copy failed stays current.
+// The copy tidies nothing up after a failure: the folder where it failed stays current until the
+// install leaves the staging folder.
 TEST_F(CopyStagedTreeTest, FailedCopyStaysInTheFolderThatItHadReached) {
     Stage(L"mio\\dat\\1");
-    files.AddFolder(L"C:\\Host\\mio");
+    files.AddFile(L"C:\\Host\\mio");
     EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PathFileAccess);
     EXPECT_EQ(files.CurrentFolder(), L"C:\\TAMTMP\\mio");
 }
@@ -213,7 +301,7 @@ TEST_F(CopyStagedTreeTest, NeedsAFixedNumberOfOperationsPerFile) {
         Stage(L"mio\\dat\\" + std::to_wstring(file));
     files.ForgetOperations();
     Copy();
-    EXPECT_EQ(files.CountLogged(L"List "), 3U);
+    EXPECT_EQ(files.CountLogged(L"List "), 6U);
     EXPECT_LE(files.OperationCount(), 1'030U);
 }
 

@@ -30,6 +30,8 @@ class DiskUnderTest {
     // Another program opens the file and lets nobody else have it.
     virtual void Lock(const std::wstring& file) = 0;
     virtual void Unlock(const std::wstring& file) = 0;
+    // Another session of the program holds the folder.
+    virtual void HoldElsewhere(const std::wstring& heldFolder) = 0;
     // False where links cannot be made.
     virtual bool MakeLink(const std::wstring& path, const std::wstring& target) = 0;
 

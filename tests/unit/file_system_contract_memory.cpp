@@ -19,6 +19,7 @@ class MemoryDisk : public DiskUnderTest {
     std::optional<std::wstring> OtherDrive() override { return L"D:"; }
     void Lock(const std::wstring& file) override { files.Lock(file); }
     void Unlock(const std::wstring& file) override { files.Unlock(file); }
+    void HoldElsewhere(const std::wstring& folder) override { files.HoldElsewhere(folder); }
     bool MakeLink(const std::wstring& path, const std::wstring& target) override {
         files.AddLink(path, target);
         return true;

@@ -295,13 +295,100 @@ TEST_P(FileSystemContract, CopyReplacesAndKeepsTheTargetsName) {
     EXPECT_THAT(NamesOf(files.List(folder)), ElementsAre(L"from", L"Target"));
 }
 
-TEST_P(FileSystemContract, CopyReplacesAHiddenFile) {
+TEST_P(FileSystemContract, CopyLeavesAReplacedFileItsAttributes) {
     files.Write(In(L"from"), "new");
     files.Write(In(L"to"), "old");
     files.SetAttributes(In(L"to"), {.hidden = true, .system = true});
     files.Copy(In(L"from"), In(L"to"));
     EXPECT_EQ(files.Read(In(L"to")), "new");
+    EXPECT_EQ(files.Find(In(L"to"))->attributes,
+              (FileAttributes{.hidden = true, .system = true, .archive = true}));
+    files.SetAttributes(In(L"to"), {});
+    files.SetAttributes(In(L"from"), {.readOnly = true});
+    files.Copy(In(L"from"), In(L"to"));
     EXPECT_EQ(files.Find(In(L"to"))->attributes, FileAttributes{.archive = true});
+    EXPECT_TRUE(files.Find(In(L"from"))->attributes.readOnly);
+    files.SetAttributes(In(L"from"), {});
+}
+
+// --- Replace --------------------------------------------------------------------------------
+
+TEST_P(FileSystemContract, ReplaceMovesAFileWhereNoneIs) {
+    files.MakeFolder(In(L"sub"));
+    files.Write(In(L"a"), "1");
+    files.SetAttributes(In(L"a"), {.readOnly = true, .archive = true});
+    files.Replace(In(L"a"), In(L"sub\\B"));
+    EXPECT_FALSE(IsThere(L"a"));
+    EXPECT_EQ(files.Read(In(L"sub\\b")), "1");
+    EXPECT_THAT(NamesOf(files.List(In(L"sub"))), ElementsAre(L"B"));
+    EXPECT_TRUE(files.Find(In(L"sub\\b"))->attributes.readOnly);
+    files.SetAttributes(In(L"sub\\b"), {});
+}
+
+TEST_P(FileSystemContract, ReplacePutsAFileInTheOthersPlace) {
+    files.Write(In(L"Target"), "the old contents");
+    files.SetAttributes(In(L"Target"), {.hidden = true, .archive = true});
+    for (const FileAttributes& attributes : AttributesToTry(*disk)) {
+        files.Write(In(L"from"), "new");
+        files.SetAttributes(In(L"from"), attributes);
+        files.Replace(In(L"from"), In(L"TARGET"));
+        EXPECT_EQ(files.Read(In(L"target")), "new");
+        EXPECT_EQ(files.Find(In(L"target"))->attributes,
+                  (FileAttributes{.hidden = true, .archive = true}));
+        EXPECT_THAT(NamesOf(files.List(folder)), ElementsAre(L"Target"));
+    }
+}
+
+TEST_P(FileSystemContract, ReplaceMovesToAnotherDrive) {
+    const auto other = disk->OtherDrive();
+    if (!other)
+        GTEST_SKIP() << "this computer has one drive only";
+    const std::wstring target = *other + L"\\tamblin-contract";
+    for (const char* bytes : {"new", "newer"}) {
+        files.Write(In(L"from"), bytes);
+        files.SetAttributes(In(L"from"), {.readOnly = true});
+        files.Replace(In(L"from"), target);
+        EXPECT_FALSE(IsThere(L"from"));
+        EXPECT_EQ(files.Read(target), bytes);
+        files.SetAttributes(target, {});
+    }
+    files.Delete(target);
+}
+
+TEST_P(FileSystemContract, ReplaceFailures) {
+    files.Write(In(L"a"), "a");
+    files.Write(In(L"ro"), "old");
+    files.SetAttributes(In(L"ro"), {.readOnly = true});
+    files.MakeFolder(In(L"sub"));
+    EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"nosuch"), In(L"b")); }), 53);
+    EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"nosuch\\a"), In(L"b")); }), 76);
+    EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"a"), In(L"nosuch\\b")); }), 76);
+    EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"a"), In(L"ro")); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"a"), In(L"sub")); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"sub"), In(L"b")); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"a"), In(L"A")); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"a"), In(L"x?")); }), 52);
+    EXPECT_EQ(files.Read(In(L"ro")), "old");
+    EXPECT_EQ(files.Read(In(L"a")), "a");
+    EXPECT_THAT(NamesOf(files.List(folder)), ElementsAre(L"a", L"ro", L"sub"));
+    files.SetAttributes(In(L"ro"), {});
+}
+
+TEST_P(FileSystemContract, TellsWhatCannotBeReplaced) {
+    files.Write(In(L"a"), "1");
+    files.Write(In(L"ro"), "2");
+    files.SetAttributes(In(L"ro"), {.readOnly = true});
+    files.MakeFolder(In(L"sub"));
+    files.CheckReplaceable(In(L"a"));
+    EXPECT_EQ(ThrownNumber([&] { files.CheckReplaceable(In(L"nosuch")); }), 53);
+    EXPECT_EQ(ThrownNumber([&] { files.CheckReplaceable(In(L"nosuch\\a")); }), 76);
+    EXPECT_EQ(ThrownNumber([&] { files.CheckReplaceable(In(L"ro")); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.CheckReplaceable(In(L"sub")); }), 75);
+    disk->Lock(In(L"a"));
+    EXPECT_EQ(ThrownNumber([&] { files.CheckReplaceable(In(L"a")); }), 70);
+    disk->Unlock(In(L"a"));
+    EXPECT_EQ(files.Read(In(L"a")), "1");
+    files.SetAttributes(In(L"ro"), {});
 }
 
 TEST_P(FileSystemContract, CopyFailures) {
@@ -445,6 +532,54 @@ TEST_P(FileSystemContract, MakeFolderFailures) {
     EXPECT_EQ(ThrownNumber([&] { files.MakeFolder(In(L"file\\a")); }), 76);
     EXPECT_EQ(ThrownNumber([&] { files.MakeFolder(folder.substr(0, 3)); }), 75);
     EXPECT_EQ(ThrownNumber([&] { files.MakeFolder(disk->MissingDrive() + L"\\a"); }), 76);
+}
+
+TEST_P(FileSystemContract, MakesAFolderLikeAnother) {
+    files.MakeFolder(In(L"model"));
+    files.MakeFolderLike(In(L"like"), In(L"model"));
+    files.Write(In(L"like\\a"), "1");
+    files.MakeFolderLike(In(L"alone"), In(L"nosuch"));
+    EXPECT_THAT(NamesOf(files.List(folder)), ElementsAre(L"alone", L"like", L"model"));
+    EXPECT_THAT(NamesOf(files.List(In(L"like"))), ElementsAre(L"a"));
+    EXPECT_EQ(ThrownNumber([&] { files.MakeFolderLike(In(L"like"), In(L"model")); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.MakeFolderLike(In(L"no\\a"), In(L"model")); }), 76);
+}
+
+TEST_P(FileSystemContract, FolderIsHeldByOneAtATime) {
+    files.MakeFolder(In(L"theirs"));
+    files.MakeFolder(In(L"ours"));
+    disk->HoldElsewhere(In(L"theirs"));
+    EXPECT_FALSE(files.HoldFolder(In(L"theirs")));
+    EXPECT_TRUE(files.HoldFolder(In(L"ours")));
+    EXPECT_TRUE(files.HoldFolder(In(L"OURS\\")));
+    EXPECT_EQ(ThrownNumber([&] { files.HoldFolder(In(L"nosuch")); }), 76);
+}
+
+TEST_P(FileSystemContract, HeldFolderCanBeUsedAndRemoved) {
+    files.MakeFolder(In(L"ours"));
+    EXPECT_TRUE(files.HoldFolder(In(L"ours")));
+    files.SetCurrentFolder(In(L"ours"));
+    files.Write(L"a", "1");
+    EXPECT_EQ(files.List(In(L"ours")).size(), 1U);
+    files.Replace(L"a", In(L"b"));
+    files.SetCurrentFolder(folder);
+    files.RemoveFolder(In(L"ours"));
+    EXPECT_FALSE(IsThere(L"ours"));
+    files.ReleaseFolder();
+}
+
+TEST_P(FileSystemContract, TellsDrivesApartAndTheirRoom) {
+    files.MakeFolder(In(L"sub"));
+    EXPECT_TRUE(files.OnOneDrive(In(L"sub"), folder.substr(0, 3)));
+    EXPECT_GT(files.FreeBytes(In(L"sub")), 1000U);
+    EXPECT_EQ(ThrownNumber([&] { files.OnOneDrive(In(L"sub"), In(L"nosuch")); }), 76);
+    EXPECT_EQ(ThrownNumber([&] { files.FreeBytes(In(L"nosuch")); }), 76);
+}
+
+TEST_P(FileSystemContract, TellsTheSizesOfFiles) {
+    files.Write(In(L"a"), "12345");
+    EXPECT_EQ(files.Find(In(L"a"))->size, 5U);
+    EXPECT_EQ(files.List(folder)[0].size, 5U);
 }
 
 TEST_P(FileSystemContract, RemoveFolderFailures) {
@@ -598,6 +733,8 @@ TEST_P(FileSystemContract, FileInUseElsewhere) {
     EXPECT_EQ(ThrownNumber([&] { files.Write(In(L"a"), "new"); }), 70);
     EXPECT_EQ(ThrownNumber([&] { files.Copy(In(L"a"), In(L"b")); }), 70);
     EXPECT_EQ(ThrownNumber([&] { files.Copy(In(L"free"), In(L"a")); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"a"), In(L"b")); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"free"), In(L"a")); }), 70);
     EXPECT_EQ(ThrownNumber([&] { files.Rename(In(L"a"), In(L"b")); }), 70);
     EXPECT_EQ(ThrownNumber([&] { files.Delete(In(L"a")); }), 70);
     EXPECT_TRUE(IsThere(L"a"));

@@ -50,6 +50,10 @@ class ComputersDisk : public DiskUnderTest {
         lock = nullptr;
     }
 
+    void HoldElsewhere(const std::wstring& folder) override {
+        ASSERT_TRUE(otherSession.HoldFolder(folder));
+    }
+
     bool MakeLink(const std::wstring& path, const std::wstring& target) override {
         return MakeFolderLink(path, target);
     }
@@ -58,7 +62,9 @@ class ComputersDisk : public DiskUnderTest {
 
   private:
     TemporaryFolder temporary;
-    Win32FileSystem files;
+    // What is locked here stays so: nothing is gained by waiting.
+    Win32FileSystem files{PatienceOfWindows(Patience::Milliseconds{0})};
+    Win32FileSystem otherSession;
     HANDLE lock = nullptr;
 };
 

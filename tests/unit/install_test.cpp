@@ -416,13 +416,110 @@ TEST_F(InstallTest, StagingIsStillThereWhileTheFailureIsTold) {
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
-TEST_F(InstallTest, FolderThatTheHostHasWithoutDefinitionEndsTheCopy) {
+TEST_F(InstallTest, FolderThatTheHostHasWithoutDefinitionIsCompleted) {
     files.AddFile(L"C:\\Host\\mio\\mine", "mine");
     scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
-    EXPECT_EQ(ErrorOf([&] { Install({L"mio.lzh"}); }), ErrorNumber::PathFileAccess);
+    Install({L"mio.lzh"});
     EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\mine"), "mine");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\face.bmp"), "picture");
+    EXPECT_TRUE(InHost(L"mio.obl"));
+}
+
+// --- The staging folder's surroundings
+// ------------------------------------------------------------
+
+// The window has called the character installed: nothing of it may be replaced.
+TEST_F(InstallTest, StagedFilesThatCannotBeDeletedEndTheInstallBeforeAnythingIsCopied) {
+    using enum ErrorNumber;
+    const auto unpack = fake.unlha.onUnpack;
+    for (const auto& [held, error] : std::initializer_list<std::pair<const wchar_t*, ErrorNumber>>{
+             {L"abc.obl", PermissionDenied},
+             {L"abc\\face.bmp", PathFileAccess},
+             {L"loose\\x", PathFileAccess}}) {
+        AddCharacter(files, L"C:\\Host", L"abc");
+        scene.AddPackage(L"p.lzh",
+                         Both(Both(Ombrel(L"abc"), Ombrel(L"mio")), {PackedFile{L"loose\\x"}}));
+        const std::wstring locked = std::wstring(L"C:\\TAMTMP\\") + held;
+        fake.unlha.onUnpack = [this, unpack, locked](const std::wstring& archive) {
+            const auto result = unpack(archive);
+            files.Lock(locked);
+            return result;
+        };
+        EXPECT_EQ(ErrorOf([&] { Install({L"p.lzh"}); }), error) << held;
+        ExpectHostUntouched();
+        EXPECT_THAT(scene.screen.confirmations, IsEmpty());
+        EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
+        EXPECT_EQ(files.HeldFolder(), L"");
+        files.Unlock(locked);
+        scene.main.PrepareStagingPressed();
+    }
+}
+
+TEST_F(InstallTest, WhatLiesInTheStagingFolderIsNeitherUsedNorDeleted) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    AddHost(files, L"C:\\TAMTMP\\host");
+    files.AddFile(L"C:\\TAMTMP\\left.lzh", "archive");
+    const auto before = files.Snapshot();
+    scene.Open();
+    const auto expectRefused = [&] {
+        scene.main.InstallPressed(scene.screen);
+        EXPECT_EQ(files.Snapshot(), before);
+        ASSERT_EQ(fake.messages.shown.size(), 1U);
+        EXPECT_TRUE(StartsWith(fake.messages.shown[0].text, L"TAMTMP は作業用フォルダです。"));
+        EXPECT_TRUE(scene.screen.enabled);
+        fake.messages.shown.clear();
+    };
+    for (const wchar_t* host : {L"C:\\TAMTMP\\host", L"c:/tamtmp", L"C:\\\\TAMTMP\\host\\"}) {
+        model.combo.entries = {host};
+        model.combo.selected = 0;
+        expectRefused();
+        scene.main.PrepareStagingPressed();
+        EXPECT_EQ(files.Snapshot(), before);
+        fake.messages.shown.clear();
+    }
+    model.combo.entries = {L"C:\\Host"};
+    fake.platform.programFolder = L"C:\\TAMTMP\\Tamblin";
+    expectRefused();
+}
+
+TEST_F(InstallTest, ArchivePickedFromTheStagingFolderIsNeitherUsedNorDeleted) {
+    files.AddFile(L"C:\\TAMTMP\\left.lzh", "archive");
+    scene.state.ViewFolder = L"C:\\TAMTMP";
+    Install({L"left.lzh"});
+    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\left.lzh"));
+    EXPECT_THAT(fake.unlha.calls, IsEmpty());
+    EXPECT_EQ(fake.messages.shown.size(), 1U);
+}
+
+TEST_F(InstallTest, StagingFolderOfAnotherSessionIsLeftAlone) {
+    files.AddFile(L"C:\\TAMTMP\\theirs\\a", "theirs");
+    files.HoldElsewhere(L"C:\\TAMTMP");
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    Install({L"mio.lzh"});
+    EXPECT_EQ(files.Contents(L"C:\\TAMTMP\\theirs\\a"), "theirs");
+    ExpectHostUntouched();
+    ASSERT_EQ(fake.messages.shown.size(), 1U);
+    EXPECT_TRUE(StartsWith(fake.messages.shown[0].text, L"C:\\TAMTMP は、ほかのユーザー"));
     EXPECT_TRUE(scene.screen.enabled);
-    EXPECT_THAT(fake.messages.shown, IsEmpty());
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
+}
+
+TEST_F(InstallTest, StagingFolderIsHeldUntilTheInstallEnds) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    scene.screen.onConfirmation = [&] {
+        EXPECT_EQ(files.HeldFolder(), L"C:\\TAMTMP");
+    };
+    Install({L"mio.lzh"});
+    EXPECT_EQ(files.HeldFolder(), L"");
+}
+
+TEST_F(InstallTest, InstalledFilesHaveThePermissionsOfTheHostFolder) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    files.SetPermissions(L"C:\\", L"everybody");
+    files.SetPermissions(L"C:\\Host", L"the family");
+    Install({L"mio.lzh"});
+    for (const wchar_t* path : {L"mio.obl", L"mio", L"mio\\face.bmp", L"mio\\dat\\voice.wav"})
+        EXPECT_EQ(files.PermissionsOf(std::wstring(L"C:\\Host\\") + path), L"the family") << path;
 }
 
 TEST_F(InstallTest, FullDriveIsReportedAndTheMainWindowUsable) {
@@ -445,6 +542,8 @@ TEST_F(InstallTest, HostFolderThatVanishesMeanwhileIsReported) {
     EXPECT_EQ(ErrorOf([&] { Install({L"mio.lzh"}); }), ErrorNumber::PathNotFound);
     EXPECT_TRUE(scene.screen.enabled);
     EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\mio\\face.bmp"));
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
+    EXPECT_EQ(files.HeldFolder(), L"");
 }
 
 TEST_F(InstallTest, WithoutAHostFolderNothingIsStaged) {

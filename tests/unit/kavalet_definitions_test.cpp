@@ -177,24 +177,19 @@ TEST_F(KavaletFileTest, FileInUseFailsAndKeepsItsContents) {
     EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,1\r\n");
 }
 
-// Being read-only keeps a file from being deleted, not from being renamed: the merge goes well
-// once, and then the former file stands in its way.
-TEST_F(KavaletFileTest, ReadOnlyFileIsMergedOnceAndThenEndsIt) {
-    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n", {.readOnly = true});
-    Merge();
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,2\r\n");
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), "a,b,1\r\n");
-    EXPECT_TRUE(files.AttributesOf(L"C:\\Host\\kva.tmp").readOnly);
-    EXPECT_EQ(ErrorOf([&] { Merge(); }), ErrorNumber::PathFileAccess);
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,2\r\n");
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), "a,b,1\r\n");
-}
-
 TEST_F(KavaletFileTest, FullDiskKeepsTheFormerFile) {
     files.AddFile(L"C:\\Host\\kva.def", std::string(1'000, 'x') + "\r\n");
     files.SetCapacity(L"C:", 1'500);
     EXPECT_EQ(ErrorOf([&] { Merge(); }), ErrorNumber::DiskFull);
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), std::string(1'000, 'x') + "\r\n");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), std::string(1'000, 'x') + "\r\n");
+}
+
+TEST_F(KavaletFileTest, ReadOnlyFileFailsAndCostsNothing) {
+    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n", {.readOnly = true});
+    files.AddFile(L"C:\\Host\\kva.tmp", "older");
+    const auto before = files.Snapshot();
+    EXPECT_EQ(ErrorOf([&] { Merge(); }), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(files.Snapshot(), before);
 }
 
 TEST_F(KavaletFileTest, MergeThatFailedLeavesNothingForTheNextOneToTakeForTheFormerFile) {
@@ -207,7 +202,34 @@ TEST_F(KavaletFileTest, MergeThatFailedLeavesNothingForTheNextOneToTakeForTheFor
     EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), definitions);
 }
 
-// Whichever operation fails: the former content is there, as kva.def or as kva.tmp.
+// Whichever operation fails, and whenever the power goes: there is a kva.def, the former one or the
+// merged one; with the merged one, kva.tmp is the former one.
+TEST_F(KavaletFileTest, PowerCutLeavesTheFormerFileOrTheMergedOne) {
+    const std::string former = "#1\r\na,b,1\r\n";
+    bool done = false;
+    for (size_t n = 1; !done; ++n) {
+        SCOPED_TRACE(n);
+        files.AddFile(L"C:\\Host\\kva.def", former);
+        files.AddFile(L"C:\\Host\\kva.tmp", "older");
+        files.LeaveUnflushed(L"C:\\Host\\abc\\KVA.DEF");
+        files.ForgetOperations();
+        files.CutPower(n);
+        try {
+            Merge();
+            done = true;
+        } catch (const MemoryFileSystem::PowerCut&) {
+        }
+        files.ReturnPower();
+        const std::string now = files.Contents(L"C:\\Host\\kva.def");
+        if (now != former) {
+            EXPECT_EQ(now, "#1\r\na,b,2\r\n");
+            EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), former);
+        }
+        files.AddFile(L"C:\\Host\\abc\\KVA.DEF", "a,b,2\r\n");
+        done = done || n > 50;
+    }
+}
+
 TEST_F(KavaletFileTest, AnyFailingOperationKeepsTheFormerContent) {
     const std::string former = "#1\r\na,b,1\r\n";
     for (size_t n = 1;; ++n) {
@@ -223,6 +245,9 @@ TEST_F(KavaletFileTest, AnyFailingOperationKeepsTheFormerContent) {
             return file.second == former;
         };
         EXPECT_TRUE(std::any_of(host.begin(), host.end(), holdsFormer));
+        ASSERT_TRUE(files.Exists(L"C:\\Host\\kva.def"));
+        EXPECT_TRUE(files.Contents(L"C:\\Host\\kva.def") == former ||
+                    files.Contents(L"C:\\Host\\kva.def") == "#1\r\na,b,2\r\n");
         if (!error)
             break;
         EXPECT_EQ(error, ErrorNumber::DeviceIo);

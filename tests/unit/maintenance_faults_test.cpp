@@ -16,6 +16,11 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+// What the shell fails to do it tells nobody.
+bool IsDoneByTheShell(const std::wstring& operation) {
+    return StartsWith(operation, L"DeleteTree ") || StartsWith(operation, L"MoveToRecycleBin ");
+}
+
 class MaintenanceFaults : public testing::TestWithParam<ErrorNumber> {
   protected:
     // Runs the command on fresh scenes, its first operation failing, then its second, and so on,
@@ -35,14 +40,18 @@ class MaintenanceFaults : public testing::TestWithParam<ErrorNumber> {
                 return;
             }
             SCOPED_TRACE(testing::Message() << "operation " << n);
+            const std::wstring failed = scene.files.Log().at(n - 1);
             if (notReady == NotReady::IsMissing && GetParam() == ErrorNumber::DiskNotReady &&
-                StartsWith(scene.files.Log().at(n - 1), L"Find ")) {
+                StartsWith(failed, L"Find ")) {
                 EXPECT_FALSE(failure.has_value());
                 EXPECT_THAT(scene.messages.shown, IsEmpty());
                 continue;
             }
-            EXPECT_EQ(failure, GetParam());
-            check(scene, scene.files.Log().back());
+            if (IsDoneByTheShell(failed))
+                EXPECT_FALSE(failure.has_value());
+            else
+                EXPECT_EQ(failure, GetParam());
+            check(scene, failed);
         }
     }
 };
@@ -165,8 +174,15 @@ TEST_P(MaintenanceFaults, UninstallTouchesOnlyWhatWasSelected) {
     ForEachOperation<ThreeCharacters>(
         [](ThreeCharacters& scene) { Uninstall(scene.model, scene.state, scene.platform); },
         [](ThreeCharacters& scene, const std::wstring& failed) {
-            const bool atDefinitionFile = StartsWith(failed, L"Delete ");
-            if (atDefinitionFile)
+            for (const wchar_t* name : {L"a", L"b"})
+                if (failed == L"DeleteTree C:\\VMR\\" + std::wstring(name)) {
+                    scene.expected[scene.base + name + L"\\"];
+                    scene.expected[scene.base + name + L"\\face.bmp"] =
+                        scene.files.Contents(scene.base + name + L"\\face.bmp");
+                }
+            const bool atDefinitionFile =
+                StartsWith(failed, L"Delete ") || StartsWith(failed, L"Find ");
+            if (atDefinitionFile || failed == L"DeleteTree C:\\VMR\\b")
                 scene.expected[L"C:\\VMR\\b.obl"] = "definition";
             EXPECT_EQ(scene.files.Snapshot(L"C:\\VMR"), scene.expected);
             EXPECT_EQ(scene.messages.shown.size(), atDefinitionFile ? 1U : 2U);
@@ -251,6 +267,123 @@ TEST_P(MaintenanceFaults, DeletionOfOrphansKeepsTheOneThatFailedAndThoseBehindIt
             EXPECT_THAT(scene.check.definitionFiles.Entries(),
                         ElementsAre(L"x.obl", L"y.obl", L"z.obl"));
         });
+}
+
+TEST_P(MaintenanceFaults, RecyclingKeepsWhatTheShellCouldNotMove) {
+    struct Scene : MaintenanceScene {
+        Scene() {
+            for (const wchar_t* folder : {L"x", L"y", L"z"})
+                files.AddFile(base + folder + L"\\a", "1");
+            Show();
+            check.RunCheck(model);
+            for (size_t index = 0; index < check.folders.Size(); ++index)
+                check.folders.Select(index);
+            files.ForgetOperations();
+        }
+        FolderCheck check{platform};
+    };
+    ForEachOperation<Scene>([](Scene& scene) { scene.check.MoveFoldersToRecycleBin(); },
+                            [](Scene& scene, const std::wstring& failed) {
+                                EXPECT_EQ(scene.shell.Recycled().size(), 2U);
+                                const std::wstring kept =
+                                    failed.substr(std::wstring(L"MoveToRecycleBin ").size());
+                                EXPECT_EQ(scene.files.Contents(kept + L"\\a"), "1");
+                            });
+}
+
+// Runs the command on fresh scenes, the power going during its first operation, then during its
+// second, and so on.
+template <typename Scene, typename Command, typename Check>
+void ForEachPowerCut(Command&& command, Check&& check) {
+    size_t n = 1;
+    for (bool cut = true; cut; ++n) {
+        Scene scene;
+        scene.files.CutPower(n);
+        try {
+            command(scene);
+            cut = false;
+        } catch (const MemoryFileSystem::PowerCut&) {
+            scene.files.ReturnPower();
+            SCOPED_TRACE(testing::Message() << "operation " << n);
+            check(scene);
+        }
+    }
+    EXPECT_GT(n, 3U);
+}
+
+TEST(PowerCut, DuringALaunchKeepsTheFormerStartUpFile) {
+    ForEachPowerCut<OneCharacter>(
+        [](OneCharacter& scene) { LaunchCharacter(scene.model, scene.platform); },
+        [](OneCharacter& scene) {
+            ExpectFormerStartUpFile(scene);
+            ExpectOtherFilesKept(scene);
+        });
+}
+
+TEST(PowerCut, DuringAnUpdateLeavesTheFormerProgramOrTheNewOne) {
+    ForEachPowerCut<NewHostProgram>(
+        [](NewHostProgram& scene) { UpdateHostProgram(scene.model, scene.platform); },
+        [](NewHostProgram& scene) {
+            auto after = scene.before;
+            after[L"C:\\VMR\\ombrel.exe"] = "new";
+            EXPECT_TRUE(scene.files.Snapshot() == scene.before || scene.files.Snapshot() == after);
+        });
+}
+
+TEST(PowerCut, DuringAnUninstallTouchesOnlyWhatWasSelected) {
+    ForEachPowerCut<ThreeCharacters>(
+        [](ThreeCharacters& scene) { Uninstall(scene.model, scene.state, scene.platform); },
+        [](ThreeCharacters& scene) {
+            const auto after = scene.files.Snapshot(L"C:\\VMR");
+            for (const auto& [path, bytes] : scene.expected)
+                EXPECT_EQ(after.count(path), 1U);
+            // A folder that is still there has its definition file.
+            if (after.contains(L"C:\\VMR\\b\\")) {
+                EXPECT_EQ(after.count(L"C:\\VMR\\b.obl"), 1U);
+            }
+        });
+}
+
+// A scanner holds a file that a command is about to use, with and without letting others delete it.
+TEST(UnderAScanner, EveryCommandWaits) {
+    for (const auto shares :
+         {MemoryFileSystem::HolderShares::Nothing, MemoryFileSystem::HolderShares::Deletion}) {
+        OneCharacter launched;
+        launched.files.HoldFor(L"C:\\VMR\\ombrel.rc", 40, shares);
+        launched.starter.onStart = [&](const std::wstring&) {
+            launched.files.HoldFor(L"C:\\VMR\\ombrel.rc", 40, shares);
+        };
+        LaunchCharacter(launched.model, launched.platform);
+        EXPECT_EQ(launched.files.Contents(L"C:\\VMR\\ombrel.rc"), launched.formerStartUp);
+        EXPECT_FALSE(launched.files.Exists(launched.Backup()));
+
+        OneCharacter edited;
+        edited.files.HoldFor(L"C:\\VMR\\ombrel.rc", 40, shares);
+        SetStartUpCharacter(edited.model, edited.platform);
+        EXPECT_EQ(edited.files.Contents(L"C:\\VMR\\ombrel.rc"), "H001currentobl=abc.obl\r\n");
+
+        NewHostProgram updated;
+        updated.files.HoldFor(L"C:\\VMR\\ombrel.exe", 40, shares);
+        updated.files.HoldFor(L"C:\\Browsed\\ombrel.exe", 40, shares);
+        UpdateHostProgram(updated.model, updated.platform);
+        EXPECT_EQ(updated.files.Contents(L"C:\\VMR\\ombrel.exe"), "new");
+
+        OneCharacter uninstalled;
+        uninstalled.files.HoldFor(L"C:\\VMR\\abc.obl", 40, shares);
+        Uninstall(uninstalled.model, uninstalled.state, uninstalled.platform);
+        EXPECT_FALSE(uninstalled.files.Exists(L"C:\\VMR\\abc"));
+        EXPECT_GT(launched.files.Waited() + edited.files.Waited(), Patience::Milliseconds{0});
+    }
+}
+
+TEST(UnderAScanner, NobodyWaitsLongerThanFiveSeconds) {
+    NewHostProgram scene;
+    scene.files.HoldFor(L"C:\\VMR\\ombrel.exe", 100'000);
+    EXPECT_EQ(ErrorOf([&] { UpdateHostProgram(scene.model, scene.platform); }),
+              ErrorNumber::PermissionDenied);
+    EXPECT_EQ(scene.files.Snapshot(), scene.before);
+    EXPECT_GE(scene.files.Waited(), Patience::usual);
+    EXPECT_LE(scene.files.Waited(), Patience::usual + Patience::Milliseconds{100});
 }
 
 TEST(FullDisk, LaunchKeepsTheFormerStartUpFileAside) {

@@ -125,18 +125,19 @@ TEST_F(MemoryFileSystemTest, LockedFolderIsNotRemoved) {
     EXPECT_EQ(ThrownNumber([&] { files.RemoveFolder(L"C:\\folder"); }), 75);
 }
 
-TEST_F(MemoryFileSystemTest, WriteOnAFullDiskKeepsWhatFittedIntoAPresentFile) {
+TEST_F(MemoryFileSystemTest, WriteOnAFullDiskKeepsWhatWasThere) {
     files.SetCapacity(L"C:", 10);
     files.Write(L"C:\\a", "123456");
     files.Write(L"C:\\b", "");
     EXPECT_EQ(ThrownNumber([&] { files.Write(L"C:\\b", "1234567"); }), 61);
-    EXPECT_EQ(files.Contents(L"C:\\b"), "1234");
-    EXPECT_EQ(ThrownNumber([&] { files.Write(L"C:\\new", "1"); }), 61);
+    EXPECT_EQ(files.Contents(L"C:\\b"), "");
+    EXPECT_EQ(ThrownNumber([&] { files.Write(L"C:\\new", "12345"); }), 61);
     EXPECT_FALSE(files.Exists(L"C:\\new"));
+    files.Write(L"C:\\b", "1234");
     EXPECT_EQ(ThrownNumber([&] { files.MakeFolder(L"C:\\folder"); }), 61);
     files.Delete(L"C:\\a");
-    files.Write(L"C:\\b", "1234567");
-    EXPECT_EQ(files.Contents(L"C:\\b"), "1234567");
+    files.Write(L"C:\\b", "123456");
+    EXPECT_EQ(files.Contents(L"C:\\b"), "123456");
 }
 
 TEST_F(MemoryFileSystemTest, CopyToAFullDiskLeavesTheTargetAsItWas) {
@@ -199,6 +200,81 @@ TEST_F(MemoryFileSystemTest, DeletingATreeSparesWhatIsInUse) {
     files.DeleteTree(L"C:\\t");
     EXPECT_FALSE(files.Exists(L"C:\\t"));
     EXPECT_TRUE(files.Exists(L"D:\\kept"));
+}
+
+TEST_F(MemoryFileSystemTest, HeldFileIsWaitedForUntilItsHolderLetsGo) {
+    files.AddFile(L"C:\\a", "old");
+    files.HoldFor(L"C:\\a", 3);
+    files.Write(L"C:\\a", "new");
+    EXPECT_EQ(files.Contents(L"C:\\a"), "new");
+    EXPECT_EQ(files.Waited(), Patience::Milliseconds{10 + 20 + 40});
+    files.HoldFor(L"C:\\a", 1'000);
+    EXPECT_EQ(ThrownNumber([&] { files.Delete(L"C:\\a"); }), 70);
+    EXPECT_EQ(files.Contents(L"C:\\a"), "new");
+}
+
+TEST_F(MemoryFileSystemTest, DeletedFileStaysListedUntilItsHolderLetsGo) {
+    files.AddFile(L"C:\\t\\a", "old");
+    files.HoldFor(L"C:\\t\\a", 2, MemoryFileSystem::HolderShares::Deletion);
+    files.Delete(L"C:\\t\\a");
+    EXPECT_EQ(files.List(L"C:\\t").size(), 1U);
+    files.Write(L"C:\\t\\a", "new");
+    EXPECT_EQ(files.Contents(L"C:\\t\\a"), "new");
+    files.HoldFor(L"C:\\t\\a", 2, MemoryFileSystem::HolderShares::Deletion);
+    files.Delete(L"C:\\t\\a");
+    files.RemoveFolder(L"C:\\t");
+    EXPECT_FALSE(files.Exists(L"C:\\t"));
+}
+
+TEST_F(MemoryFileSystemTest, DeletionThatIsPendingForTooLongKeepsTheFolder) {
+    files.AddFile(L"C:\\t\\a", "old");
+    files.HoldFor(L"C:\\t\\a", 1'000, MemoryFileSystem::HolderShares::Deletion);
+    files.Delete(L"C:\\t\\a");
+    EXPECT_EQ(ThrownNumber([&] { files.RemoveFolder(L"C:\\t"); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.Read(L"C:\\t\\a"); }), 70);
+}
+
+TEST_F(MemoryFileSystemTest, DeniedFolderIsSeenAndNotEntered) {
+    files.AddFile(L"C:\\t\\sub\\a");
+    files.DenyAccess(L"C:\\t");
+    EXPECT_TRUE(files.Find(L"C:\\t"));
+    EXPECT_EQ(ThrownNumber([&] { files.List(L"C:\\t"); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.List(L"C:\\t\\sub"); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.Find(L"C:\\t\\sub\\a"); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.Write(L"C:\\t\\b", ""); }), 75);
+    EXPECT_EQ(ThrownNumber([&] { files.MakeFolder(L"C:\\t\\c"); }), 75);
+    EXPECT_TRUE(files.Exists(L"C:\\t\\sub\\a"));
+}
+
+TEST_F(MemoryFileSystemTest, PowerCutLosesWhatWasNotFlushedAndStopsEverything) {
+    files.AddFile(L"C:\\loose", "unpacked");
+    files.LeaveUnflushed(L"C:\\loose");
+    files.AddFile(L"C:\\firm", "old");
+    files.CutPower(3);
+    files.Rename(L"C:\\loose", L"C:\\moved");
+    files.Write(L"C:\\second", "flushed");
+    EXPECT_THROW(files.Write(L"C:\\firm", "new"), MemoryFileSystem::PowerCut);
+    EXPECT_THROW(files.Find(L"C:\\"), MemoryFileSystem::PowerCut);
+    files.ReturnPower();
+    EXPECT_EQ(files.Read(L"C:\\moved"), "");
+    EXPECT_EQ(files.Read(L"C:\\second"), "flushed");
+    EXPECT_EQ(files.Read(L"C:\\firm"), "old");
+}
+
+TEST_F(MemoryFileSystemTest, PowerCutLeavesAPartOfANewFile) {
+    files.CutPower(1);
+    EXPECT_THROW(files.Write(L"C:\\new", "1234"), MemoryFileSystem::PowerCut);
+    files.ReturnPower();
+    EXPECT_EQ(files.Read(L"C:\\new"), "12");
+}
+
+TEST_F(MemoryFileSystemTest, FileThatReplacesAnotherIsFlushed) {
+    files.AddFile(L"C:\\from", "new");
+    files.AddFile(L"C:\\to", "old");
+    files.LeaveUnflushed(L"C:\\from");
+    files.Replace(L"C:\\from", L"C:\\to");
+    files.ReturnPower();
+    EXPECT_EQ(files.Read(L"C:\\to"), "new");
 }
 
 TEST_F(MemoryFileSystemTest, HelpersRefuseNonsense) {

@@ -163,9 +163,15 @@ struct MainWindowScene {
             if (file.path.ends_with(L'\\'))
                 files.AddFolder(file.path, file.attributes);
             else
-                files.AddFile(file.path, file.bytes, file.attributes);
+                AddUnpacked(file);
         }
         return package.result;
+    }
+
+    // Nothing that has just been unpacked is on the disk for certain.
+    void AddUnpacked(const PackedFile& file) {
+        files.AddFile(file.path, file.bytes, file.attributes);
+        files.LeaveUnflushed(file.path);
     }
 
     std::map<std::wstring, Package> packages;

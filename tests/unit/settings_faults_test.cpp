@@ -17,7 +17,7 @@ constexpr ErrorNumber Errors[] = {
     ErrorNumber::PermissionDenied, ErrorNumber::PathFileAccess, ErrorNumber::PathNotFound};
 
 class SettingsFaults : public testing::TestWithParam<ErrorNumber> {
-  protected:
+  public:
     struct Scene {
         Scene() {
             AddHost(fake.files, L"C:\\Host");
@@ -29,7 +29,7 @@ class SettingsFaults : public testing::TestWithParam<ErrorNumber> {
             return fake.files.Exists(path) && fake.files.Contents(path) == bytes;
         }
         bool FormerSettingsAreThere() const {
-            return Holds(IniPath, Former) || Holds(BackupPath, Former) || Holds(IniPath, Rewritten);
+            return Holds(IniPath, Former) || Holds(IniPath, Rewritten);
         }
 
         PlatformFake fake;
@@ -80,6 +80,43 @@ TEST_P(SettingsFaults, RewriteNeverLosesTheFormerSettings) {
     }
 }
 
+TEST(SettingsPowerCut, LeavesTheFormerSettingsOrTheNewOnes) {
+    size_t n = 1;
+    for (bool cut = true; cut; ++n) {
+        SCOPED_TRACE(n);
+        SettingsFaults::Scene scene;
+        scene.fake.files.AddFile(IniPath, Former);
+        scene.fake.files.AddFile(BackupPath, "older");
+        scene.fake.files.ForgetOperations();
+        scene.fake.files.CutPower(n);
+        try {
+            scene.Save();
+            cut = false;
+        } catch (const MemoryFileSystem::PowerCut&) {
+        }
+        scene.fake.files.ReturnPower();
+        EXPECT_TRUE(scene.Holds(IniPath, Former) || scene.Holds(IniPath, Rewritten));
+        scene.Save();
+        EXPECT_TRUE(scene.Holds(IniPath, Rewritten));
+        EXPECT_FALSE(scene.fake.files.Exists(BackupPath));
+    }
+    EXPECT_GT(n, 6U);
+}
+
+TEST(SettingsUnderAScanner, AreSaved) {
+    for (const auto shares :
+         {MemoryFileSystem::HolderShares::Nothing, MemoryFileSystem::HolderShares::Deletion}) {
+        SettingsFaults::Scene scene;
+        scene.fake.files.AddFile(IniPath, Former);
+        scene.fake.files.AddFile(BackupPath, "older");
+        scene.fake.files.HoldFor(IniPath, 40, shares);
+        scene.fake.files.HoldFor(BackupPath, 40, shares);
+        scene.Save();
+        EXPECT_TRUE(scene.Holds(IniPath, Rewritten));
+        EXPECT_FALSE(scene.fake.files.Exists(BackupPath));
+    }
+}
+
 TEST_P(SettingsFaults, FreshFileIsWrittenTheNextTime) {
     for (size_t n = 1;; ++n) {
         SCOPED_TRACE(n);
@@ -115,7 +152,7 @@ INSTANTIATE_TEST_SUITE_P(Errors, SettingsFaults, testing::ValuesIn(Errors), [](c
     return "Error" + std::to_string(static_cast<int>(error.param));
 });
 
-TEST(SettingsOnAFullDisk, FormerSettingsStayInTheBackup) {
+TEST(SettingsOnAFullDisk, StayAsTheyWere) {
     PlatformFake fake;
     SettingsState state;
     SettingsFile file(fake.platform, state);
@@ -124,7 +161,7 @@ TEST(SettingsOnAFullDisk, FormerSettingsStayInTheBackup) {
     HostFolderCombo combo;
     combo.entries = {L"C:\\Host"};
     EXPECT_EQ(ErrorOf([&] { file.SaveSettings(combo, L"C:\\"); }), ErrorNumber::DiskFull);
-    EXPECT_EQ(fake.files.Contents(BackupPath), Former);
+    EXPECT_EQ(fake.files.Contents(IniPath), Former);
 }
 
 TEST(SettingsInUse, StayAsTheyWere) {

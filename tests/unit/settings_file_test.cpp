@@ -512,9 +512,9 @@ TEST_F(SettingsFileTest, FormerBackupIsDeletedFirst) {
     EXPECT_EQ(Ini(), Lines({"VERSION=Ver.0.61"}));
     EXPECT_FALSE(files.Exists(BackupPath));
     const auto& log = files.Log();
-    EXPECT_LT(std::find(log.begin(), log.end(), L"Delete C:\\Tamblin\\tamb.bak"),
-              std::find(log.begin(), log.end(),
-                        L"Rename C:\\Tamblin\\tamb.ini -> C:\\Tamblin\\tamb.bak"));
+    EXPECT_LT(
+        std::find(log.begin(), log.end(), L"Delete C:\\Tamblin\\tamb.bak"),
+        std::find(log.begin(), log.end(), L"Copy C:\\Tamblin\\tamb.ini -> C:\\Tamblin\\tamb.bak"));
 }
 
 TEST_F(SettingsFileTest, BackupOfAnInterruptedSaveGoesWithTheFileThatIsWrittenAfresh) {
@@ -600,8 +600,7 @@ TEST_F(SettingsFileTest, FolderInTheBackupsPlaceFailsAndTouchesNothing) {
     Given({"VERSION=Ver.0.60"});
     files.AddFolder(BackupPath);
     const auto before = files.Snapshot();
-    EXPECT_EQ(ErrorOf([&] { file.SaveSettings(Combo({}), L"C:\\"); }),
-              ErrorNumber::FileAlreadyExists);
+    EXPECT_EQ(ErrorOf([&] { file.SaveSettings(Combo({}), L"C:\\"); }), ErrorNumber::PathFileAccess);
     EXPECT_EQ(files.Snapshot(), before);
 }
 

@@ -82,10 +82,10 @@ TEST(Uninstall, DeletesFromTheFirstToTheLastAndThenTheDefinitionFile) {
     };
     scene.Run();
     auto log = scene.files.Log();
-    ASSERT_GE(log.size(), 5U);
-    log.resize(5);
+    ASSERT_GE(log.size(), 6U);
+    log.resize(6);
     EXPECT_THAT(log, ElementsAre(QuestionText, L"DeleteTree C:\\VMR\\a", L"DeleteTree C:\\VMR\\b",
-                                 L"Delete C:\\VMR\\b.obl", DoneText));
+                                 L"Find C:\\VMR\\b", L"Delete C:\\VMR\\b.obl", DoneText));
 }
 
 TEST(Uninstall, ListIsReadAnewAndItsButtonsAreDisabled) {
@@ -149,13 +149,13 @@ TEST(Uninstall, ReadOnlyDefinitionFileEndsItAndStays) {
     EXPECT_EQ(scene.files.Contents(L"C:\\VMR\\abc.obl"), "1");
 }
 
-TEST(Uninstall, FolderThatCannotBeDeletedIsNotNoticed) {
+TEST(Uninstall, FolderThatCannotBeDeletedKeepsItsDefinitionFile) {
     UninstallScene scene;
     scene.ShowSelected(L"abc");
     scene.files.Lock(L"C:\\VMR\\abc\\face.bmp");
     scene.Run();
     EXPECT_TRUE(scene.files.Exists(L"C:\\VMR\\abc\\face.bmp"));
-    EXPECT_FALSE(scene.files.Exists(L"C:\\VMR\\abc.obl"));
+    EXPECT_TRUE(scene.files.Exists(L"C:\\VMR\\abc.obl"));
     EXPECT_THAT(scene.messages.Texts(), ElementsAre(QuestionText, DoneText));
 }
 

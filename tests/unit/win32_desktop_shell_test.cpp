@@ -44,7 +44,7 @@ TEST_F(Win32DesktopShellTest, DeletesASingleFileAndTakesPathsAsTheyCome) {
     shell.DeleteTree(In(L"beside"));
     EXPECT_FALSE(IsThere(L"beside"));
     files.SetCurrentFolder(folder.Path());
-    shell.DeleteTree(L".\\tree\\\\sub\\");
+    shell.DeleteTree(L".\\tree\\\\sub");
     EXPECT_FALSE(IsThere(L"tree\\sub"));
     EXPECT_TRUE(IsThere(L"tree\\a.txt"));
 }
@@ -52,8 +52,8 @@ TEST_F(Win32DesktopShellTest, DeletesASingleFileAndTakesPathsAsTheyCome) {
 TEST_F(Win32DesktopShellTest, DeletesNothingThatIsNotOnePath) {
     MakeTree();
     files.SetCurrentFolder(In(L"tree"));
-    for (const std::wstring& path :
-         {std::wstring(), In(L"tree\\*"), In(L"*.*"), In(L"nosuch"), folder.Path().substr(0, 3)})
+    for (const std::wstring& path : {std::wstring(), In(L"tree\\*"), In(L"*.*"), In(L"nosuch"),
+                                     In(L"tree\\"), In(L"tree/"), folder.Path().substr(0, 3)})
         shell.DeleteTree(path);
     files.SetCurrentFolder(folder.Path());
     EXPECT_TRUE(IsThere(L"tree\\a.txt"));
@@ -95,7 +95,8 @@ int WINAPI RecordDeletion(SHFILEOPSTRUCTW* request) {
     return 0;
 }
 
-// Neither is silent: of a long deletion the user sees the progress.
+// Neither is silent: of a long deletion the user sees the progress. Where there is no recycle bin
+// the user is asked, whatever else goes without a question.
 TEST_F(Win32DesktopShellTest, AsksTheShellForOneTreeAtATimeWithoutConfirmation) {
     MakeTree();
     deletions.clear();
@@ -104,7 +105,49 @@ TEST_F(Win32DesktopShellTest, AsksTheShellForOneTreeAtATimeWithoutConfirmation) 
     recorded.MoveToRecycleBin(In(L"tree\\sub"));
     const std::wstring end(1, L'\0');
     EXPECT_EQ(deletions, (std::vector<Deletion>{{In(L"tree") + end, 3, 0x10, false},
-                                                {In(L"tree\\sub") + end, 3, 0x50, false}}));
+                                                {In(L"tree\\sub") + end, 3, 0x4050, false}}));
+}
+
+int WINAPI RefuseDeletion(SHFILEOPSTRUCTW*) {
+    return ERROR_SHARING_VIOLATION;
+}
+
+TEST_F(Win32DesktopShellTest, TreeThatTheShellDoesNotDeleteKeepsItsLinks) {
+    MakeTree();
+    files.MakeFolder(In(L"real"));
+    if (!MakeJunction(In(L"tree\\sub\\link"), In(L"real")))
+        GTEST_SKIP() << "this system has no reparse points";
+    Win32DesktopShell refused(RefuseDeletion);
+    refused.DeleteTree(In(L"tree"));
+    EXPECT_TRUE(files.Find(In(L"tree\\sub\\link"))->attributes.link);
+}
+
+TEST_F(Win32DesktopShellTest, JunctionGoesAndWhatItPointsToStays) {
+    MakeTree();
+    files.MakeFolder(In(L"real"));
+    files.Write(In(L"real\\kept"), "4");
+    if (!MakeJunction(In(L"tree\\link"), In(L"real")) || !MakeJunction(In(L"link"), In(L"real")))
+        GTEST_SKIP() << "this system has no reparse points";
+    shell.DeleteTree(In(L"link"));
+    shell.DeleteTree(In(L"tree"));
+    EXPECT_FALSE(IsThere(L"link"));
+    EXPECT_FALSE(IsThere(L"tree"));
+    EXPECT_EQ(files.Read(In(L"real\\kept")), "4");
+}
+
+TEST_F(Win32DesktopShellTest, WaitsForFilesThatAnotherProgramHolds) {
+    MakeTree();
+    HANDLE held = CreateFileW(In(L"tree\\sub\\表.txt").c_str(), GENERIC_READ, FILE_SHARE_READ,
+                              nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    int pauses = 0;
+    const Patience letsGo(Patience::usual, [&](Patience::Milliseconds) {
+        if (++pauses == 5)
+            CloseHandle(held);
+    });
+    Win32DesktopShell(SHFileOperationW, letsGo).DeleteTree(In(L"tree"));
+    EXPECT_EQ(pauses, 5);
+    EXPECT_FALSE(IsThere(L"tree"));
 }
 
 TEST_F(Win32DesktopShellTest, RecycledTreeIsGoneFromItsPlace) {

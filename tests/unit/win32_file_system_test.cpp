@@ -7,6 +7,11 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <cstddef>
+#include <string>
+#include <tuple>
+#include <vector>
+
 #include "platform/win32/win32_attributes.h"
 #include "platform/win32/win32_path.h"
 #include "support/temporary_folder.h"
@@ -57,6 +62,222 @@ TEST_F(Win32FileSystemTest, ReadsFilesThatAnotherProgramIsWriting) {
     EXPECT_EQ(files.Read(In(L"a")), "1");
     EXPECT_EQ(ThrownNumber([&] { files.Write(In(L"a"), "2"); }), 70);
     CloseHandle(writer);
+}
+
+// Another program that has a file open, and closes it in the middle of an operation of ours.
+class Holder {
+  public:
+    Holder(const std::wstring& file, DWORD share)
+        : handle(
+              CreateFileW(file.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr)) {
+        EXPECT_NE(handle, INVALID_HANDLE_VALUE);
+    }
+    ~Holder() { LetGo(); }
+    Holder(const Holder&) = delete;
+    Holder& operator=(const Holder&) = delete;
+
+    void LetGo() {
+        if (handle != nullptr)
+            CloseHandle(handle);
+        handle = nullptr;
+    }
+
+  private:
+    HANDLE handle;
+};
+
+struct HeldCase {
+    const char* name;
+    const wchar_t* held;
+    void (*operation)(Win32FileSystem& files, const std::wstring& folder);
+    void (*check)(Win32FileSystem& files, const std::wstring& folder);
+};
+
+class HeldFiles : public testing::TestWithParam<std::tuple<HeldCase, DWORD>> {
+  protected:
+    TemporaryFolder folder;
+};
+
+void ExpectContents(Win32FileSystem& files, const std::wstring& path, const char* bytes) {
+    EXPECT_EQ(files.Read(path), bytes);
+}
+
+// The scanner holds it until the operation has tried five times.
+TEST_P(HeldFiles, AreWaitedFor) {
+    const auto& [row, share] = GetParam();
+    Win32FileSystem plain;
+    const std::wstring top = folder.Path();
+    plain.MakeFolder(top + L"\\sub");
+    plain.Write(top + L"\\a", "a");
+    plain.Write(top + L"\\b", "b");
+    Holder scanner(top + L'\\' + row.held, share);
+    int pauses = 0;
+    Win32FileSystem files({Patience::usual, [&](Patience::Milliseconds) {
+                               if (++pauses == 5)
+                                   scanner.LetGo();
+                           }});
+    row.operation(files, top);
+    scanner.LetGo();
+    row.check(plain, top);
+    EXPECT_LE(pauses, 5);
+    for (const FolderEntry& entry : plain.List(top))
+        EXPECT_EQ(entry.name.find(L".new"), std::wstring::npos);
+}
+
+// One that never lets go is given up, and nothing has happened.
+TEST_P(HeldFiles, AreGivenUpWhenTheTimeIsUp) {
+    const auto& [row, share] = GetParam();
+    if ((share & FILE_SHARE_DELETE) != 0)
+        GTEST_SKIP() << "the file can be deleted and moved";
+    Win32FileSystem plain;
+    const std::wstring top = folder.Path();
+    plain.MakeFolder(top + L"\\sub");
+    plain.Write(top + L"\\a", "a");
+    plain.Write(top + L"\\b", "b");
+    Holder scanner(top + L'\\' + row.held, share);
+    Patience::Milliseconds waited{0};
+    Win32FileSystem files({Patience::usual, [&](Patience::Milliseconds time) {
+                               waited += time;
+                           }});
+    EXPECT_EQ(ThrownNumber([&, &operation = row.operation] { operation(files, top); }), 70);
+    EXPECT_GE(waited, Patience::usual);
+    scanner.LetGo();
+    ExpectContents(plain, top + L"\\a", "a");
+    ExpectContents(plain, top + L"\\b", "b");
+    EXPECT_EQ(plain.List(top).size(), 3U);
+}
+
+const HeldCase heldCases[] = {
+    {"Delete", L"a", [](auto& files, const std::wstring& top) { files.Delete(top + L"\\a"); },
+     [](auto& files, const std::wstring& top) {
+         EXPECT_FALSE(files.Find(top + L"\\a"));
+     }},
+    {"Rename", L"a",
+     [](auto& files, const std::wstring& top) { files.Rename(top + L"\\a", top + L"\\c"); },
+     [](auto& files, const std::wstring& top) {
+         ExpectContents(files, top + L"\\c", "a");
+     }},
+    {"Write", L"a", [](auto& files, const std::wstring& top) { files.Write(top + L"\\a", "new"); },
+     [](auto& files, const std::wstring& top) {
+         ExpectContents(files, top + L"\\a", "new");
+     }},
+    {"CopyTarget", L"b",
+     [](auto& files, const std::wstring& top) { files.Copy(top + L"\\a", top + L"\\b"); },
+     [](auto& files, const std::wstring& top) {
+         ExpectContents(files, top + L"\\b", "a");
+     }},
+    {"ReplaceTarget", L"b",
+     [](auto& files, const std::wstring& top) { files.Replace(top + L"\\a", top + L"\\b"); },
+     [](auto& files, const std::wstring& top) {
+         ExpectContents(files, top + L"\\b", "a");
+         EXPECT_FALSE(files.Find(top + L"\\a"));
+     }},
+    {"ReplaceSource", L"a",
+     [](auto& files, const std::wstring& top) { files.Replace(top + L"\\a", top + L"\\b"); },
+     [](auto& files, const std::wstring& top) {
+         ExpectContents(files, top + L"\\b", "a");
+     }},
+    {"Move", L"a",
+     [](auto& files, const std::wstring& top) { files.Replace(top + L"\\a", top + L"\\c"); },
+     [](auto& files, const std::wstring& top) {
+         ExpectContents(files, top + L"\\c", "a");
+     }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Win32, HeldFiles,
+                         testing::Combine(testing::ValuesIn(heldCases),
+                                          testing::Values(DWORD{FILE_SHARE_READ},
+                                                          DWORD{FILE_SHARE_READ | FILE_SHARE_WRITE |
+                                                                FILE_SHARE_DELETE})),
+                         [](const auto& instance) {
+                             const bool shared =
+                                 (std::get<1>(instance.param) & FILE_SHARE_DELETE) != 0;
+                             return std::string(std::get<0>(instance.param).name) +
+                                    (shared ? "Shared" : "");
+                         });
+
+TEST_F(Win32FileSystemTest, DeletedFileThatIsStillOpenIsWaitedFor) {
+    constexpr DWORD all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    files.MakeFolder(In(L"sub"));
+    files.Write(In(L"sub\\a"), "old");
+    Holder scanner(In(L"sub\\a"), all);
+    int pauses = 0;
+    Win32FileSystem waiting({Patience::usual, [&](Patience::Milliseconds) {
+                                 if (++pauses == 5)
+                                     scanner.LetGo();
+                             }});
+    waiting.Delete(In(L"sub\\a"));
+    waiting.RemoveFolder(In(L"sub"));
+    EXPECT_FALSE(files.Find(In(L"sub")));
+    EXPECT_LE(pauses, 5);
+}
+
+TEST_F(Win32FileSystemTest, FolderThatReallyHoldsSomethingIsNotWaitedFor) {
+    files.MakeFolder(In(L"sub"));
+    files.Write(In(L"sub\\a"), "1");
+    files.SetAttributes(In(L"sub\\a"), {.hidden = true});
+    int pauses = 0;
+    Win32FileSystem waiting({Patience::usual, [&](Patience::Milliseconds) {
+                                 ++pauses;
+                             }});
+    EXPECT_EQ(ThrownNumber([&] { waiting.RemoveFolder(In(L"sub")); }), 75);
+    waiting.SetCurrentFolder(In(L"sub"));
+    EXPECT_EQ(ThrownNumber([&] { waiting.RemoveFolder(In(L"sub")); }), 75);
+    waiting.SetCurrentFolder(folder.Path());
+    EXPECT_EQ(pauses, 0);
+}
+
+std::vector<std::byte> PermissionsOf(const std::wstring& path) {
+    DWORD size = 0;
+    GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    std::vector<std::byte> descriptor(size);
+    EXPECT_TRUE(
+        GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, descriptor.data(), size, &size));
+    return descriptor;
+}
+
+// Takes their rights from those who come last in the descriptor.
+void MakePrivate(const std::wstring& path) {
+    std::vector<std::byte> descriptor = PermissionsOf(path);
+    BOOL present = FALSE;
+    BOOL defaulted = FALSE;
+    ACL* list = nullptr;
+    ASSERT_TRUE(GetSecurityDescriptorDacl(descriptor.data(), &present, &list, &defaulted));
+    ASSERT_GT(list->AceCount, 1U);
+    ASSERT_TRUE(DeleteAce(list, list->AceCount - 1U));
+    SECURITY_DESCRIPTOR only;
+    ASSERT_TRUE(InitializeSecurityDescriptor(&only, SECURITY_DESCRIPTOR_REVISION));
+    ASSERT_TRUE(SetSecurityDescriptorDacl(&only, TRUE, list, FALSE));
+    ASSERT_TRUE(SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, &only));
+}
+
+TEST_F(Win32FileSystemTest, ReplacedFilesKeepTheirPermissions) {
+    for (const wchar_t* name : {L"written", L"copied", L"replaced"}) {
+        files.Write(In(name), "old");
+        const auto usual = PermissionsOf(In(name));
+        MakePrivate(In(name));
+        const auto own = PermissionsOf(In(name));
+        ASSERT_NE(own, usual);
+        files.Write(In(L"from"), "new");
+        if (name == std::wstring(L"written"))
+            files.Write(In(name), "new");
+        else if (name == std::wstring(L"copied"))
+            files.Copy(In(L"from"), In(name));
+        else
+            files.Replace(In(L"from"), In(name));
+        EXPECT_EQ(files.Read(In(name)), "new");
+        EXPECT_EQ(PermissionsOf(In(name)), own) << name;
+    }
+}
+
+TEST_F(Win32FileSystemTest, FolderMadeLikeAnotherHasItsPermissions) {
+    files.MakeFolder(In(L"model"));
+    files.MakeFolder(In(L"plain"));
+    MakePrivate(In(L"model"));
+    files.MakeFolderLike(In(L"like"), In(L"model"));
+    EXPECT_EQ(PermissionsOf(In(L"like")), PermissionsOf(In(L"model")));
+    EXPECT_NE(PermissionsOf(In(L"like")), PermissionsOf(In(L"plain")));
+    files.Write(In(L"like\\a"), "1");
 }
 
 TEST_F(Win32FileSystemTest, ListsManyEntriesCompletely) {

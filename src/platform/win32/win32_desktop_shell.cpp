@@ -25,9 +25,10 @@ bool NamesTheSame(const std::wstring& path, const std::wstring& fullPath) {
 }
 
 // The full path of something that may be deleted, or nothing. The shell would take an empty path
-// for the current folder, a wildcard for many files, and would empty a whole drive.
+// for the current folder, a wildcard for many files, and would empty a whole drive. A path that
+// ends in a separator is one to which a name was to be added.
 std::optional<std::wstring> DeletablePath(const std::wstring& path) {
-    if (path.empty())
+    if (path.empty() || EndsInSeparator(path))
         return std::nullopt;
     try {
         std::wstring full = FullPath(path);
@@ -58,20 +59,21 @@ bool RemoveLink(const std::wstring& fullPath, const WIN32_FIND_DATAW& link) {
     return !IsHostLink(link) && RemoveDirectoryW(PathForWindows(fullPath).c_str());
 }
 
-// Calls visit(path, found) for every link below a folder, until one returns false.
+// Calls visit(path, found) for all below a folder, until one returns false. Links are not followed.
 template <typename Visitor>
-bool VisitLinks(const std::wstring& folder, const Visitor& visit) {
+bool VisitTree(const std::wstring& folder, const Visitor& visit) {
     WIN32_FIND_DATAW found;
     const UniqueFindHandle search(
         NullIfInvalid(FindFirstFileW((PathForWindows(folder) + L"\\*").c_str(), &found)));
     if (!search)
         return true;
     do {
-        const FileAttributes attributes = AttributesOf(found);
-        if (!attributes.folder || IsDots(found.cFileName))
+        if (IsDots(found.cFileName))
             continue;
+        const FileAttributes attributes = AttributesOf(found);
         const std::wstring path = folder + L'\\' + found.cFileName;
-        if (attributes.link ? !visit(path, found) : !VisitLinks(path, visit))
+        if (!visit(path, found) ||
+            (attributes.folder && !attributes.link && !VisitTree(path, visit)))
             return false;
     } while (FindNextFileW(search.get(), &found));
     return true;
@@ -83,6 +85,21 @@ struct TaskMemory {
 
 } // namespace
 
+// The shell gives up at the first file that another program holds. False for a tree that it must
+// not be given.
+bool Win32DesktopShell::WaitUntilFree(const std::wstring& tree, bool isFile) {
+    bool followed = false;
+    const auto isHeld = [&] {
+        return (isFile && IsHeld(tree)) ||
+               !VisitTree(tree, [&](const std::wstring& path, const WIN32_FIND_DATAW& found) {
+                   followed = followed || IsHostLink(found);
+                   return !followed && !IsHeld(path);
+               });
+    };
+    patience.Outwait([&] { return isHeld() && !followed; });
+    return !followed;
+}
+
 // Neither the result nor whether the user broke it off is looked at.
 void Win32DesktopShell::DeleteByShell(const std::wstring& fullPath, FILEOP_FLAGS flags) {
     const std::wstring source = fullPath + L'\0'; // a list of one, ended by an empty string
@@ -93,31 +110,25 @@ void Win32DesktopShell::DeleteByShell(const std::wstring& fullPath, FILEOP_FLAGS
     fileOperation(&operation);
 }
 
-// Not every shell stops at a link when it deletes a tree, so that none is left for it to find. A
-// tree with a link that does not go stays whole.
 void Win32DesktopShell::DeleteTree(const std::wstring& path) {
-    Delete(path, FOF_NOCONFIRMATION, RemoveLink);
+    Delete(path, FOF_NOCONFIRMATION);
 }
 
-// Links go into the bin with their tree, so that the user gets back what there was. Those that the
-// shell would follow, should it have no bin, keep the tree from being touched.
+// Where there is no recycle bin the user is asked before anything goes for good.
 void Win32DesktopShell::MoveToRecycleBin(const std::wstring& path) {
-    Delete(path, FOF_ALLOWUNDO | FOF_NOCONFIRMATION,
-           [](const std::wstring&, const WIN32_FIND_DATAW& link) { return !IsHostLink(link); });
+    Delete(path, FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_WANTNUKEWARNING);
 }
 
-// `visitLink` does with a link below the tree what has to be done before the shell comes; false
-// keeps the tree. The path itself is never followed.
-template <typename Visitor>
-void Win32DesktopShell::Delete(const std::wstring& path, FILEOP_FLAGS flags,
-                               const Visitor& visitLink) {
+// Links below the tree are the shell's to remove, together with what holds them. Those that it
+// would follow keep the tree whole. The path itself is never followed.
+void Win32DesktopShell::Delete(const std::wstring& path, FILEOP_FLAGS flags) {
     const auto full = DeletablePath(path);
     const auto found = full ? FindAt(*full) : std::nullopt;
     if (!found)
         return;
     if (AttributesOf(*found).link)
         RemoveLink(*full, *found);
-    else if (VisitLinks(*full, visitLink))
+    else if (WaitUntilFree(*full, !AttributesOf(*found).folder))
         DeleteByShell(*full, flags);
 }
 

@@ -5,16 +5,21 @@
 // After <windows.h>, which it needs.
 #include <shellapi.h>
 
+#include <utility>
+
 #include "platform/desktop_shell.h"
+#include "platform/win32/win32_held_file.h"
 
 namespace tamblin {
 
 class Win32DesktopShell : public DesktopShell {
   public:
     using FileOperation = int(WINAPI*)(SHFILEOPSTRUCTW*);
-    // `shellFileOperation` does the deletions.
-    explicit Win32DesktopShell(FileOperation shellFileOperation = SHFileOperationW)
-        : fileOperation(shellFileOperation) {}
+    // `shellFileOperation` does the deletions; `waitsFor` is how long one waits for files that
+    // another program holds.
+    explicit Win32DesktopShell(FileOperation shellFileOperation = SHFileOperationW,
+                               Patience waitsFor = PatienceOfWindows())
+        : fileOperation(shellFileOperation), patience(std::move(waitsFor)) {}
 
     void DeleteTree(const std::wstring& path) override;
     void MoveToRecycleBin(const std::wstring& path) override;
@@ -22,11 +27,12 @@ class Win32DesktopShell : public DesktopShell {
     std::optional<std::wstring> DesktopFolder() override;
 
   private:
-    template <typename Visitor>
-    void Delete(const std::wstring& path, FILEOP_FLAGS flags, const Visitor& visitLink);
+    void Delete(const std::wstring& path, FILEOP_FLAGS flags);
+    bool WaitUntilFree(const std::wstring& tree, bool isFile);
     void DeleteByShell(const std::wstring& fullPath, FILEOP_FLAGS flags);
 
     FileOperation fileOperation;
+    Patience patience;
 };
 
 } // namespace tamblin

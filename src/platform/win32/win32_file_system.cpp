@@ -8,51 +8,14 @@
 
 #include "base/text.h"
 #include "platform/win32/win32_attributes.h"
-#include "platform/win32/win32_error.h"
+#include "platform/win32/win32_file_error.h"
+#include "platform/win32/win32_file_swap.h"
 #include "platform/win32/win32_handle.h"
 #include "platform/win32/win32_path.h"
+#include "platform/win32/win32_permissions.h"
 
 namespace tamblin {
 namespace {
-
-constexpr DWORD longestTransfer = 16U << 20;
-
-// Names are well formed by the time that Windows sees them. When it calls one invalid all the same,
-// a file stands where it wants a folder.
-bool MeansNotThere(DWORD code) {
-    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND ||
-           code == ERROR_DIRECTORY || code == ERROR_INVALID_NAME;
-}
-
-// Windows reports a missing drive as a missing folder. Sees to it that the drive itself is there.
-void CheckDrive(const std::wstring& full, ErrorNumber missing, ErrorNumber notReady) {
-    switch (StateOfDrive(full)) {
-        case DriveState::Missing:
-            throw RunTimeError(missing);
-        case DriveState::NotReady:
-            throw RunTimeError(notReady);
-        case DriveState::Ready:
-            break;
-    }
-}
-
-// For a call that has just failed on something at this path. A missing drive is reported as a
-// missing file by some, as a missing folder by others.
-[[noreturn]] void ThrowFileError(const std::wstring& full, Attempt attempt = Attempt::OnFile) {
-    const DWORD code = GetLastError();
-    if (MeansNotThere(code))
-        CheckDrive(full, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
-    ThrowError(code, attempt);
-}
-
-// The same for the two attempts that open a folder.
-[[noreturn]] void ThrowFolderError(const std::wstring& full, Attempt attempt) {
-    const DWORD code = GetLastError();
-    if (!MeansNotThere(code))
-        ThrowError(code, attempt);
-    CheckDrive(full, ErrorNumber::DeviceUnavailable, ErrorNumber::DeviceUnavailable);
-    throw RunTimeError(ErrorNumber::PathNotFound);
-}
 
 // A path that can only name a folder ("C:\\", "a\\") is refused where a file is wanted.
 std::wstring FullFilePath(const std::wstring& path) {
@@ -93,6 +56,11 @@ void CheckNotHostLink(const std::wstring& full) {
         throw RunTimeError(ErrorNumber::PathFileAccess);
 }
 
+FolderEntry EntryOf(const WIN32_FIND_DATAW& found) {
+    const std::uint64_t size = std::uint64_t{found.nFileSizeHigh} << 32 | found.nFileSizeLow;
+    return {found.cFileName, AttributesOf(found), size};
+}
+
 bool IsDots(const wchar_t* name) {
     return name[0] == L'.' && (name[1] == L'\0' || (name[1] == L'.' && name[2] == L'\0'));
 }
@@ -112,107 +80,37 @@ void SortByUpperCase(std::vector<FolderEntry>& entries) {
         entries[index] = std::move(keyed[index].entry);
 }
 
-UniqueHandle Open(const std::wstring& full, DWORD access, DWORD share, DWORD disposition) {
-    UniqueHandle file(
-        NullIfInvalid(CreateFileW(PathForWindows(full).c_str(), access, share, nullptr, disposition,
-                                  FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr)));
-    if (!file)
+// A file that may be replaced is none that is read-only or in use.
+void CheckMayBeReplaced(const std::wstring& full, const Patience& patience) {
+    CheckNotReadOnly(full);
+    if (HasBits(full, FILE_ATTRIBUTE_DIRECTORY))
+        throw RunTimeError(ErrorNumber::PathFileAccess);
+    if (!OpenFile(full, {GENERIC_WRITE | DELETE, 0, OPEN_EXISTING}, patience))
         ThrowFileError(full);
-    return file;
 }
 
-void SetLength(HANDLE file, std::uint64_t length) {
-    LARGE_INTEGER position;
-    position.QuadPart = static_cast<LONGLONG>(length);
-    if (!SetFilePointerEx(file, position, nullptr, FILE_BEGIN) || !SetEndOfFile(file))
-        ThrowLastError();
-    position.QuadPart = 0;
-    if (!SetFilePointerEx(file, position, nullptr, FILE_BEGIN))
-        ThrowLastError();
+void CheckNotTheSame(const std::wstring& source, const std::wstring& target) {
+    if (EqualIgnoringCase(source, target))
+        throw RunTimeError(BitsOf(source) == INVALID_FILE_ATTRIBUTES
+                               ? ErrorNumber::FileNotFound
+                               : ErrorNumber::PermissionDenied);
 }
 
-// A file that takes no more ends where the bytes end.
-[[noreturn]] void GiveUpWriting(HANDLE file, DWORD code) {
-    SetEndOfFile(file);
-    ThrowError(code);
+DWORD VolumeOf(const std::wstring& folder) {
+    const UniqueHandle handle(
+        NullIfInvalid(CreateFileW(PathForWindows(folder).c_str(), FILE_READ_ATTRIBUTES,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)));
+    BY_HANDLE_FILE_INFORMATION information;
+    if (!handle || !GetFileInformationByHandle(handle.get(), &information))
+        ThrowFolderError(folder, Attempt::EnterFolder);
+    return information.dwVolumeSerialNumber;
 }
 
-void WriteAll(HANDLE file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const auto wanted = static_cast<DWORD>(std::min<size_t>(bytes.size(), longestTransfer));
-        DWORD written = 0;
-        if (!WriteFile(file, bytes.data(), wanted, &written, nullptr))
-            GiveUpWriting(file, GetLastError());
-        if (written == 0)
-            GiveUpWriting(file, ERROR_DISK_FULL);
-        bytes.remove_prefix(written);
-    }
-}
-
-// Not every file system can flush; what it then cannot report is not an error.
-void FlushAndClose(UniqueHandle file) {
-    if (!FlushFileBuffers(file.get()) && GetLastError() != ERROR_INVALID_FUNCTION &&
-        GetLastError() != ERROR_NOT_SUPPORTED)
-        ThrowLastError();
-    if (!CloseHandle(file.release()))
-        ThrowLastError();
-}
-
-// Room for the new contents is taken before the old ones are touched, so that most full disks
-// leave the old contents whole.
-void ReplaceContents(UniqueHandle file, std::string_view bytes) {
-    LARGE_INTEGER oldSize;
-    if (!GetFileSizeEx(file.get(), &oldSize))
-        ThrowLastError();
-    if (bytes.size() > static_cast<std::uint64_t>(oldSize.QuadPart))
-        SetLength(file.get(), bytes.size());
-    WriteAll(file.get(), bytes);
-    SetLength(file.get(), bytes.size());
-    FlushAndClose(std::move(file));
-}
-
-// Windows takes the part of a copy that fitted on a full disk away again, Wine leaves it.
-[[noreturn]] void ThrowCopyError(const std::wstring& source, const std::wstring& target) {
-    const DWORD code = GetLastError();
-    if (ErrorNumberOf(code) == ErrorNumber::DiskFull)
-        DeleteFileW(PathForWindows(target).c_str());
-    if (MeansNotThere(code))
-        CheckDrive(target, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
-    SetLastError(code);
-    ThrowFileError(source);
-}
-
-void CopyToNewFile(const std::wstring& source, const std::wstring& target) {
-    if (!CopyFileW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), TRUE))
-        ThrowCopyError(source, target);
-}
-
-// A name beside the file that nothing has yet.
-std::wstring FreeNameBeside(const std::wstring& full) {
-    for (int number = 0;; ++number) {
-        std::wstring name = full + L".new" + std::to_wstring(number);
-        if (BitsOf(name) == INVALID_FILE_ATTRIBUTES)
-            return name;
-    }
-}
-
-// The file keeps standing until its successor is complete beside it.
-void ReplaceByCopy(const std::wstring& source, const std::wstring& target) {
-    Open(source, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
-    Open(target, GENERIC_WRITE, 0, OPEN_EXISTING); // fails as long as a program uses the file
-    WIN32_FIND_DATAW found;
-    std::wstring spelled = target;
-    if (FindFirst(PathForWindows(target), found, 0))
-        spelled = target.substr(0, target.rfind(L'\\') + 1) + found.cFileName;
-    const std::wstring successor = FreeNameBeside(target);
-    CopyToNewFile(source, successor);
-    if (MoveFileExW(PathForWindows(successor).c_str(), PathForWindows(spelled).c_str(),
-                    MOVEFILE_REPLACE_EXISTING))
-        return;
-    const DWORD code = GetLastError();
-    DeleteFileW(PathForWindows(successor).c_str());
-    SetLastError(code);
-    ThrowFileError(target);
+bool TakesNewFiles(const std::wstring& folder) {
+    return UniqueHandle(NullIfInvalid(CreateFileW(
+               PathForWindows(folder + L"\\new").c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
+               CREATE_NEW, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr))) != nullptr;
 }
 
 bool IsBelow(const std::wstring& full, const std::wstring& folder) {
@@ -221,10 +119,16 @@ bool IsBelow(const std::wstring& full, const std::wstring& folder) {
            EqualIgnoringCase(std::wstring_view(full).substr(0, start.size()), start);
 }
 
+bool HoldsCurrentFolder(const std::wstring& folder) {
+    const std::wstring current = FullPath({});
+    return EqualIgnoringCase(current, folder) || IsBelow(current, folder);
+}
+
 } // namespace
 
-Win32FileSystem::Win32FileSystem()
-    : previousErrorMode(SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX)) {}
+Win32FileSystem::Win32FileSystem(Patience waitsFor)
+    : patience(std::move(waitsFor)),
+      previousErrorMode(SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX)) {}
 
 Win32FileSystem::~Win32FileSystem() {
     SetErrorMode(previousErrorMode);
@@ -244,7 +148,7 @@ std::optional<FolderEntry> Win32FileSystem::Find(const std::wstring& path) {
         CheckDrive(full, ErrorNumber::BadFileName, ErrorNumber::DiskNotReady);
         return std::nullopt;
     }
-    FolderEntry entry{found.cFileName, AttributesOf(found)};
+    FolderEntry entry = EntryOf(found);
     if (EndsInSeparator(path) && !entry.attributes.folder)
         return std::nullopt;
     return entry;
@@ -264,7 +168,7 @@ std::vector<FolderEntry> Win32FileSystem::List(const std::wstring& folder) {
     }
     do {
         if (!IsDots(found.cFileName))
-            entries.push_back({found.cFileName, AttributesOf(found)});
+            entries.push_back(EntryOf(found));
     } while (FindNextFileW(search.get(), &found));
     if (GetLastError() != ERROR_NO_MORE_FILES)
         ThrowFolderError(full, Attempt::List);
@@ -273,9 +177,11 @@ std::vector<FolderEntry> Win32FileSystem::List(const std::wstring& folder) {
 }
 
 std::string Win32FileSystem::Read(const std::wstring& file) try {
-    const UniqueHandle handle =
-        Open(FullFilePath(file), GENERIC_READ,
-             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING);
+    const std::wstring full = FullFilePath(file);
+    constexpr DWORD all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const UniqueHandle handle = OpenFile(full, {GENERIC_READ, all, OPEN_EXISTING}, patience);
+    if (!handle)
+        ThrowFileError(full);
     LARGE_INTEGER size;
     if (!GetFileSizeEx(handle.get(), &size))
         ThrowLastError();
@@ -283,7 +189,7 @@ std::string Win32FileSystem::Read(const std::wstring& file) try {
     size_t done = 0;
     while (done < bytes.size()) {
         const auto wanted =
-            static_cast<DWORD>(std::min<size_t>(bytes.size() - done, longestTransfer));
+            static_cast<DWORD>(std::min<size_t>(bytes.size() - done, LongestTransfer));
         DWORD count = 0;
         if (!ReadFile(handle.get(), bytes.data() + done, wanted, &count, nullptr))
             ThrowLastError();
@@ -301,33 +207,56 @@ std::string Win32FileSystem::Read(const std::wstring& file) try {
 
 void Win32FileSystem::Write(const std::wstring& file, std::string_view bytes) {
     const std::wstring full = FullFilePath(file);
-    CheckNotReadOnly(full);
-    const bool isNew = BitsOf(full) == INVALID_FILE_ATTRIBUTES;
-    UniqueHandle handle = Open(full, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS);
-    try {
-        ReplaceContents(std::move(handle), bytes);
-    } catch (const RunTimeError&) {
-        if (isNew)
-            DeleteFileW(PathForWindows(full).c_str());
-        throw;
+    if (BitsOf(full) == INVALID_FILE_ATTRIBUTES) {
+        WriteNewFile(full, bytes, patience);
+    } else {
+        CheckMayBeReplaced(full, patience);
+        SwapInBytes(full, bytes, patience);
     }
 }
 
 void Win32FileSystem::Copy(const std::wstring& from, const std::wstring& to) {
+    busy.Tick();
     const std::wstring source = FullFilePath(from);
     const std::wstring target = FullFilePath(to);
-    CheckNotReadOnly(target);
-    if (EqualIgnoringCase(source, target))
-        throw RunTimeError(BitsOf(source) == INVALID_FILE_ATTRIBUTES
-                               ? ErrorNumber::FileNotFound
-                               : ErrorNumber::PermissionDenied);
-    const DWORD bits = BitsOf(target);
-    if (bits == INVALID_FILE_ATTRIBUTES)
-        CopyToNewFile(source, target);
-    else if ((bits & FILE_ATTRIBUTE_DIRECTORY) != 0)
+    CheckNotTheSame(source, target);
+    if (BitsOf(target) == INVALID_FILE_ATTRIBUTES) {
+        CopyToNewFile(source, target, patience);
+    } else {
+        CheckMayBeReplaced(target, patience);
+        SwapInCopy(source, target, patience);
+    }
+}
+
+// Nothing has to be replaced mostly, so that this is tried first.
+void Win32FileSystem::Replace(const std::wstring& from, const std::wstring& to) {
+    busy.Tick();
+    const std::wstring source = FullFilePath(from);
+    const std::wstring target = FullFilePath(to);
+    CheckNotTheSame(source, target);
+    if (HasBits(source, FILE_ATTRIBUTE_DIRECTORY))
         throw RunTimeError(ErrorNumber::PathFileAccess);
-    else
-        ReplaceByCopy(source, target);
+    bool taken = false;
+    const bool tried = Persist(patience, source, [&] {
+        if (MoveFileExW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), 0))
+            return true;
+        taken = GetLastError() == ERROR_ALREADY_EXISTS || GetLastError() == ERROR_FILE_EXISTS;
+        return taken;
+    });
+    if (taken) {
+        CheckMayBeReplaced(target, patience);
+        SwapInFile(source, target, patience);
+    } else if (!tried && GetLastError() == ERROR_NOT_SAME_DEVICE) {
+        Copy(source, target);
+        SetFileAttributesW(PathForWindows(source).c_str(), FILE_ATTRIBUTE_NORMAL);
+        Delete(source);
+    } else if (!tried) {
+        ThrowFileError(target);
+    }
+}
+
+void Win32FileSystem::CheckReplaceable(const std::wstring& file) {
+    CheckMayBeReplaced(FullFilePath(file), patience);
 }
 
 void Win32FileSystem::Rename(const std::wstring& from, const std::wstring& to) {
@@ -341,29 +270,71 @@ void Win32FileSystem::Rename(const std::wstring& from, const std::wstring& to) {
     if (IsRoot(source) || leavesDrive || IsBelow(target, source))
         throw RunTimeError(ErrorNumber::PathFileAccess);
     CheckNotHostLink(source);
-    if (MoveFileExW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), 0))
+    const auto move = [&] {
+        return MoveFileExW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), 0);
+    };
+    const bool isFolder = (bits & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (isFolder ? move() : Persist(patience, target, move))
         return;
     // A folder is held by the process whose current folder it is.
-    const bool isFolder = (bits & FILE_ATTRIBUTE_DIRECTORY) != 0;
     if (isFolder && GetLastError() == ERROR_SHARING_VIOLATION)
         throw RunTimeError(ErrorNumber::PathFileAccess);
     ThrowFileError(target);
 }
 
 void Win32FileSystem::Delete(const std::wstring& file) {
+    busy.Tick();
     const std::wstring full = FullFilePath(file);
-    if (!DeleteFileW(PathForWindows(full).c_str()))
+    if (!Persist(patience, full, [&] { return DeleteFileW(PathForWindows(full).c_str()); }))
         ThrowFileError(full);
 }
 
 void Win32FileSystem::MakeFolder(const std::wstring& folder) {
+    busy.Tick();
     const std::wstring full = FullPath(folder);
-    if (!CreateDirectoryW(PathForWindows(full).c_str(), nullptr))
+    if (!Persist(patience, full,
+                 [&] { return CreateDirectoryW(PathForWindows(full).c_str(), nullptr); }))
         ThrowFileError(full, Attempt::MakeFolder);
 }
 
-void Win32FileSystem::RemoveFolder(const std::wstring& folder) {
+void Win32FileSystem::MakeFolderLike(const std::wstring& folder, const std::wstring& model) {
     const std::wstring full = FullPath(folder);
+    const InheritedPermissions permissions(FullPath(model));
+    const std::wstring path = PathForWindows(full);
+    if (permissions.Attributes() && CreateDirectoryW(path.c_str(), permissions.Attributes())) {
+        if (TakesNewFiles(full))
+            return;
+        RemoveDirectoryW(path.c_str());
+    }
+    MakeFolder(full);
+}
+
+// With write access to the folder, which no other program asks for, and which is not shared.
+bool Win32FileSystem::HoldFolder(const std::wstring& folder) {
+    const std::wstring full = FullPath(folder);
+    if (heldFolder && EqualIgnoringCase(full, heldFolderPath))
+        return true;
+    UniqueHandle handle(NullIfInvalid(CreateFileW(
+        PathForWindows(full).c_str(), FILE_ADD_FILE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr)));
+    if (!handle && GetLastError() == ERROR_SHARING_VIOLATION)
+        return false;
+    if (!handle)
+        ThrowFolderError(full, Attempt::EnterFolder);
+    heldFolder = std::move(handle);
+    heldFolderPath = full;
+    return true;
+}
+
+void Win32FileSystem::ReleaseFolder() {
+    heldFolder.reset();
+}
+
+void Win32FileSystem::RemoveFolder(const std::wstring& folder) {
+    busy.Tick();
+    const std::wstring full = FullPath(folder);
+    if (heldFolder && EqualIgnoringCase(full, heldFolderPath))
+        ReleaseFolder();
     if (IsRoot(full)) {
         CheckDrive(full, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
         throw RunTimeError(ErrorNumber::PathFileAccess);
@@ -371,15 +342,22 @@ void Win32FileSystem::RemoveFolder(const std::wstring& folder) {
     if (HasBits(full, FILE_ATTRIBUTE_DIRECTORY))
         CheckNotReadOnly(full);
     CheckNotHostLink(full);
-    if (!RemoveDirectoryW(PathForWindows(full).c_str()))
+    const auto remove = [&] {
+        return RemoveDirectoryW(PathForWindows(full).c_str());
+    };
+    // What the program itself holds does not pass.
+    if (HoldsCurrentFolder(full) ? !remove() : !Persist(patience, full, remove))
         ThrowFileError(full, Attempt::RemoveFolder);
 }
 
 void Win32FileSystem::SetAttributes(const std::wstring& path, FileAttributes attributes) {
     const std::wstring full = FullPath(path);
     const DWORD bits = BitsOf(full);
-    if (bits == INVALID_FILE_ATTRIBUTES ||
-        !SetFileAttributesW(PathForWindows(full).c_str(), WithAttributes(bits, attributes)))
+    if (bits == INVALID_FILE_ATTRIBUTES)
+        ThrowFileError(full);
+    const DWORD wanted = WithAttributes(bits, attributes);
+    if (!Persist(patience, full,
+                 [&] { return SetFileAttributesW(PathForWindows(full).c_str(), wanted); }))
         ThrowFileError(full);
 }
 
@@ -395,6 +373,19 @@ void Win32FileSystem::SetCurrentFolder(const std::wstring& folder) {
         ThrowFolderError(full, Attempt::EnterFolder);
     if (full[1] == L':')
         SetEnvironmentVariableW((L'=' + UpperCase(full.substr(0, 2))).c_str(), full.c_str());
+}
+
+// A folder can be a link to another drive, and a drive be mounted into a folder.
+bool Win32FileSystem::OnOneDrive(const std::wstring& folder, const std::wstring& other) {
+    return VolumeOf(FullPath(folder)) == VolumeOf(FullPath(other));
+}
+
+std::uint64_t Win32FileSystem::FreeBytes(const std::wstring& folder) {
+    const std::wstring full = FullPath(folder);
+    ULARGE_INTEGER free{};
+    if (!GetDiskFreeSpaceExW(WithBackslash(PathForWindows(full)).c_str(), &free, nullptr, nullptr))
+        ThrowFolderError(full, Attempt::EnterFolder);
+    return free.QuadPart;
 }
 
 std::vector<Drive> Win32FileSystem::Drives() {

@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "platform/lzh/unlha_command.h"
+#include "platform/win32/busy_wait.h"
 #include "platform/win32/lzh_extraction.h"
 #include "platform/win32/lzh_progress_window.h"
 #include "platform/win32/win32_handle.h"
@@ -21,17 +22,6 @@ namespace {
 
 constexpr ULONGLONG patience = 500;   // milliseconds before the window is shown
 constexpr DWORD betweenPictures = 50; // milliseconds between two positions of the bar
-
-class BusyPointer {
-  public:
-    BusyPointer() : before(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
-    ~BusyPointer() { SetCursor(before); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-
-  private:
-    HCURSOR before;
-};
 
 // How far the extraction has come; written by its thread, read by the window's.
 class SharedProgress : public lzh::ExtractionProgress {
@@ -70,32 +60,19 @@ class BackgroundExtraction {
     std::thread thread; // last: the others exist before it starts
 };
 
-// Lets windows paint themselves and answer other programs.
-void LetPaint() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_PAINT | PM_QS_SENDMESSAGE))
-        DispatchMessageW(&message);
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_INPUT)) {
-        // What the user does to windows that cannot answer is dropped.
-    }
-}
-
 void WaitFor(const BackgroundExtraction& extraction, HWND owner) {
     const ULONGLONG start = GetTickCount64();
     std::unique_ptr<LzhProgressWindow> window;
-    const HANDLE done = extraction.Done();
-    while (MsgWaitForMultipleObjects(1, &done, FALSE, betweenPictures,
-                                     QS_PAINT | QS_SENDMESSAGE | QS_INPUT) != WAIT_OBJECT_0) {
+    while (!PaintUntil(extraction.Done(), betweenPictures)) {
         if (!window && GetTickCount64() - start >= patience)
             window = std::make_unique<LzhProgressWindow>(owner);
         if (window)
             window->Show(extraction.Part());
-        LetPaint();
     }
 }
 
 ExtractionResult Extract(HWND owner, const std::wstring& archive) {
-    const BusyPointer busy;
+    const HourglassPointer busy;
     const BackgroundExtraction extraction(archive);
     WaitFor(extraction, owner);
     return extraction.Result();

@@ -1,0 +1,39 @@
+// What a window's thread does while it has to wait: the pointer is the hourglass, windows paint
+// themselves and answer the system, and what the user does to them is dropped.
+#pragma once
+
+#include <windows.h>
+
+namespace tamblin {
+
+class HourglassPointer {
+  public:
+    HourglassPointer() : before(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+    ~HourglassPointer() { SetCursor(before); }
+    HourglassPointer(const HourglassPointer&) = delete;
+    HourglassPointer& operator=(const HourglassPointer&) = delete;
+
+  private:
+    HCURSOR before;
+};
+
+// Lets windows paint themselves and answer other programs.
+void LetPaint();
+
+// Waits until the event (or none) is set or the time, in milliseconds, is up. True when it is set.
+bool PaintUntil(HANDLE event, DWORD time);
+
+// Notices by the operations that follow each other closely that a command has become long work, and
+// lets windows paint from then on.
+class BusyWatch {
+  public:
+    // Before every operation.
+    void Tick();
+
+  private:
+    ULONGLONG begin = 0;
+    ULONGLONG latest = 0;
+    ULONGLONG painted = 0;
+};
+
+} // namespace tamblin
