@@ -50,19 +50,16 @@ NextWindow FolderManagement::ChangePressed() {
     return NextWindow::ManualFolder;
 }
 
-// The default keeps the deleted path when no other line is chosen; slots above the count keep their
-// old strings.
+// The list has one selection, which goes with its line: the default keeps the deleted path until
+// another line is chosen. Slots above the count keep their old strings.
 void FolderManagement::DeletePressed() {
     const auto deleted = folders.FirstSelected();
     if (!deleted)
         return;
     size_t slot = 0;
     for (size_t line = 0; line < folders.Size(); ++line) {
-        if (line == *deleted)
-            continue;
-        state.HostFolders[++slot] = folders[line];
-        if (folders.IsSelected(line))
-            state.DefaultFolder = folders[line];
+        if (line != *deleted)
+            state.HostFolders[++slot] = folders[line];
     }
     state.HostFolderCount = static_cast<std::int16_t>(slot);
     Activate();
@@ -70,7 +67,7 @@ void FolderManagement::DeletePressed() {
 
 NextWindow FolderManagement::LeavePressed() {
     if (openedFromMainWindow) {
-        if (const auto line = folders.LastSelected())
+        if (const auto line = folders.FirstSelected())
             state.DefaultFolder = folders[*line];
         state.KvaOption = kvaAllowed ? L"ON" : L"OFF";
     }

@@ -15,6 +15,28 @@ TEST(RunTimeError, ReportsNumberAndText) {
     EXPECT_EQ(error.Report(), L"実行時エラー '53':\n\nファイルが見つかりません。");
 }
 
+TEST(RunTimeError, SaysWhatHasFailed) {
+    const std::pair<int, const wchar_t*> texts[] = {
+        {7, L"メモリが足りません。"},
+        {9, L"番号が使える範囲を超えています。"},
+        {52, L"ファイル名が正しくありません。"},
+        {53, L"ファイルが見つかりません。"},
+        {55, L"ファイルはすでに開かれています。"},
+        {57, L"デバイスの入出力でエラーが起きました。"},
+        {58, L"同じ名前のファイルがすでにあります。"},
+        {61, L"ディスクの空き容量が足りません。"},
+        {67, L"ファイルの数が多すぎます。"},
+        {68, L"デバイスを使用できません。"},
+        {70, L"アクセスが許可されていません。ほかのプログラムが使用している可能性があります。"},
+        {71, L"ディスクの準備ができていません。"},
+        {75, L"ファイルまたはフォルダを操作できません。"},
+        {76, L"フォルダが見つかりません。"},
+        {9999, L"原因の分からないエラーです。"},
+    };
+    for (const auto& [number, text] : texts)
+        EXPECT_EQ(RunTimeError(static_cast<ErrorNumber>(number)).Text(), text) << number;
+}
+
 TEST(RunTimeError, HasATextOfItsOwnForEveryNumber) {
     std::set<std::wstring> texts = {RunTimeError(static_cast<ErrorNumber>(9999)).Text()};
     const int numbers[] = {7, 9, 52, 53, 55, 57, 58, 61, 67, 68, 70, 71, 75, 76};
