@@ -14,7 +14,7 @@ constexpr std::size_t bufferSize = 64 * 1024;
 
 PackedInput::PackedInput(ArchiveSource& archive)
     : source(archive),
-      buffer(std::make_unique<std::uint8_t[]>(bufferSize + slack)),
+      buffer(std::make_unique_for_overwrite<std::uint8_t[]>(bufferSize + slack)),
       begin(buffer.get()),
       end(begin),
       dataEnd(begin) {}

@@ -1,7 +1,9 @@
-// An archive in a file.
+// An archive in a file. Small pieces are read ahead, many at once: for small entries, asking the
+// system for bytes takes longer than unpacking them.
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/lzh/archive_source.h"
 #include "platform/win32/win32_handle.h"
@@ -17,8 +19,13 @@ class LzhFileSource : public lzh::ArchiveSource {
     std::size_t Read(std::uint64_t offset, void* buffer, std::size_t wanted) override;
 
   private:
+    std::size_t ReadDirectly(std::uint64_t offset, char* to, std::size_t wanted);
+
     UniqueHandle file;
     std::uint64_t size = 0;
+    std::vector<char> ahead;
+    std::size_t aheadFill = 0; // bytes in `ahead` that have been read
+    std::uint64_t aheadOffset = 0;
 };
 
 } // namespace tamblin

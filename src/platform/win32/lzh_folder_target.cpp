@@ -82,12 +82,25 @@ DWORD ForWindows(lzh::EntryAttributes attributes) {
            (attributes.system ? FILE_ATTRIBUTE_SYSTEM : 0);
 }
 
+// Null when something stands there, be it a link that leads nowhere.
+UniqueHandle CreateNewFile(const std::wstring& path) {
+    return UniqueHandle(
+        NullIfInvalid(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr)));
+}
+
+// Mostly nothing stands there, so that is found out by trying.
+UniqueHandle CreateInPlaceOfOldFile(const std::wstring& path) {
+    if (auto file = CreateNewFile(path))
+        return file;
+    RemoveOldFile(path);
+    return CreateNewFile(path);
+}
+
 class FolderTargetFile : public lzh::TargetFile {
   public:
     explicit FolderTargetFile(std::wstring filePath)
-        : path(std::move(filePath)),
-          file(NullIfInvalid(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                         FILE_ATTRIBUTE_NORMAL, nullptr))) {
+        : path(std::move(filePath)), file(CreateInPlaceOfOldFile(path)) {
         if (!file)
             ThrowWindowsError(GetLastError());
     }
@@ -113,11 +126,11 @@ class FolderTargetFile : public lzh::TargetFile {
         info.LastAccessTime = ForWindows(times.accessed);
         info.LastWriteTime =
             ForWindows(times.modifiedLocal ? FromLocalTime(*times.modifiedLocal) : times.modified);
-        SetFileInformationByHandle(file.get(), FileBasicInfo, &info, sizeof info);
-        file.reset();
         // Not every system lets a file be hidden that is read-only already.
         const DWORD bits = ForWindows(attributes);
-        SetFileAttributesW(path.c_str(), bits & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
+        info.FileAttributes = bits & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
+        SetFileInformationByHandle(file.get(), FileBasicInfo, &info, sizeof info);
+        file.reset();
         if (attributes.readOnly)
             SetFileAttributesW(path.c_str(), bits);
     }
@@ -153,7 +166,6 @@ void LzhFolderTarget::MakeFolders(const EntryPath& folder) {
 
 std::unique_ptr<lzh::TargetFile> LzhFolderTarget::NewFile(const EntryPath& file) {
     const std::wstring path = EnterFolders(file.begin(), file.end() - 1) + file.back();
-    RemoveOldFile(PathForWindows(path));
     return std::make_unique<FolderTargetFile>(PathForWindows(path));
 }
 

@@ -265,10 +265,15 @@ void Win32FileSystem::Rename(const std::wstring& from, const std::wstring& to) {
     const DWORD bits = BitsOf(source);
     if (bits == INVALID_FILE_ATTRIBUTES)
         ThrowFileError(source);
-    CheckDrive(target, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
+    // Asking for a drive takes longer than renaming, so it is left for failures.
+    const auto checkDrive = [&] {
+        CheckDrive(target, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
+    };
     const bool leavesDrive = !EqualIgnoringCase(RootOf(source), RootOf(target));
-    if (IsRoot(source) || leavesDrive || IsBelow(target, source))
+    if (IsRoot(source) || leavesDrive || IsBelow(target, source)) {
+        checkDrive();
         throw RunTimeError(ErrorNumber::PathFileAccess);
+    }
     CheckNotHostLink(source);
     const auto move = [&] {
         return MoveFileExW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), 0);
@@ -276,6 +281,9 @@ void Win32FileSystem::Rename(const std::wstring& from, const std::wstring& to) {
     const bool isFolder = (bits & FILE_ATTRIBUTE_DIRECTORY) != 0;
     if (isFolder ? move() : Persist(patience, target, move))
         return;
+    const DWORD error = GetLastError();
+    checkDrive();
+    SetLastError(error);
     // A folder is held by the process whose current folder it is.
     if (isFolder && GetLastError() == ERROR_SHARING_VIOLATION)
         throw RunTimeError(ErrorNumber::PathFileAccess);

@@ -12,6 +12,7 @@
 #include "platform/win32/lzh_extraction.h"
 #include "platform/win32/win32_unlha.h"
 #include "support/folder_link.h"
+#include "support/lzh_test_data.h"
 #include "support/lzh_writer.h"
 #include "support/temporary_folder.h"
 
@@ -157,6 +158,23 @@ TEST_F(WindowsFolder, FoldersAndFilesInEachOthersWayAreAFailure) {
     EXPECT_EQ(Unpack(LzhWriter().AddFile(L"x", "file").Finish()), LzhFailure::CannotWrite);
     Save(target + L"\\y", "file");
     EXPECT_EQ(Unpack(LzhWriter().AddFile(L"y\\z", "file").Finish()), LzhFailure::CannotWrite);
+}
+
+// What is read ahead holds many small entries, ends within some and is passed over by a large one.
+TEST_F(WindowsFolder, ArchivesAreReadAheadWithoutLosingTheirPlace) {
+    LzhWriter writer;
+    const std::string large = RandomBytes(150'000, 1);
+    for (unsigned i = 0; i < 120; ++i) {
+        writer.AddFile(L"small" + std::to_wstring(i), RandomBytes(1500, i), "-lh0-");
+        if (i == 60)
+            writer.AddFile(L"large", large, "-lh0-");
+    }
+    Save(folder + L"\\many.lzh", writer.Finish());
+    Win32Unlha unlha;
+    EXPECT_EQ(unlha.Run(nullptr, L"x \"" + folder + L"\\many.lzh\"", L"", 0), 0);
+    EXPECT_TRUE(Load(target + L"\\large") == large);
+    for (unsigned i = 0; i < 120; ++i)
+        EXPECT_TRUE(Load(target + L"\\small" + std::to_wstring(i)) == RandomBytes(1500, i)) << i;
 }
 
 TEST_F(WindowsFolder, UnlhaUnpacksIntoTheCurrentFolderAndNumbersFailures) {
