@@ -83,11 +83,19 @@ void Control::JoinWidth(WidthGroup& group) {
 }
 
 Size Control::Minimum(const TextMeasure& measure) const {
-    Size size = NaturalSize(measure);
+    Size size = MeasuredSize(measure);
     if (widthGroup)
         for (const Control* other : *widthGroup)
-            size.width = std::max(size.width, other->NaturalSize(measure).width);
+            size.width = std::max(size.width, other->MeasuredSize(measure).width);
     return size;
+}
+
+Size Control::MeasuredSize(const TextMeasure& measure) const {
+    if (measuredInPass != form.LayoutPass()) {
+        measured = NaturalSize(measure);
+        measuredInPass = form.LayoutPass();
+    }
+    return measured;
 }
 
 void Control::Arrange(const Place& place, const TextMeasure&, Placement& placement) {

@@ -45,6 +45,8 @@ class Control : public LayoutItem {
     void JoinWidth(WidthGroup& group);
 
     Size Minimum(const TextMeasure& measure) const final;
+    // The natural size, measured once while the form works out its layout.
+    Size MeasuredSize(const TextMeasure& measure) const;
     void Arrange(const Place& place, const TextMeasure& measure, Placement& placement) override;
 
     // What the control needs for its text, without regard to the others of its width group.
@@ -76,6 +78,8 @@ class Control : public LayoutItem {
     ControlName name;
     std::wstring accessibleName;
     WidthGroup* widthGroup = nullptr;
+    mutable Size measured;
+    mutable unsigned measuredInPass = 0;
 };
 
 } // namespace tamblin

@@ -373,6 +373,7 @@ void Form::AppearanceChanged() {
 Size Form::MinimumSize() const {
     if (!layout)
         return {};
+    ++layoutPass;
     Size least = layout->Minimum(*measure);
     if (GetWindowLongW(handle, GWL_STYLE) & WS_DLGFRAME) {
         std::wstring title(static_cast<size_t>(GetWindowTextLengthW(handle)) + 1, L'\0');
@@ -406,6 +407,7 @@ void Form::Arrange() {
         return;
     RECT client{};
     GetClientRect(handle, &client);
+    ++layoutPass;
     {
         MoveTogether together(controls.size());
         layout->Arrange({0, 0, client.right, client.bottom}, *measure, together);

@@ -33,6 +33,8 @@ class Form {
     bool IsClosing() const { return closing; }
     Application& App() const { return application; }
     const TextMeasure& Measure() const { return *measure; }
+    // Changes each time the layout is worked out; controls measure themselves once in between.
+    unsigned LayoutPass() const { return layoutPass; }
     unsigned Dpi() const { return dpi; }
 
     void Show();
@@ -149,6 +151,7 @@ class Form {
     HWND ownerHandle;
     std::vector<Control*> controls;
     std::unique_ptr<LayoutItem> layout;
+    mutable unsigned layoutPass = 1;
     HFONT font = nullptr;
     std::unique_ptr<TextMeasure> measure;
     unsigned dpi = 96;

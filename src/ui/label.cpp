@@ -27,7 +27,7 @@ Size Label::NaturalSize(const TextMeasure& measure) const {
 }
 
 int Label::HeightFor(int width, const TextMeasure& measure) const {
-    const Size natural = NaturalSize(measure);
+    const Size natural = MeasuredSize(measure);
     return natural.width <= width ? natural.height : measure.WrappedHeight(ShownText(), width);
 }
 
