@@ -26,8 +26,9 @@
 
 namespace tamblin {
 
-// The classic attributes, and Link for a folder that stands for one elsewhere (a junction or a
-// symbolic link). Other bits that a file system may report never reach the program.
+// The classic attributes, and Link for a folder that stands for one elsewhere (a junction, a
+// symbolic link or a mounted volume). Other bits that a file system may report never reach the
+// program.
 struct FileAttributes {
     bool readOnly = false;
     bool hidden = false;
@@ -123,6 +124,10 @@ class FileSystem {
 
     // By letter, as the system reports them.
     virtual std::vector<Drive> Drives() = 0;
+    // The name of the volume whose root the folder is: a drive's root, or a link by which a volume
+    // is mounted in a folder. Nothing for other folders and links, for volumes that are not on a
+    // fixed disk, and when it cannot be found out.
+    virtual std::optional<std::wstring> FixedVolumeAt(const std::wstring& folder) = 0;
 };
 
 } // namespace tamblin

@@ -46,13 +46,15 @@ std::wstring SearchProgress::FoundText() const {
 
 NextWindow HostSearch::SearchAllDrives() {
     progress = {};
+    volumes.clear();
+    outOfMemory = false;
     state.WorkingFolderCount = state.HostFolderCount;
     state.SearchRunning = true;
     try {
         for (const Drive& drive : platform.files.Drives()) {
             if (drive.type == DriveType::Fixed)
                 SearchDrive(drive.name.substr(0, 2) + L"\\");
-            if (!state.SearchRunning)
+            if (!MayGoOn())
                 break;
         }
         platform.files.SetCurrentFolder(platform.programFolder);
@@ -87,7 +89,7 @@ void HostSearch::SearchFolderTree(Visit root) {
     std::vector<Visit> visits;
     visits.push_back(std::move(root));
     while (!visits.empty()) {
-        if (state.SearchRunning && !visits.back().subfolders.empty()) {
+        if (MayGoOn() && !visits.back().subfolders.empty()) {
             EnterSubfolder(visits);
             continue;
         }
@@ -118,20 +120,43 @@ void HostSearch::EnterSubfolder(std::vector<Visit>& visits) {
     try {
         visits.push_back(ListVisit(folder));
     } catch (const RunTimeError& error) {
-        if (error.Number() == ErrorNumber::OutOfMemory) {
-            platform.messages.Inform(OutOfMemoryText);
-            state.SearchRunning = false;
-            visits.pop_back();
-            return;
-        }
-        Report(error);
-        // Of a drive that has gone nothing more is asked: each of its folders would fail.
-        if (error.Number() == ErrorNumber::DeviceUnavailable)
-            visits.clear();
+        GiveUpSubfolder(error, visits);
     }
 }
 
-// Links are not descended into: they lead to what is searched anyway, or round in circles.
+// A folder that the user may not open, or that has vanished since it was listed, is an empty one.
+// Every drive of Windows holds dozens of the first kind.
+void HostSearch::GiveUpSubfolder(const RunTimeError& error, std::vector<Visit>& visits) {
+    switch (error.Number()) {
+        case ErrorNumber::OutOfMemory:
+            platform.messages.Inform(OutOfMemoryText);
+            outOfMemory = true;
+            visits.pop_back();
+            break;
+        case ErrorNumber::DeviceUnavailable:
+            // What is mounted in the folder is not available: passed over, as a drive would be.
+            if (IsThere(visits.front().folder))
+                break;
+            Report(error);
+            visits.clear(); // each of the drive's folders would fail
+            break;
+        case ErrorNumber::DeviceIo:
+        case ErrorNumber::DiskNotReady:
+            Report(error);
+            break;
+        default:
+            break;
+    }
+}
+
+bool HostSearch::IsThere(const std::wstring& root) {
+    try {
+        return platform.files.Find(root).has_value();
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
 HostSearch::Visit HostSearch::ListVisit(const std::wstring& folder) {
     try {
         return ListVisitUnguarded(folder);
@@ -147,10 +172,30 @@ HostSearch::Visit HostSearch::ListVisitUnguarded(const std::wstring& folder) {
         const FileAttributes& attributes = entry.attributes;
         if (!attributes.folder)
             visit.TakeFile(entry);
-        else if (!attributes.link)
+        else if (IsToBeSearched(WithBackslash(folder) + entry.name, attributes))
             visit.subfolders.push_back(std::move(entry.name));
     }
     return visit;
+}
+
+// What is hidden as a part of the system (the recycle bin, restore points) is no place for a host.
+// Links lead to what is searched anyway, or round in circles.
+bool HostSearch::IsToBeSearched(const std::wstring& folder, const FileAttributes& attributes) {
+    if (attributes.hidden && attributes.system)
+        return false;
+    return !attributes.link || IsVolumeYetToBeSearched(folder);
+}
+
+// A volume may be mounted in several folders, also in one of its own, and have a drive besides.
+bool HostSearch::IsVolumeYetToBeSearched(const std::wstring& folder) {
+    const auto volume = platform.files.FixedVolumeAt(folder);
+    if (!volume)
+        return false;
+    if (volumes.empty())
+        for (const Drive& drive : platform.files.Drives())
+            if (const auto own = platform.files.FixedVolumeAt(drive.name + L"\\"))
+                volumes.insert(*own);
+    return volumes.insert(*volume).second;
 }
 
 void HostSearch::LookAtFiles(const Visit& visit) {

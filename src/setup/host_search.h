@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -53,18 +54,26 @@ class HostSearch {
     void SearchDrive(const std::wstring& root);
     void SearchFolderTree(Visit root);
     bool YieldForVisit();
+    bool MayGoOn() const { return state.SearchRunning && !outOfMemory; }
     void EnterSubfolder(std::vector<Visit>& visits);
+    void GiveUpSubfolder(const RunTimeError& error, std::vector<Visit>& visits);
+    bool IsThere(const std::wstring& root);
     void LookAtFiles(const Visit& visit);
     void TakeFound(const std::wstring& folder);
     // A lack of memory is a RunTimeError like others here, with a message of its own.
     Visit ListVisit(const std::wstring& folder);
     Visit ListVisitUnguarded(const std::wstring& folder);
+    bool IsToBeSearched(const std::wstring& folder, const FileAttributes& attributes);
+    bool IsVolumeYetToBeSearched(const std::wstring& folder);
     NextWindow Settle();
     void Report(const RunTimeError& error);
 
     Platform& platform;
     SettingsState& state;
     SearchProgress progress;
+    std::set<std::wstring> volumes; // that stand for themselves; filled when the first mounted
+                                    // one is met
+    bool outOfMemory = false;
     bool abandoned = false;
 };
 

@@ -352,9 +352,23 @@ std::vector<Drive> MemoryFileSystem::Drives() {
     Begin(L"Drives");
     std::vector<tamblin::Drive> present;
     for (const auto& [letter, drive] : drives)
-        if (drive->present)
+        if (drive->present && drive->hasLetter)
             present.push_back({{static_cast<wchar_t>(letter + L'a' - L'A'), L':'}, drive->type});
     return present;
+}
+
+std::optional<std::wstring> MemoryFileSystem::FixedVolumeAt(const std::wstring& folder) {
+    Begin(L"FixedVolumeAt", folder);
+    const auto location = Parse(folder);
+    const DriveState* const drive = location ? DriveOf(*location) : nullptr;
+    const Node* const node = drive && drive->ready ? Walk(*location) : nullptr;
+    if (!node || (node->parent && !node->mountsVolume))
+        return std::nullopt;
+    const std::wstring root = node->parent ? node->linkTarget : location->Path();
+    const auto mounted = drives.find(root.front());
+    if (mounted == drives.end() || mounted->second->type != DriveType::Fixed)
+        return std::nullopt;
+    return L"volume of " + root;
 }
 
 } // namespace tamblin

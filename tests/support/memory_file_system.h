@@ -45,6 +45,10 @@ class MemoryFileSystem : public FileSystem {
                  FileAttributes attributes = {.archive = true});
     void AddFolder(const std::wstring& path, FileAttributes attributes = {});
     void AddLink(const std::wstring& path, const std::wstring& targetFolder);
+    // A link by which a drive's volume is mounted in a folder. A hidden letter leaves the volume
+    // reachable by such links alone.
+    void MountVolume(const std::wstring& path, const std::wstring& drive);
+    void HideLetter(const std::wstring& drive);
 
     // What another program does with a file (or, exclusively, with a folder).
     enum class LockKind { Exclusive, DenyWriting };
@@ -128,6 +132,7 @@ class MemoryFileSystem : public FileSystem {
     bool OnOneDrive(const std::wstring& folder, const std::wstring& other) override;
     std::uint64_t FreeBytes(const std::wstring& folder) override;
     std::vector<tamblin::Drive> Drives() override;
+    std::optional<std::wstring> FixedVolumeAt(const std::wstring& folder) override;
 
   private:
     struct DriveState;

@@ -14,6 +14,7 @@ struct MemoryFileSystem::Node {
     FileAttributes attributes;
     std::string bytes;
     std::wstring linkTarget;
+    bool mountsVolume = false; // a link to a drive's root
     std::optional<LockKind> lock;
     std::optional<size_t> heldFor; // tries until another program lets go
     bool deletionShared = false;   // by that program
@@ -30,6 +31,7 @@ struct MemoryFileSystem::Node {
 struct MemoryFileSystem::DriveState {
     DriveType type = DriveType::Fixed;
     bool present = true;
+    bool hasLetter = true;
     bool ready = true;
     std::uint64_t capacity = std::numeric_limits<std::uint64_t>::max();
     std::uint64_t used = 0;

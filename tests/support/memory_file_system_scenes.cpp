@@ -80,6 +80,15 @@ void MemoryFileSystem::AddLink(const std::wstring& path, const std::wstring& tar
     ExistingForTest(path).linkTarget = InFull(targetFolder);
 }
 
+void MemoryFileSystem::MountVolume(const std::wstring& path, const std::wstring& drive) {
+    AddLink(path, drive.substr(0, 2) + L"\\");
+    ExistingForTest(path).mountsVolume = true;
+}
+
+void MemoryFileSystem::HideLetter(const std::wstring& drive) {
+    drives.at(UpperCase(drive.front()))->hasLetter = false;
+}
+
 void MemoryFileSystem::Lock(const std::wstring& path, LockKind kind) {
     Node& node = ExistingForTest(path);
     if (!node.lock)

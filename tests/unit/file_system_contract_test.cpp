@@ -771,6 +771,23 @@ TEST_P(FileSystemContract, LinkLeadsToAFolderElsewhere) {
 }
 
 // Wine follows the link in every call, so that there it can only be left alone.
+TEST_P(FileSystemContract, VolumesAreTheRootsOfDrives) {
+    const std::wstring root = folder.substr(0, 3);
+    const auto volume = files.FixedVolumeAt(root);
+    ASSERT_TRUE(volume);
+    EXPECT_EQ(files.FixedVolumeAt(root), volume);
+    EXPECT_FALSE(files.FixedVolumeAt(folder));
+    EXPECT_FALSE(files.FixedVolumeAt(In(L"nosuch")));
+    EXPECT_FALSE(files.FixedVolumeAt(disk->MissingDrive() + L"\\"));
+}
+
+TEST_P(FileSystemContract, LinkToAFolderIsNoVolume) {
+    files.MakeFolder(In(L"real"));
+    if (!disk->MakeLink(In(L"link"), In(L"real")))
+        GTEST_SKIP() << "no links here";
+    EXPECT_FALSE(files.FixedVolumeAt(In(L"link")));
+}
+
 TEST_P(FileSystemContract, RemovingALinkLeavesWhatItPointsTo) {
     files.MakeFolder(In(L"real"));
     files.Write(In(L"real\\a"), "1");

@@ -31,6 +31,8 @@ TEST(Win32Error, TranslatesWhatFilesRunInto) {
     EXPECT_EQ(Number(ERROR_NOT_ENOUGH_MEMORY), 7);
     EXPECT_EQ(Number(ERROR_INVALID_NAME), 52);
     EXPECT_EQ(Number(ERROR_NOT_SAME_DEVICE), 75);
+    EXPECT_EQ(Number(362), 75); // a folder kept in a cloud, and its program does not run
+    EXPECT_EQ(Number(395), 75);
 }
 
 TEST(Win32Error, TellsTheStatesOfADriveApartByTheAttempt) {
@@ -38,6 +40,8 @@ TEST(Win32Error, TellsTheStatesOfADriveApartByTheAttempt) {
     EXPECT_EQ(Number(ERROR_NOT_READY, Attempt::Find), 71);
     EXPECT_EQ(Number(ERROR_NOT_READY, Attempt::List), 68);
     EXPECT_EQ(Number(ERROR_NO_MEDIA_IN_DRIVE, Attempt::EnterFolder), 68);
+    EXPECT_EQ(Number(0x80310000), 71); // encrypted and locked
+    EXPECT_EQ(Number(0x80310000, Attempt::List), 68);
     EXPECT_EQ(Number(ERROR_BAD_NETPATH), 76);
     EXPECT_EQ(Number(ERROR_BAD_NETPATH, Attempt::Find), 52);
     EXPECT_EQ(Number(ERROR_BAD_NETPATH, Attempt::List), 68);

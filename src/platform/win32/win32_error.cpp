@@ -15,6 +15,9 @@ constexpr DWORD errorVirusInfected = 225;
 constexpr DWORD errorVirusDeleted = 226;
 constexpr DWORD errorElevationRequired = 740;
 constexpr DWORD errorDiskQuotaExceeded = 1295;
+constexpr DWORD errorFirstOfCloudFiles = 358; // placeholders of files kept elsewhere
+constexpr DWORD errorLastOfCloudFiles = 404;
+constexpr DWORD errorLockedVolume = 0x80310000; // encrypted, and the key has not been given
 
 struct Translation {
     DWORD code;
@@ -51,6 +54,9 @@ constexpr Translation translations[] = {
     {ERROR_DIR_NOT_EMPTY, PathFileAccess},
     {ERROR_PRIVILEGE_NOT_HELD, PathFileAccess},
     {ERROR_CANT_ACCESS_FILE, PathFileAccess},
+    {ERROR_CANT_RESOLVE_FILENAME, PathFileAccess},
+    {ERROR_INVALID_REPARSE_DATA, PathFileAccess},
+    {ERROR_REPARSE_TAG_INVALID, PathFileAccess},
     {errorVirusInfected, PathFileAccess},
     {errorVirusDeleted, PathFileAccess},
     {ERROR_SHARING_VIOLATION, PermissionDenied},
@@ -68,6 +74,7 @@ constexpr Translation translations[] = {
     {ERROR_UNRECOGNIZED_VOLUME, DiskNotReady},
     {ERROR_MEDIA_CHANGED, DiskNotReady},
     {ERROR_NO_MEDIA_IN_DRIVE, DiskNotReady},
+    {errorLockedVolume, DiskNotReady},
 };
 
 constexpr SpecialTranslation specialTranslations[] = {
@@ -105,6 +112,8 @@ ErrorNumber ForOpeningAFolder(DWORD code, ErrorNumber number) {
 }
 
 ErrorNumber Translate(DWORD code) {
+    if (code >= errorFirstOfCloudFiles && code <= errorLastOfCloudFiles)
+        return PathFileAccess;
     const auto* const found =
         std::find_if(std::begin(translations), std::end(translations),
                      [&](const Translation& entry) { return entry.code == code; });

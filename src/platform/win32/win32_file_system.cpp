@@ -287,7 +287,7 @@ void Win32FileSystem::Rename(const std::wstring& from, const std::wstring& to) {
     // A folder is held by the process whose current folder it is.
     if (isFolder && GetLastError() == ERROR_SHARING_VIOLATION)
         throw RunTimeError(ErrorNumber::PathFileAccess);
-    ThrowFileError(target);
+    ThrowFileError(GetLastError() == ERROR_SHARING_VIOLATION ? source : target);
 }
 
 void Win32FileSystem::Delete(const std::wstring& file) {
@@ -406,6 +406,16 @@ std::vector<Drive> Win32FileSystem::Drives() {
         drives.push_back({name, static_cast<DriveType>(GetDriveTypeW((name + L'\\').c_str()))});
     }
     return drives;
+}
+
+// Windows tells a mounted volume from a junction: it knows no volume by the latter's target.
+std::optional<std::wstring> Win32FileSystem::FixedVolumeAt(const std::wstring& folder) {
+    const std::wstring root = WithBackslash(FullPath(folder));
+    wchar_t name[MAX_PATH];
+    if (!GetVolumeNameForVolumeMountPointW(root.c_str(), name, MAX_PATH) ||
+        GetDriveTypeW(root.c_str()) != DRIVE_FIXED)
+        return std::nullopt;
+    return name;
 }
 
 } // namespace tamblin

@@ -39,6 +39,7 @@ class Win32FileSystem : public FileSystem {
     bool OnOneDrive(const std::wstring& folder, const std::wstring& other) override;
     std::uint64_t FreeBytes(const std::wstring& folder) override;
     std::vector<Drive> Drives() override;
+    std::optional<std::wstring> FixedVolumeAt(const std::wstring& folder) override;
 
   private:
     Patience patience;
