@@ -77,6 +77,10 @@ class MoveTogether : public Placement {
     std::vector<HWND> moved;
 };
 
+bool IsRepeat(const MSG& keyDown) {
+    return (HIWORD(keyDown.lParam) & KF_REPEAT) != 0;
+}
+
 bool SamePoint(POINT a, POINT b) {
     return a.x == b.x && a.y == b.y;
 }
@@ -276,6 +280,9 @@ void Form::KeepFocusUsable() {
 bool Form::TakesKey(const MSG& message) {
     if (message.message != WM_KEYDOWN || !IsWindowEnabled(handle))
         return false;
+    // The key that has closed a box, or another window, may still be down.
+    if ((message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) && IsRepeat(message))
+        return true;
     Control* const control = Find(message.hwnd);
     bool taken = false;
     if (message.wParam == VK_RETURN) {

@@ -407,6 +407,24 @@ TEST_F(FormTest, ReturnElsewhereAndEscapeGoToTheForm) {
     EXPECT_EQ(form.keys, (std::vector<std::wstring>{L"return", L"escape"}));
 }
 
+// As when the key that closed a message box is not up yet.
+TEST_F(FormTest, ReturnAndEscapeThatAreHeldDownDoNothing) {
+    auto& form = Open();
+    int presses = 0;
+    form.second.onClick = [&] {
+        ++presses;
+    };
+    for (Control* control :
+         {static_cast<Control*>(&form.second), static_cast<Control*>(&form.text)})
+        for (const WPARAM key : {VK_RETURN, VK_ESCAPE}) {
+            SetFocus(control->Handle());
+            HoldKeyDown(key);
+        }
+    EXPECT_EQ(presses, 0);
+    EXPECT_TRUE(form.keys.empty());
+    EXPECT_TRUE(form.IsOpen());
+}
+
 TEST_F(FormTest, FocusLeavesAControlThatItsCommandDisables) {
     auto& form = Open();
     form.second.onClick = [&] {

@@ -112,6 +112,11 @@ void WindowScene::PressKey(WPARAM key) {
     Pump();
 }
 
+void WindowScene::HoldKeyDown(WPARAM key) {
+    PostMessageW(GetFocus(), WM_KEYDOWN, key, KF_REPEAT << 16 | 1);
+    Pump();
+}
+
 void WindowScene::MovePointerTo(const Form& form, POINT inClient) {
     SendMessageW(form.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(inClient.x, inClient.y));
 }

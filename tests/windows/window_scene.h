@@ -50,6 +50,7 @@ class WindowScene : public testing::Test {
     static void Click(HWND button);
     static void DoubleClick(HWND list, int row);
     void PressKey(WPARAM key);
+    void HoldKeyDown(WPARAM key); // one that was down before
     void MovePointerOver(const Form& form, HWND control);
     void MovePointerTo(const Form& form, POINT inClient);
 
