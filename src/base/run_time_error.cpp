@@ -8,6 +8,13 @@ RunTimeError RunTimeError::AsFatal() const {
     return error;
 }
 
+RunTimeError RunTimeError::WithPath(const std::wstring& fileOrFolder) const {
+    RunTimeError error(*this);
+    if (error.path.empty())
+        error.path = fileOrFolder;
+    return error;
+}
+
 std::wstring RunTimeError::Text() const {
     switch (number) {
         case ErrorNumber::OutOfMemory:
@@ -43,8 +50,28 @@ std::wstring RunTimeError::Text() const {
     return L"原因の分からないエラーです。";
 }
 
+std::wstring RunTimeError::Advice() const {
+    if (!ownAdvice.empty())
+        return ownAdvice;
+    switch (number) {
+        case ErrorNumber::PermissionDenied:
+            return L"使用しているプログラム（Vimora など）を終了してから、もう一度お試しください。";
+        case ErrorNumber::PathFileAccess:
+            return L"読み取り専用か、変更する許可がない可能性があります。Program Files "
+                   L"の下などにあるときは、書き込めるフォルダへ移してください。";
+        case ErrorNumber::DiskFull:
+            return L"不要なファイルを削除して空きを作ってから、もう一度お試しください。";
+        default:
+            return {};
+    }
+}
+
 std::wstring RunTimeError::Report() const {
-    return L"実行時エラー '" + std::to_wstring(static_cast<int>(number)) + L"':\n\n" + Text();
+    std::wstring report = L"実行時エラー '" + std::to_wstring(static_cast<int>(number)) + L"':";
+    for (const std::wstring& part : {Text(), path, Advice()})
+        if (!part.empty())
+            report += L"\n\n" + part;
+    return report;
 }
 
 } // namespace tamblin

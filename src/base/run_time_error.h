@@ -1,5 +1,6 @@
-// A failed operation, in the program's classic error numbering. Commands let it pass; the window
-// kit catches it where it dispatches events and shows Report().
+// A failed operation, in the program's classic error numbering, with the file or folder that it
+// failed on. Commands let it pass; the window kit catches it where it dispatches events and shows
+// Report().
 #pragma once
 
 #include <exception>
@@ -26,20 +27,31 @@ enum class ErrorNumber {
 
 class RunTimeError : public std::exception {
   public:
-    explicit RunTimeError(ErrorNumber errorNumber) : number(errorNumber) {}
+    // `advice` is what the user can do about it, where that does not follow from the number.
+    explicit RunTimeError(ErrorNumber errorNumber, std::wstring fileOrFolder = {},
+                          std::wstring advice = {})
+        : number(errorNumber), path(std::move(fileOrFolder)), ownAdvice(std::move(advice)) {}
 
     ErrorNumber Number() const { return number; }
+    const std::wstring& Path() const { return path; } // may be empty
+    // A copy that names the file or folder, unless this one does already.
+    RunTimeError WithPath(const std::wstring& fileOrFolder) const;
 
     // A fatal error ends the process once it has been reported.
     bool IsFatal() const { return fatal; }
     RunTimeError AsFatal() const;
 
-    std::wstring Text() const;   // "ファイルが見つかりません。"
-    std::wstring Report() const; // number, an empty line, text
+    std::wstring Text() const; // "ファイルが見つかりません。"
+    // What helps, "" where nothing does. One line.
+    std::wstring Advice() const;
+    // Number, text, file or folder, and advice, with an empty line between one and the next.
+    std::wstring Report() const;
     const char* what() const noexcept override { return "run-time error"; }
 
   private:
     ErrorNumber number;
+    std::wstring path;
+    std::wstring ownAdvice;
     bool fatal = false;
 };
 

@@ -8,7 +8,8 @@ from test_install import HOST, install, propose
 
 
 def wait_report(app, *numbers):
-    """Waits for the report of a run-time error with one of these numbers and puts it away."""
+    """Waits for the report of a run-time error with one of these numbers, puts it away, and gives
+    the paragraphs below the number."""
     box = app.wait_box()
     found = re.fullmatch(r"実行時エラー '(\d+)':\n\n\S.*", box.text(), re.DOTALL)
     assert found, box.text()
@@ -16,7 +17,9 @@ def wait_report(app, *numbers):
     assert box.title() == "Tamblin"
     assert box.has_icon()
     assert box.buttons() == ["OK"]
+    paragraphs = box.text().split("\n\n")[1:]
     box.press("OK")
+    return paragraphs
 
 
 def test_a_host_folder_that_vanishes_before_the_copy(running, machine):
@@ -35,7 +38,9 @@ def test_a_host_folder_that_is_read_only(running, machine):
     confirmation = propose(running, "futari.lzh")
     machine.path(HOST).chmod(0o555)
     confirmation.command1.press()
-    wait_report(running, 70, 75)
+    text, path, advice = wait_report(running, 70, 75)
+    assert text.endswith("。") and advice.endswith("。")
+    assert path.startswith((HOST + "\\", "C:\\TAMTMP\\"))
     machine.path(HOST).chmod(0o755)
     running.main.wait_enabled()
     assert machine.tree(HOST) == before

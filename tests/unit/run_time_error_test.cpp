@@ -37,6 +37,34 @@ TEST(RunTimeError, SaysWhatHasFailed) {
         EXPECT_EQ(RunTimeError(static_cast<ErrorNumber>(number)).Text(), text) << number;
 }
 
+TEST(RunTimeError, ReportsTheFileAndWhatHelps) {
+    const RunTimeError error(ErrorNumber::PermissionDenied, L"C:\\Vimora\\mikan.obl");
+    EXPECT_EQ(error.Report(),
+              L"実行時エラー '70':\n\n" + error.Text() + L"\n\nC:\\Vimora\\mikan.obl\n\n" +
+                  L"使用しているプログラム（Vimora など）を終了してから、もう一度お試"
+                  L"しください。");
+    EXPECT_EQ(RunTimeError(ErrorNumber::FileNotFound, L"C:\\a").Report(),
+              L"実行時エラー '53':\n\nファイルが見つかりません。\n\nC:\\a");
+}
+
+TEST(RunTimeError, AdvisesWhereTheUserCanDoSomething) {
+    std::set<std::wstring> advice;
+    for (const int number : {70, 75, 61})
+        EXPECT_TRUE(advice.insert(RunTimeError(static_cast<ErrorNumber>(number)).Advice()).second);
+    EXPECT_EQ(advice.count(L""), 0U);
+    for (const int number : {7, 9, 52, 53, 55, 57, 58, 67, 68, 71, 76})
+        EXPECT_EQ(RunTimeError(static_cast<ErrorNumber>(number)).Advice(), L"") << number;
+    EXPECT_EQ(RunTimeError(ErrorNumber::DiskFull, L"C:\\a", L"one's own").Advice(), L"one's own");
+}
+
+TEST(RunTimeError, KeepsTheFileThatItNamedFirst) {
+    const RunTimeError error = RunTimeError(ErrorNumber::FileNotFound).WithPath(L"C:\\a");
+    EXPECT_EQ(error.Path(), L"C:\\a");
+    EXPECT_EQ(error.WithPath(L"C:\\b").Path(), L"C:\\a");
+    EXPECT_EQ(error.AsFatal().WithPath(L"C:\\b").Path(), L"C:\\a");
+    EXPECT_TRUE(RunTimeError(ErrorNumber::DiskFull).AsFatal().WithPath(L"C:\\b").IsFatal());
+}
+
 TEST(RunTimeError, HasATextOfItsOwnForEveryNumber) {
     std::set<std::wstring> texts = {RunTimeError(static_cast<ErrorNumber>(9999)).Text()};
     const int numbers[] = {7, 9, 52, 53, 55, 57, 58, 61, 67, 68, 70, 71, 75, 76};
