@@ -2,6 +2,8 @@
 #include <objbase.h>
 
 #include "app/program_windows.h"
+#include "platform/error_naming_file_system.h"
+#include "platform/win32/dll_search.h"
 #include "platform/win32/program_folder.h"
 #include "platform/win32/program_instance.h"
 #include "platform/win32/win32_ansi_code_page.h"
@@ -38,7 +40,8 @@ void RunProgram() {
     Application application(messages, [] { ExitProcess(1); });
     windows = &application;
 
-    Win32FileSystem files;
+    Win32FileSystem disks;
+    ErrorNamingFileSystem files(disks);
     Win32DesktopShell shell;
     Win32ProgramStarter starter;
     Win32EventLoop events([&](MSG& message) { return application.TakesMessage(message); });
@@ -55,6 +58,7 @@ void RunProgram() {
 } // namespace tamblin
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+    tamblin::LoadDllsFromSystemOnly();
     tamblin::RunProgram();
     return 0;
 }

@@ -26,7 +26,8 @@ void Bitmap::Draw(HDC target, int left, int top, BYTE strength) const {
     const HDC source = CreateCompatibleDC(target);
     const HGDIOBJ former = SelectObject(source, handle);
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, strength, AC_SRC_ALPHA};
-    AlphaBlend(target, left, top, width, height, source, 0, 0, width, height, blend);
+    // As AlphaBlend of msimg32.dll, which a program does not surely get from Windows' own folder.
+    GdiAlphaBlend(target, left, top, width, height, source, 0, 0, width, height, blend);
     SelectObject(source, former);
     DeleteDC(source);
 }

@@ -1,11 +1,11 @@
 #include "ui/picture_button.h"
 
-#include <uxtheme.h>
 #include <vsstyle.h>
 
 #include <algorithm>
 
 #include "ui/form.h"
+#include "ui/themed_button.h"
 
 namespace tamblin {
 
@@ -104,19 +104,15 @@ void PictureButton::Draw(const DRAWITEMSTRUCT& drawing) {
 void PictureButton::DrawSurface(const DRAWITEMSTRUCT& drawing, bool enabled, bool pressed) const {
     RECT area = drawing.rcItem;
     FillRect(drawing.hDC, &area, GetSysColorBrush(COLOR_BTNFACE));
-    const HTHEME theme = OpenThemeData(Handle(), L"Button");
-    if (!theme) {
-        const UINT state = (pressed ? DFCS_PUSHED : 0u) | (enabled ? 0u : DFCS_INACTIVE);
-        DrawFrameControl(drawing.hDC, &area, DFC_BUTTON, DFCS_BUTTONPUSH | state);
-        return;
-    }
     int state = hovered ? PBS_HOT : PBS_NORMAL;
     if (!enabled)
         state = PBS_DISABLED;
     else if (pressed)
         state = PBS_PRESSED;
-    DrawThemeBackground(theme, drawing.hDC, BP_PUSHBUTTON, state, &area, nullptr);
-    CloseThemeData(theme);
+    if (DrawThemedButton(Handle(), drawing.hDC, area, state))
+        return;
+    const UINT plainState = (pressed ? DFCS_PUSHED : 0u) | (enabled ? 0u : DFCS_INACTIVE);
+    DrawFrameControl(drawing.hDC, &area, DFC_BUTTON, DFCS_BUTTONPUSH | plainState);
 }
 
 void PictureButton::DrawContents(const DRAWITEMSTRUCT& drawing, bool enabled, bool pressed) const {

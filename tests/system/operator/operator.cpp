@@ -1,6 +1,11 @@
 // Operates the windows of other programs for a script. Each line on standard input is a command and
 // its arguments, parted by tabs, in UTF-8; each is answered by one line of JSON on standard output:
 // {"answer":...} or {"error":"..."}. Ends with its input.
+// Newer than what the program itself may use.
+#undef _WIN32_WINNT
+#define _WIN32_WINNT 0x0A00
+#undef WINVER
+#define WINVER 0x0A00
 #include <windows.h>
 
 #include <functional>
