@@ -7,31 +7,32 @@ namespace tamblin {
 namespace {
 
 constexpr wchar_t BackupName[] = L"ombrel_rc.bak";
-constexpr wchar_t CharacterKey[] = L"H001currentobl=";
+constexpr char CharacterKey[] = "H001currentobl=";
+
+// Made before the former file is touched: a name that the code page cannot hold ends the command.
+std::string StartUpLine(const std::wstring& definitionFile, Platform& platform) {
+    return CharacterKey + platform.ansi.EncodeName(definitionFile).append(LineEnd);
+}
 
 } // namespace
-
-void WriteStartUpLine(const std::wstring& startUpFile, const std::wstring& definitionFile,
-                      Platform& platform) {
-    std::string line = platform.ansi.Encode(CharacterKey + definitionFile);
-    platform.files.Write(startUpFile, line.append(LineEnd));
-}
 
 void SetStartUpCharacter(const MainModel& model, Platform& platform) {
     const auto selected = model.installed.names.FirstSelected();
     if (!selected)
         return;
     const std::wstring& character = model.installed.names[*selected];
+    const std::string line = StartUpLine(character + L".obl", platform);
     const std::wstring startUpFile = model.combo.Text() + L"\\" + HostStartUpFileName;
     if (FileExists(platform.files, startUpFile))
         platform.files.Delete(startUpFile);
-    WriteStartUpLine(startUpFile, character + L".obl", platform);
+    platform.files.Write(startUpFile, line);
     platform.messages.Inform(character + L"が起動するようにombrel.rcを書き換えました。");
 }
 
 void ReplaceStartUpFile(const std::wstring& definitionFile, Platform& platform) {
+    const std::string line = StartUpLine(definitionFile, platform);
     platform.files.Rename(HostStartUpFileName, BackupName);
-    WriteStartUpLine(HostStartUpFileName, definitionFile, platform);
+    platform.files.Write(HostStartUpFileName, line);
 }
 
 void RestoreStartUpFile(Platform& platform) {

@@ -9,12 +9,9 @@
 
 namespace tamblin {
 
-// Writes the file anew with the one line for a definition file's name.
-void WriteStartUpLine(const std::wstring& startUpFile, const std::wstring& definitionFile,
-                      Platform& platform);
-
 // Makes the first selected character the one that the host starts with from now on; whatever else
-// the file held is lost. Does nothing without a selection.
+// the file held is lost. Does nothing without a selection. A name that the code page cannot hold is
+// a RunTimeError 52, here and at a launch; the file is then as it was.
 void SetStartUpCharacter(const MainModel& model, Platform& platform);
 
 // The start-up file while a character is launched: the current folder's ombrel.rc is set aside as

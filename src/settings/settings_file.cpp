@@ -142,57 +142,58 @@ void SettingsFile::ReadFolders(std::string_view bytes, bool& result) {
 void SettingsFile::SaveSettings(const HostFolderCombo& combo, const std::wstring& browserFolder) {
     try {
         platform.files.SetCurrentFolder(platform.programFolder);
-        if (FileExists(platform.files, FileName))
-            RewriteSettings(combo, browserFolder);
+        const bool exists = FileExists(platform.files, FileName);
+        // Not all of the former settings have been read: what would be written is less.
+        if (exists && leftOpen)
+            throw RunTimeError(ErrorNumber::FileAlreadyOpen, Path());
+        const Values values = CurrentValues(combo, browserFolder);
+        if (exists)
+            RewriteSettings(values);
         else
-            WriteDefaultSettings(combo, browserFolder);
+            WriteDefaultSettings(values);
         DeleteBackup();
     } catch (const RunTimeError& error) {
         throw error.AsFatal();
     }
 }
 
-void SettingsFile::WriteDefaultSettings(const HostFolderCombo& combo,
-                                        const std::wstring& browserFolder) {
-    const auto values = CurrentValues(combo, browserFolder);
+void SettingsFile::WriteDefaultSettings(const Values& values) {
     std::string text;
     AddLine(text, "# Tamblin");
     AddLine(text, "# Configuration File");
     AddLine(text, "");
     for (const std::string_view key :
          {setting_keys::Version, setting_keys::Default, setting_keys::KvaOption})
-        AddLine(text, key, values.at(key));
-    text += FolderLines(combo);
-    AddLine(text, setting_keys::ViewFolder, values.at(setting_keys::ViewFolder));
+        AddLine(text, key, values.byKey.at(key));
+    text += values.folderLines;
+    AddLine(text, setting_keys::ViewFolder, values.byKey.at(setting_keys::ViewFolder));
     AddLine(text, "");
     platform.files.Write(FileName, text);
 }
 
-void SettingsFile::RewriteSettings(const HostFolderCombo& combo,
-                                   const std::wstring& browserFolder) {
+void SettingsFile::RewriteSettings(const Values& values) {
     platform.files.CheckReplaceable(FileName);
     DeleteBackup();
     platform.files.Copy(FileName, BackupName);
 
     const std::string former = platform.files.Read(BackupName);
-    const auto values = CurrentValues(combo, browserFolder);
     std::string text;
     bool foldersWritten = false;
     FieldReader fields(former);
     while (const auto item = fields.Next()) {
         const std::string_view key = KeyOf(*item);
-        const auto value = values.find(key);
-        if (value != values.end()) {
+        const auto value = values.byKey.find(key);
+        if (value != values.byKey.end()) {
             AddLine(text, key, value->second);
         } else if (key != setting_keys::VmrFolder) {
             AddLine(text, *item);
         } else if (!foldersWritten) {
-            text += FolderLines(combo);
+            text += values.folderLines;
             foldersWritten = true;
         }
     }
     if (!foldersWritten)
-        text += FolderLines(combo);
+        text += values.folderLines;
     platform.files.Write(FileName, text);
 }
 
@@ -202,21 +203,18 @@ void SettingsFile::DeleteBackup() {
         platform.files.Delete(BackupName);
 }
 
-std::map<std::string_view, std::string> SettingsFile::CurrentValues(
-    const HostFolderCombo& combo, const std::wstring& browserFolder) {
-    return {
+SettingsFile::Values SettingsFile::CurrentValues(const HostFolderCombo& combo,
+                                                 const std::wstring& browserFolder) {
+    Values values;
+    values.byKey = {
         {setting_keys::Version, std::string(OwnVersion)},
-        {setting_keys::Default, platform.ansi.Encode(combo.Text())},
-        {setting_keys::KvaOption, platform.ansi.Encode(state.KvaOption)},
-        {setting_keys::ViewFolder, platform.ansi.Encode(browserFolder)},
+        {setting_keys::Default, platform.ansi.EncodeName(combo.Text())},
+        {setting_keys::KvaOption, platform.ansi.EncodeName(state.KvaOption)},
+        {setting_keys::ViewFolder, platform.ansi.EncodeName(browserFolder)},
     };
-}
-
-std::string SettingsFile::FolderLines(const HostFolderCombo& combo) {
-    std::string text;
     for (const std::wstring& folder : combo.entries)
-        AddLine(text, setting_keys::VmrFolder, platform.ansi.Encode(folder));
-    return text;
+        AddLine(values.folderLines, setting_keys::VmrFolder, platform.ansi.EncodeName(folder));
+    return values;
 }
 
 } // namespace tamblin

@@ -30,7 +30,9 @@ class SettingsFile {
 
     // Rewrites the file, or creates it: the folders and the default are the combo's, the view
     // folder is the browser's. Leaves the program folder current. Every failure is a fatal
-    // RunTimeError; tamb.bak then holds the former settings.
+    // RunTimeError; the former settings are then in tamb.ini or in tamb.bak. Among the failures are
+    // a name that the code page cannot hold (52) and a file that a read has left open (55); they
+    // leave tamb.ini as it was.
     void SaveSettings(const HostFolderCombo& combo, const std::wstring& browserFolder);
 
   private:
@@ -42,12 +44,14 @@ class SettingsFile {
     bool TakeViewFolder(const std::wstring& folder);
     bool TakeVersion(std::string_view version);
 
-    void WriteDefaultSettings(const HostFolderCombo& combo, const std::wstring& browserFolder);
-    void RewriteSettings(const HostFolderCombo& combo, const std::wstring& browserFolder);
+    struct Values { // what is to be written, in the code page
+        std::map<std::string_view, std::string> byKey;
+        std::string folderLines;
+    };
+    Values CurrentValues(const HostFolderCombo& combo, const std::wstring& browserFolder);
+    void WriteDefaultSettings(const Values& values);
+    void RewriteSettings(const Values& values);
     void DeleteBackup();
-    std::map<std::string_view, std::string> CurrentValues(const HostFolderCombo& combo,
-                                                          const std::wstring& browserFolder);
-    std::string FolderLines(const HostFolderCombo& combo);
 
     Platform& platform;
     SettingsState& state;

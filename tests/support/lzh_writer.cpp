@@ -150,7 +150,7 @@ std::string MakeHeader(const LzhEntry& entry, const Content& content) {
 }
 
 std::string InShiftJis(std::wstring_view text) {
-    return NativeAnsiCodePage().Encode(text);
+    return NativeAnsiCodePage().Encode(text).value();
 }
 
 // Folders end in 0xFF where they have a header of their own, and are separated by it.

@@ -1,7 +1,7 @@
 #include "support/native_ansi_code_page.h"
 
 #ifdef _WIN32
-#include <windows.h>
+#include "platform/win32/win32_ansi_code_page.h"
 #else
 #include <iconv.h>
 
@@ -13,25 +13,12 @@ namespace tamblin {
 
 #ifdef _WIN32
 
-namespace {
-constexpr UINT codePage = 932;
-} // namespace
-
 std::wstring NativeAnsiCodePage::Decode(std::string_view bytes) {
-    const int size = static_cast<int>(bytes.size());
-    const int length = MultiByteToWideChar(codePage, 0, bytes.data(), size, nullptr, 0);
-    std::wstring text(static_cast<size_t>(length), L'\0');
-    MultiByteToWideChar(codePage, 0, bytes.data(), size, text.data(), length);
-    return text;
+    return Win32AnsiCodePage(932).Decode(bytes);
 }
 
-std::string NativeAnsiCodePage::Encode(std::wstring_view text) {
-    const int length = static_cast<int>(text.size());
-    const int size =
-        WideCharToMultiByte(codePage, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<size_t>(size), '\0');
-    WideCharToMultiByte(codePage, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
-    return bytes;
+std::optional<std::string> NativeAnsiCodePage::Encode(std::wstring_view text) {
+    return Win32AnsiCodePage(932).Encode(text);
 }
 
 #else
@@ -106,8 +93,10 @@ std::wstring NativeAnsiCodePage::Decode(std::string_view bytes) {
     return text;
 }
 
-std::string NativeAnsiCodePage::Encode(std::wstring_view text) {
+// What does not come back as itself is a look-alike (glibc has a few, as Windows has).
+std::optional<std::string> NativeAnsiCodePage::Encode(std::wstring_view text) {
     Converter converter("CP932", "UTF-32LE");
+    Converter back("UTF-32LE", "CP932");
     std::string bytes;
     for (const wchar_t letter : text) {
         const auto code = static_cast<std::uint32_t>(letter);
@@ -119,8 +108,10 @@ std::string NativeAnsiCodePage::Encode(std::wstring_view text) {
             bytes += static_cast<char>(code);
         else if (code >= 0xF8F1 && code <= 0xF8F3)
             bytes += static_cast<char>(code - 0xF8F1 + 0xFD);
+        else if (!character.empty() && FirstOf(back.Convert(character)) == letter)
+            bytes += character;
         else
-            bytes += character.empty() ? "?" : character;
+            return std::nullopt;
     }
     return bytes;
 }

@@ -9,7 +9,7 @@ namespace tamblin {
 class NativeAnsiCodePage : public AnsiCodePage {
   public:
     std::wstring Decode(std::string_view bytes) override;
-    std::string Encode(std::wstring_view text) override;
+    std::optional<std::string> Encode(std::wstring_view text) override;
 };
 
 } // namespace tamblin

@@ -157,11 +157,17 @@ TEST(NativeAnsiCodePage, EveryTwoByteCharacterThatIsItsOwnOnlyCodeReturns) {
     EXPECT_GT(returned, 3500);
 }
 
+TEST(NativeAnsiCodePage, HasNoLookAlikes) {
+    NativeAnsiCodePage ansi;
+    for (const wchar_t* text :
+         {L"a\x0E01z", L"caf\x00E9", L"\x00A5", L"\x203E", L"\x301C", L"\x00A6"})
+        EXPECT_EQ(ansi.Encode(text), std::nullopt);
+}
+
 TEST(NativeAnsiCodePage, ReplacesWhatIsNoCharacter) {
     NativeAnsiCodePage ansi;
-    EXPECT_EQ(ansi.Encode(L"a\x0E01z"), "a?z");
     EXPECT_EQ(ansi.Decode("").size(), 0U);
-    EXPECT_EQ(ansi.Encode(L"").size(), 0U);
+    EXPECT_EQ(ansi.Encode(L""), "");
     const std::string stray = "\x80\xA0\xFD\xFE\xFF";
     EXPECT_EQ(ansi.Encode(ansi.Decode(stray)), stray);
     EXPECT_EQ(ansi.Decode("a\x85").size(), 2U);

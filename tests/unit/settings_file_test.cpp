@@ -214,7 +214,7 @@ INSTANTIATE_TEST_SUITE_P(
         FolderCase{"Comma", {L"C:\\a,b\\ombrel.exe", L"C:\\a,b\\ombrel.rc"}, "C:\\a,b", true},
         FolderCase{"Root", {L"C:\\ombrel.exe", L"C:\\ombrel.rc"}, "C:\\", true},
         FolderCase{
-            "CurrentOfDrive", {L"C:\\Tamblin\\ombrel.exe", L"C:\\Tamblin\\ombrel.rc"}, "C:", true},
+            "CurrentOfDrive", {L"C:\\Tamblin\\ombrel.exe", L"C:\\Tamblin\\ombrel.rc"}, "C:", false},
         FolderCase{
             "Hidden", {L"C:\\H\\ombrel.exe", L"C:\\H\\ombrel.rc"}, "C:\\H", true, {.hidden = true}},
         FolderCase{
@@ -322,7 +322,7 @@ TEST_F(SettingsFileTest, RejectedFoldersLeaveRoomForTen) {
 
 TEST_F(SettingsFileTest, JapaneseFoldersLoad) {
     GivenHosts({L"C:\\表ソ能\\ｶﾅ"});
-    Given({"VMRFOLDER=" + fake.ansi.Encode(L"C:\\表ソ能\\ｶﾅ")});
+    Given({"VMRFOLDER=" + fake.ansi.EncodeName(L"C:\\表ソ能\\ｶﾅ")});
     EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\表ソ能\\ｶﾅ"));
 }
@@ -355,15 +355,67 @@ TEST_F(SettingsFileTest, FileInUseReadsAsNothing) {
     EXPECT_FALSE(state.VersionKnown);
 }
 
+// What has not been read cannot be written back.
+TEST_F(SettingsFileTest, ReadThatBrokeOffKeepsTheFileFromBeingRewritten) {
+    GivenHosts({L"C:\\A"});
+    files.AddDrive(L"E:");
+    files.SetReady(L"E:", false);
+    Given({"VERSION=Ver.0.61", "VMRFOLDER=C:\\A", "VMRFOLDER=E:\\x", "VMRFOLDER=C:\\B"});
+    const std::string former = Ini();
+    file.ReadSetting(setting_keys::VmrFolder);
+    files.AddFile(BackupPath, "older");
+    try {
+        file.SaveSettings(Combo({L"C:\\A"}, 0), L"C:\\");
+        ADD_FAILURE();
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::FileAlreadyOpen);
+        EXPECT_EQ(error.Path(), IniPath);
+        EXPECT_TRUE(error.IsFatal());
+    }
+    EXPECT_EQ(Ini(), former);
+    EXPECT_EQ(files.Contents(BackupPath), "older");
+}
+
+struct PathRow {
+    const char* name;
+    const wchar_t* folder;
+};
+
+// "D:" would be another folder as soon as the current one has changed.
+class FoldersThatAreNotFullPaths : public SettingsFileTest,
+                                   public testing::WithParamInterface<PathRow> {};
+
+TEST_P(FoldersThatAreNotFullPaths, AreNotFound) {
+    for (const wchar_t* host : {L"C:\\Tamblin", L"C:\\Tamblin\\sub", L"C:\\sub"}) {
+        files.AddFile(std::wstring(host) + L"\\ombrel.exe");
+        files.AddFile(std::wstring(host) + L"\\ombrel.rc");
+    }
+    files.SetCurrentFolder(L"C:\\Tamblin");
+    const std::string folder = fake.ansi.EncodeName(GetParam().folder);
+    Given({"VMRFOLDER=" + folder, "DEFAULT=" + folder});
+    for (const auto key : {setting_keys::VmrFolder, setting_keys::Default})
+        EXPECT_FALSE(file.ReadSetting(key)) << key;
+    EXPECT_EQ(state.HostFolderCount, 0);
+    EXPECT_EQ(state.DefaultFolder, L"");
+}
+
+INSTANTIATE_TEST_SUITE_P(SettingsFile, FoldersThatAreNotFullPaths,
+                         testing::Values(PathRow{"Drive", L"C:"}, PathRow{"OnADrive", L"C:sub"},
+                                         PathRow{"HereOnADrive", L"C:."}, PathRow{"Name", L"sub"},
+                                         PathRow{"OfTheDrive", L"\\sub"}, PathRow{"Here", L"."}),
+                         CaseName);
+
 // --- A fresh file -------------------------------------------------------------------------------
 
 TEST_F(SettingsFileTest, FreshFileHasItsNineKindsOfLines) {
     state.KvaOption = L"ON";
     file.SaveSettings(Combo({L"C:\\A", L"D:\\表\\"}, 1), L"C:\\Packs\\");
-    EXPECT_EQ(Ini(), fake.ansi.Encode(L"# Tamblin\r\n# Configuration File\r\n\r\n"
-                                      L"VERSION=Ver.0.61\r\nDEFAULT=D:\\表\\\r\nKVAOPTION=ON\r\n"
-                                      L"VMRFOLDER=C:\\A\r\nVMRFOLDER=D:\\表\\\r\n"
-                                      L"VIEWFOLDER=C:\\Packs\\\r\n\r\n"));
+    EXPECT_EQ(Ini(), fake.ansi
+                         .Encode(L"# Tamblin\r\n# Configuration File\r\n\r\n"
+                                 L"VERSION=Ver.0.61\r\nDEFAULT=D:\\表\\\r\nKVAOPTION=ON\r\n"
+                                 L"VMRFOLDER=C:\\A\r\nVMRFOLDER=D:\\表\\\r\n"
+                                 L"VIEWFOLDER=C:\\Packs\\\r\n\r\n")
+                         .value());
     EXPECT_FALSE(files.Exists(BackupPath));
 }
 
@@ -602,6 +654,28 @@ TEST_F(SettingsFileTest, FolderInTheBackupsPlaceFailsAndTouchesNothing) {
     const auto before = files.Snapshot();
     EXPECT_EQ(ErrorOf([&] { file.SaveSettings(Combo({}), L"C:\\"); }), ErrorNumber::PathFileAccess);
     EXPECT_EQ(files.Snapshot(), before);
+}
+
+// --- Names beyond the code page ------------------------------------------------------------------
+
+TEST_F(SettingsFileTest, NameThatTheCodePageCannotHoldLeavesTheFileAsItWas) {
+    const std::wstring thai = L"C:\\\x0E01\x0E02";
+    for (const bool fresh : {false, true})
+        for (const bool asView : {false, true}) {
+            files.DeleteTree(IniPath);
+            if (!fresh)
+                Given({"VERSION=Ver.0.61", "VMRFOLDER=C:\\A"});
+            const auto before = files.Snapshot();
+            const HostFolderCombo combo = Combo({L"C:\\A", asView ? L"C:\\B" : thai});
+            try {
+                file.SaveSettings(combo, asView ? thai : L"C:\\");
+                ADD_FAILURE();
+            } catch (const RunTimeError& error) {
+                EXPECT_EQ(error.Number(), ErrorNumber::BadFileName);
+                EXPECT_EQ(error.Path(), thai);
+            }
+            EXPECT_EQ(files.Snapshot(), before);
+        }
 }
 
 } // namespace

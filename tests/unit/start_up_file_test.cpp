@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/thrown_number.h"
 #include "unit/maintenance_scene.h"
 
 namespace tamblin {
@@ -155,11 +156,33 @@ INSTANTIATE_TEST_SUITE_P(
                                ErrorNumber::PathFileAccess}),
     CaseName);
 
-TEST(WriteStartUpLine, LeavesNothingOfALongerFile) {
-    PlatformFake fake;
-    fake.files.AddFile(L"C:\\rc", std::string(1000, 'x'));
-    WriteStartUpLine(L"C:\\rc", L"a.OBL", fake.platform);
-    EXPECT_EQ(fake.files.Contents(L"C:\\rc"), "H001currentobl=a.OBL\r\n");
+constexpr wchar_t ThaiName[] = L"\x0E01\x0E02";
+constexpr wchar_t NameOfLookAlikes[] = L"caf\x00E9 \x00A5";
+
+TEST(SetStartUpCharacter, NameThatTheCodePageCannotHoldLeavesTheFileAsItWas) {
+    for (const std::wstring name : {ThaiName, NameOfLookAlikes}) {
+        MaintenanceScene scene;
+        scene.ShowSelected(name);
+        const auto before = scene.files.Snapshot();
+        EXPECT_EQ(ThrownNumber([&] { SetStartUpCharacter(scene.model, scene.platform); }), 52);
+        EXPECT_EQ(scene.files.Snapshot(), before);
+        EXPECT_THAT(scene.messages.shown, IsEmpty());
+    }
+}
+
+TEST(ReplaceStartUpFile, NameThatTheCodePageCannotHoldLeavesTheFileAsItWas) {
+    MaintenanceScene scene;
+    const auto before = scene.files.Snapshot();
+    scene.files.SetCurrentFolder(L"C:\\VMR");
+    try {
+        ReplaceStartUpFile(std::wstring(ThaiName) + L".obl", scene.platform);
+        ADD_FAILURE();
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::BadFileName);
+        EXPECT_EQ(error.Path(), std::wstring(ThaiName) + L".obl");
+        EXPECT_NE(error.Advice(), L"");
+    }
+    EXPECT_EQ(scene.files.Snapshot(), before);
 }
 
 TEST(ReplaceStartUpFile, SetsTheFormerFileAsideInTheCurrentFolder) {
