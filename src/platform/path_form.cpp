@@ -53,6 +53,12 @@ bool IsDeviceName(std::wstring_view name) {
            IsPortDigit(base[3]);
 }
 
+bool IsFullPath(std::wstring_view path) {
+    if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]))
+        return true;
+    return path.size() >= 3 && IsAsciiLetter(path[0]) && path[1] == L':' && IsSeparator(path[2]);
+}
+
 bool IsWellFormedPath(std::wstring_view path) {
     if (IsNameSpacePrefix(path))
         return false;

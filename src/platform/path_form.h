@@ -11,6 +11,10 @@ namespace tamblin {
 // An empty path is well formed; it is the current folder.
 bool IsWellFormedPath(std::wstring_view path);
 
+// True for a path that means the same whatever the current drive and folder: "C:\a", "\\server\a",
+// but not "C:", "\a" or "a".
+bool IsFullPath(std::wstring_view path);
+
 // True for a name that Windows takes for a device, whatever its letter case and extension.
 bool IsDeviceName(std::wstring_view name);
 

@@ -4,6 +4,7 @@
 
 #include "base/run_time_error.h"
 #include "platform/file_lists.h"
+#include "platform/path_form.h"
 
 namespace tamblin {
 namespace {
@@ -31,14 +32,14 @@ void Store(SettingsState& state, const std::wstring& folder) {
 } // namespace
 
 bool IsHostFolder(const std::wstring& prefix, FileSystem& files) {
-    return ProbeFile(files, prefix + HostProgramName) &&
+    return IsFullPath(prefix) && ProbeFile(files, prefix + HostProgramName) &&
            ProbeFile(files, prefix + HostStartUpFileName);
 }
 
 Registration RegisterHostFolder(SettingsState& state, const std::wstring& folder,
                                 Platform& platform) {
     const bool duplicate = IsRegistered(state, folder);
-    if (!IsHostFolder(folder + L"\\", platform.files)) {
+    if (!IsFullPath(folder) || !IsHostFolder(folder + L"\\", platform.files)) {
         platform.messages.Inform(HostNotFoundText);
         return Registration::HostMissing;
     }

@@ -15,7 +15,8 @@ inline constexpr wchar_t HostProgramName[] = L"ombrel.exe";
 inline constexpr wchar_t HostStartUpFileName[] = L"ombrel.rc";
 
 // True when the host program and its start-up file stand behind `prefix`, a folder with whatever
-// separator the caller's own rule gives it.
+// separator the caller's own rule gives it. A path that is not full is none: it would mean another
+// folder as soon as the current one has changed.
 bool IsHostFolder(const std::wstring& prefix, FileSystem& files);
 
 // What became of a folder that the user has entered. But for the first, the user has been told.

@@ -51,6 +51,18 @@ TEST_F(HostFolderListTest, FolderThatCannotExistIsNotFound) {
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
 }
 
+// A host stands in each of the folders that the path can mean.
+TEST_F(HostFolderListTest, PathThatIsNotFullIsNotFound) {
+    for (const wchar_t* host : {L"C:\\", L"C:\\H", L"C:\\Tamblin", L"C:\\Tamblin\\H"})
+        AddHost(fake.files, host);
+    fake.files.SetCurrentFolder(L"C:\\Tamblin");
+    for (const wchar_t* folder : {L"C:", L"C:H", L"H", L"\\H", L".", L""}) {
+        EXPECT_EQ(RegisterFolder(folder), Registration::HostMissing) << folder;
+        EXPECT_EQ(fake.messages.shown.back().text, NotFound);
+    }
+    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+}
+
 TEST_F(HostFolderListTest, NewFolderTakesTheNextSlot) {
     EXPECT_EQ(RegisterFolder(L"C:\\B"), Registration::Stored);
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\B"));

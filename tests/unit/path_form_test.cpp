@@ -8,6 +8,14 @@
 namespace tamblin {
 namespace {
 
+TEST(IsFullPath, NeitherDriveNorFolderIsLeftOpen) {
+    for (const wchar_t* path :
+         {L"C:\\", L"c:/a", L"C:\\a\\..", L"\\\\server\\share", L"//server/share"})
+        EXPECT_TRUE(IsFullPath(path)) << path;
+    for (const wchar_t* path : {L"", L"C:", L"C:a", L"a", L"\\a", L".", L"..\\a", L"1:\\a", L"C"})
+        EXPECT_FALSE(IsFullPath(path)) << path;
+}
+
 TEST(IsWellFormedPath, TakesEveryFormOfAPath) {
     for (const wchar_t* path :
          {L"", L".", L"..", L"C:", L"c:", L"C:\\", L"C:a", L"C:\\a b\\表.txt", L"\\a", L"a/b",
