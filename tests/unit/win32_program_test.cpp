@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 #include <windows.h>
+// After <windows.h>, which it needs.
+#include <shellapi.h>
 
 #include "base/text.h"
 #include "platform/win32/program_folder.h"
@@ -45,6 +47,51 @@ TEST(Win32ProgramStarter, TellsAMissingProgramFromOneThatIsNone) {
     EXPECT_EQ(ThrownNumber([&] { starter.StartMinimised(L"\"" + file + L"\" x"); }), 75);
 }
 
+struct Executed {
+    std::wstring program, arguments;
+    int show = 0;
+    DWORD error = ERROR_SUCCESS; // what the shell answers
+};
+Executed executed;
+
+Win32ProgramStarter StarterOfElevatedPrograms(DWORD shellError) {
+    executed = {};
+    executed.error = shellError;
+    const auto create = [](auto...) -> BOOL {
+        SetLastError(740);
+        return FALSE;
+    };
+    const auto execute = [](SHELLEXECUTEINFOW* execution) -> BOOL {
+        executed.program = execution->lpFile;
+        executed.arguments = execution->lpParameters;
+        executed.show = execution->nShow;
+        SetLastError(executed.error);
+        return executed.error == ERROR_SUCCESS;
+    };
+    return Win32ProgramStarter(create, execute);
+}
+
+TEST(Win32ProgramStarter, LetsTheShellStartWhatWantsElevation) {
+    StarterOfElevatedPrograms(ERROR_SUCCESS).StartMinimised(L"\"C:\\a b\\ombrel.exe\" /n");
+    EXPECT_EQ(executed.program, L"C:\\a b\\ombrel.exe");
+    EXPECT_EQ(executed.arguments, L"/n");
+    EXPECT_EQ(executed.show, SW_SHOWMINIMIZED);
+    StarterOfElevatedPrograms(ERROR_SUCCESS).StartMinimised(L"host.exe a b");
+    EXPECT_EQ(executed.program, L"host.exe");
+    EXPECT_EQ(executed.arguments, L"a b");
+    StarterOfElevatedPrograms(ERROR_SUCCESS).StartMinimised(L"host.exe");
+    EXPECT_EQ(executed.program, L"host.exe");
+    EXPECT_EQ(executed.arguments, L"");
+}
+
+TEST(Win32ProgramStarter, TakesARefusalToElevateForTheUsersWill) {
+    StarterOfElevatedPrograms(ERROR_CANCELLED).StartMinimised(L"\"C:\\ombrel.exe\" /n");
+    EXPECT_EQ(ThrownNumber([] {
+                  StarterOfElevatedPrograms(ERROR_FILE_NOT_FOUND).StartMinimised(L"host.exe");
+              }),
+              53);
+}
+
 TEST(Win32ProgramStarter, DocumentThatNoProgramShowsStaysUnshown) {
     TemporaryFolder folder;
     Win32ProgramStarter().ShowMinimised(folder.Path() + L"\\nosuch.tamblin-unknown");
@@ -74,11 +121,26 @@ TEST(Win32AnsiCodePage, ConvertsThereAndBackWhateverTheCodePage) {
     EXPECT_EQ(ansi.Encode(L"C:\\Tamblin"), "C:\\Tamblin");
     EXPECT_EQ(ansi.Decode(""), L"");
     EXPECT_EQ(ansi.Encode(L""), "");
-    if (GetACP() != 932)
-        GTEST_SKIP() << "the rest needs a Japanese system";
+}
+
+TEST(Win32AnsiCodePage, HoldsWhatTheCodePageHasAndNothingThatLooksLikeIt) {
+    Win32AnsiCodePage ansi(932);
     EXPECT_EQ(ansi.Decode("\x95\x5C\x83\x5C\x94\x5C"), L"表ソ能");
     EXPECT_EQ(ansi.Encode(L"表ソ能"), "\x95\x5C\x83\x5C\x94\x5C");
-    EXPECT_EQ(ansi.Encode(L"a\x0E01z"), "a?z");
+    EXPECT_EQ(ansi.Encode(L"a?z"), "a?z");
+    for (const wchar_t* text : {L"a\x0E01z", L"caf\x00E9", L"\x00A5", L"\x301C", L"\xD83D\xDE00"})
+        EXPECT_EQ(ansi.Encode(text), std::nullopt);
+    EXPECT_EQ(Win32AnsiCodePage(1252).Encode(L"caf\x00E9"), "caf\xE9");
+    EXPECT_EQ(Win32AnsiCodePage(1252).Encode(L"表"), std::nullopt);
+}
+
+// A user can make UTF-8 the system's code page.
+TEST(Win32AnsiCodePage, HoldsAllTextsInUtf8) {
+    Win32AnsiCodePage ansi(CP_UTF8);
+    EXPECT_EQ(ansi.Encode(L"表\xD83D\xDE00"), "\xE8\xA1\xA8\xF0\x9F\x98\x80");
+    EXPECT_EQ(ansi.Decode("\xE8\xA1\xA8"), L"表");
+    EXPECT_EQ(ansi.Encode(L"a\xD83Dz"), std::nullopt);
+    EXPECT_EQ(ansi.Encode(L""), "");
 }
 
 TEST(Win32EventLoop, HandlesWhatWaitsAndReturns) {
