@@ -61,6 +61,14 @@ void ErrorNamingFileSystem::Copy(const std::wstring& from, const std::wstring& t
     NamingOneOf(from, to, [&] { files.Copy(from, to); });
 }
 
+void ErrorNamingFileSystem::Replace(const std::wstring& from, const std::wstring& to) {
+    NamingOneOf(from, to, [&] { files.Replace(from, to); });
+}
+
+void ErrorNamingFileSystem::CheckReplaceable(const std::wstring& file) {
+    Naming(file, [&] { files.CheckReplaceable(file); });
+}
+
 void ErrorNamingFileSystem::Rename(const std::wstring& from, const std::wstring& to) {
     NamingOneOf(from, to, [&] { files.Rename(from, to); });
 }
@@ -73,8 +81,20 @@ void ErrorNamingFileSystem::MakeFolder(const std::wstring& folder) {
     Naming(folder, [&] { files.MakeFolder(folder); });
 }
 
+void ErrorNamingFileSystem::MakeFolderLike(const std::wstring& folder, const std::wstring& model) {
+    Naming(folder, [&] { files.MakeFolderLike(folder, model); });
+}
+
 void ErrorNamingFileSystem::RemoveFolder(const std::wstring& folder) {
     Naming(folder, [&] { files.RemoveFolder(folder); });
+}
+
+bool ErrorNamingFileSystem::HoldFolder(const std::wstring& folder) {
+    return Naming(folder, [&] { return files.HoldFolder(folder); });
+}
+
+void ErrorNamingFileSystem::ReleaseFolder() {
+    files.ReleaseFolder();
 }
 
 void ErrorNamingFileSystem::SetAttributes(const std::wstring& path, FileAttributes attributes) {
@@ -87,6 +107,14 @@ std::wstring ErrorNamingFileSystem::CurrentFolder() {
 
 void ErrorNamingFileSystem::SetCurrentFolder(const std::wstring& folder) {
     Naming(folder, [&] { files.SetCurrentFolder(folder); });
+}
+
+bool ErrorNamingFileSystem::OnOneDrive(const std::wstring& folder, const std::wstring& other) {
+    return Naming(folder, [&] { return files.OnOneDrive(folder, other); });
+}
+
+std::uint64_t ErrorNamingFileSystem::FreeBytes(const std::wstring& folder) {
+    return Naming(folder, [&] { return files.FreeBytes(folder); });
 }
 
 std::vector<Drive> ErrorNamingFileSystem::Drives() {

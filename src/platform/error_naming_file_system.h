@@ -15,13 +15,20 @@ class ErrorNamingFileSystem : public FileSystem {
     std::string Read(const std::wstring& file) override;
     void Write(const std::wstring& file, std::string_view bytes) override;
     void Copy(const std::wstring& from, const std::wstring& to) override;
+    void Replace(const std::wstring& from, const std::wstring& to) override;
+    void CheckReplaceable(const std::wstring& file) override;
     void Rename(const std::wstring& from, const std::wstring& to) override;
     void Delete(const std::wstring& file) override;
     void MakeFolder(const std::wstring& folder) override;
+    void MakeFolderLike(const std::wstring& folder, const std::wstring& model) override;
     void RemoveFolder(const std::wstring& folder) override;
+    bool HoldFolder(const std::wstring& folder) override;
+    void ReleaseFolder() override;
     void SetAttributes(const std::wstring& path, FileAttributes attributes) override;
     std::wstring CurrentFolder() override;
     void SetCurrentFolder(const std::wstring& folder) override;
+    bool OnOneDrive(const std::wstring& folder, const std::wstring& other) override;
+    std::uint64_t FreeBytes(const std::wstring& folder) override;
     std::vector<Drive> Drives() override;
     std::optional<std::wstring> FixedVolumeAt(const std::wstring& folder) override;
 

@@ -78,6 +78,30 @@ INSTANTIATE_TEST_SUITE_P(Operations, ErrorNaming,
                                          OperationRow{"RenameToWhatExists",
                                                       [](FileSystem& files) { files.Rename(A, B); },
                                                       ErrorNumber::FileAlreadyExists, B},
+                                         OperationRow{"Replace",
+                                                      [](FileSystem& files) {
+                                                          files.Replace(A, B);
+                                                      }},
+                                         OperationRow{"CheckReplaceable",
+                                                      [](FileSystem& files) {
+                                                          files.CheckReplaceable(A);
+                                                      }},
+                                         OperationRow{"MakeFolderLike",
+                                                      [](FileSystem& files) {
+                                                          files.MakeFolderLike(A, B);
+                                                      }},
+                                         OperationRow{"HoldFolder",
+                                                      [](FileSystem& files) {
+                                                          files.HoldFolder(A);
+                                                      }},
+                                         OperationRow{"OnOneDrive",
+                                                      [](FileSystem& files) {
+                                                          files.OnOneDrive(A, B);
+                                                      }},
+                                         OperationRow{"FreeBytes",
+                                                      [](FileSystem& files) {
+                                                          files.FreeBytes(A);
+                                                      }},
                                          OperationRow{"Delete",
                                                       [](FileSystem& files) {
                                                           files.Delete(A);

@@ -25,7 +25,7 @@ void ThrowFileError(const std::wstring& fullPath, Attempt attempt) {
     const DWORD code = GetLastError();
     if (MeansNotThere(code))
         CheckDrive(fullPath, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
-    ThrowError(code, attempt);
+    throw RunTimeError(ErrorNumberOf(code, attempt), fullPath);
 }
 
 void ThrowFolderError(const std::wstring& fullPath, Attempt attempt) {
