@@ -57,7 +57,7 @@ TEST_F(HostFolderListTest, PathThatIsNotFullIsNotFound) {
         AddHost(fake.files, host);
     fake.files.SetCurrentFolder(L"C:\\Tamblin");
     for (const wchar_t* folder : {L"C:", L"C:H", L"H", L"\\H", L".", L""}) {
-        EXPECT_EQ(RegisterFolder(folder), Registration::HostMissing) << folder;
+        ASSERT_EQ(RegisterFolder(folder), Registration::HostMissing) << folder;
         EXPECT_EQ(fake.messages.shown.back().text, NotFound);
     }
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
