@@ -19,8 +19,9 @@ class SelectionList {
     size_t Size() const { return entries.size(); }
     bool Empty() const { return entries.empty(); }
 
-    bool IsSelected(size_t index) const { return selected[index]; }
-    void Select(size_t index, bool on = true) { selected[index] = on; }
+    // Both throw for an index that is not in the list: no tool sees a bit read behind the last.
+    bool IsSelected(size_t index) const { return selected.at(index); }
+    void Select(size_t index, bool on = true) { selected.at(index) = on; }
     void DeselectAll();
 
     size_t SelectedCount() const;

@@ -22,7 +22,6 @@ void FolderManagement::Activate() {
     state.ChangedSlot = 0;
 
     addEnabled = state.HostFolderCount < HostFolderLimit;
-    changeEnabled = deleteEnabled = state.HostFolderCount > 0;
     if (state.HostFolderCount == 0)
         leaveEnabled = true;
     if (folders.FirstSelected())

@@ -262,6 +262,12 @@ TEST_F(FolderBrowserTest, CancelInTheFirstRebuildShowsTheRowsBuiltSoFar) {
     EXPECT_EQ(browser.ShownFolder(), L"C:\\");
 }
 
+TEST_F(FolderBrowserTest, FirstRebuildOfAFolderThatIsGoneShowsNothing) {
+    Show(L"C:\\Gone");
+    EXPECT_EQ(browser.ShownFolder(), L"");
+    EXPECT_THAT(browser.Rows(), IsEmpty());
+}
+
 // Whichever of its listings fails, and whatever the user answers: rows, highlight, path and files.
 TEST_F(FolderBrowserTest, FailureLeavesAllAsItWas) {
     fake.messages.answer = false;

@@ -286,6 +286,37 @@ TEST_F(MainScreenTest, SecondActionButtonPreparesTheStagingFolder) {
     EXPECT_EQ(files.CurrentFolder(), L"C:\\TAMTMP");
 }
 
+// Each button of a selected character runs its own command.
+TEST_F(MainScreenTest, ButtonsRunTheirCommands) {
+    files.AddFile(L"C:\\Host\\abc\\abc.txt");
+    files.AddFile(L"C:\\Packs\\abc.obl", "new");
+    files.AddFile(L"C:\\Packs\\ombrel.exe", "new");
+    files.AddFolder(L"C:\\Host\\orphan");
+    main.Load();
+    Select(model.installed.names, {L"abc"});
+    Select(model.browser.Files(), {L"abc.obl"});
+    main.FileListClicked();
+
+    FolderCheck check(fake.platform);
+    main.CheckPressed(check);
+    EXPECT_THAT(check.folders.Entries(), ElementsAre(L"orphan"));
+    main.LaunchPressed();
+    EXPECT_EQ(fake.starter.started.size(), 1U);
+    main.ShowReadmePressed();
+    EXPECT_EQ(fake.shell.opened.size(), 1U);
+    EXPECT_TRUE(main.InstalledListMenu().value().readmeEnabled);
+    main.SetStartUpCharacterPressed();
+    EXPECT_EQ(files.Contents(L"C:\\Host\\ombrel.rc"), "H001currentobl=abc.obl\r\n");
+    main.UpdateDefinitionPressed();
+    EXPECT_EQ(files.Contents(L"C:\\Host\\abc.obl"), "new");
+    main.UpdateHostPressed();
+    EXPECT_EQ(files.Contents(L"C:\\Host\\ombrel.exe"), "new");
+    main.UninstallPressed();
+    EXPECT_FALSE(files.Exists(L"C:\\Host\\abc"));
+    main.InstallPressed(scene.screen);
+    EXPECT_EQ(scene.screen.confirmations.size(), 1U);
+}
+
 TEST_F(MainScreenTest, SettingsButtonLeavesWordWhereItWasPressed) {
     EXPECT_FALSE(state.OpenedFromMainWindow);
     main.SettingsPressed();

@@ -32,8 +32,10 @@ TEST(IsWellFormedPath, RefusesWhatNoDriveTakes) {
 
 TEST(IsWellFormedPath, TakesAColonAfterADriveLetterOnly) {
     for (const wchar_t* path : {L"a:b:c", L"C:\\a:b", L"a\\b:", L"::", L":", L"1:\\a", L"\\C:\\a",
-                                L"C::$DATA", L"表:\\a"})
+                                L"C::$DATA", L"表:\\a", L"@:\\a", L"[:\\a", L"`:\\a", L"{:\\a"})
         EXPECT_FALSE(IsWellFormedPath(path)) << path;
+    for (const wchar_t* path : {L"A:\\a", L"Z:\\a", L"a:\\a", L"z:\\a"})
+        EXPECT_TRUE(IsWellFormedPath(path)) << path;
 }
 
 TEST(IsWellFormedPath, RefusesTheNameSpacesBesideTheDrives) {

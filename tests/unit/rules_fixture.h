@@ -88,7 +88,12 @@ class InstallScreenFake : public InstallScreen {
     std::function<void()> onConfirmation;
     bool open = true;
 
-    void SetMainWindowEnabled(bool on) override { enabled = on; }
+    int timesEnabled = 0;
+
+    void SetMainWindowEnabled(bool on) override {
+        enabled = on;
+        timesEnabled += on ? 1 : 0;
+    }
     void ShowConfirmation(const InstallConfirmation& lists, std::int16_t& InstallAnswer) override {
         confirmations.push_back(lists);
         if (onConfirmation)

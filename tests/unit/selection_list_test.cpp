@@ -24,6 +24,13 @@ TEST(SelectionList, StartsEmptyAndUnselected) {
     EXPECT_EQ(list.LastSelected(), std::nullopt);
 }
 
+TEST(SelectionList, HasNoEntryBehindItsLast) {
+    SelectionList list = ListOf({L"a", L"b"});
+    EXPECT_THROW(list.IsSelected(2), std::out_of_range);
+    EXPECT_THROW(list.Select(2), std::out_of_range);
+    EXPECT_EQ(list.SelectedCount(), 0U);
+}
+
 TEST(SelectionList, AddedEntriesAreUnselectedAndKeepTheirOrder) {
     SelectionList list = ListOf({L"b"});
     list.Select(0);

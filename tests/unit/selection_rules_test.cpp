@@ -221,8 +221,7 @@ TEST_F(SelectionRulesTest, WithoutACharacterTheButtonsThatNeedOneAreDisabled) {
     EXPECT_FALSE(model.definitionUpdateReady);
 }
 
-// The last of a list's bits is the last of a machine word: a loop past the end reads another one.
-TEST_F(SelectionRulesTest, ListsOfSixtyFourEntriesAreReadToTheirEndAndNoFurther) {
+TEST_F(SelectionRulesTest, LongListsAreReadToTheirEndAndNoFurther) {
     std::vector<std::wstring> names(64, L"a.exe");
     names.back() = L"z.lzh";
     model.browser.Files().Assign(names);
