@@ -49,7 +49,7 @@ void RunProgram() {
     Win32AnsiCodePage ansi;
     Platform platform{files, shell, starter, messages, events, unlha, ansi, ProgramFolder()};
 
-    ProgramWindows program(application, platform, [&] { return !instance.IsFirst(); });
+    ProgramWindows program(application, platform, instance);
     program.ShowSplash();
     application.Run();
 }

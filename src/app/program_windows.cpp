@@ -11,15 +11,15 @@
 namespace tamblin {
 
 ProgramWindows::ProgramWindows(Application& owner, Platform& surroundings,
-                               std::function<bool()> anotherCopyIsRunning)
+                               const EarlierCopy& earlier)
     : application(owner),
       platform(surroundings),
-      isAnotherCopyRunning(std::move(anotherCopyIsRunning)),
+      earlierCopy(earlier),
       settingsFile(platform, state),
       startUp(platform, state, settingsFile) {}
 
 void ProgramWindows::ShowSplash() {
-    application.Open<Form6>(application, startUp, *this, isAnotherCopyRunning).Show();
+    application.Open<Form6>(application, startUp, *this, earlierCopy).Show();
 }
 
 template <class FormType, class... Arguments>

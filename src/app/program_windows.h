@@ -1,8 +1,6 @@
 // Which window follows on which: the program's windows, made when they are first wanted.
 #pragma once
 
-#include <functional>
-
 #include "app/start_up.h"
 #include "platform/platform.h"
 #include "settings/settings_file.h"
@@ -14,8 +12,7 @@ namespace tamblin {
 
 class ProgramWindows : public HandOver {
   public:
-    ProgramWindows(Application& owner, Platform& surroundings,
-                   std::function<bool()> anotherCopyIsRunning);
+    ProgramWindows(Application& owner, Platform& surroundings, const EarlierCopy& earlier);
 
     void ShowSplash();
     void Show(NextWindow next) override;
@@ -27,7 +24,7 @@ class ProgramWindows : public HandOver {
 
     Application& application;
     Platform& platform;
-    std::function<bool()> isAnotherCopyRunning;
+    const EarlierCopy& earlierCopy;
     SettingsState state;
     SettingsFile settingsFile;
     StartUp startUp;

@@ -6,12 +6,11 @@ namespace tamblin {
 
 constexpr COLORREF LabelColour = RGB(0xFF, 0xF4, 0xE0);
 
-Form6::Form6(Application& owner, StartUp& steps, HandOver& windows,
-             std::function<bool()> anotherCopyIsRunning)
+Form6::Form6(Application& owner, StartUp& steps, HandOver& windows, const EarlierCopy& earlier)
     : Form(owner, 6, L"Tamblin", FormFrame::Borderless),
       startUp(steps),
       handOver(windows),
-      isAnotherCopyRunning(std::move(anotherCopyIsRunning)) {
+      earlierCopy(earlier) {
     label4.SetVisible(false);
     SetLayout(MakeLayout());
 }
@@ -32,7 +31,7 @@ std::unique_ptr<LayoutItem> Form6::MakeLayout() {
 }
 
 void Form6::Load() {
-    if (startUp.Load(isAnotherCopyRunning()))
+    if (startUp.Load(earlierCopy))
         StartTimer(StartUpTickMilliseconds);
     else
         handOver.Show(NextWindow::EndProgram);

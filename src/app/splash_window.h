@@ -13,9 +13,7 @@ namespace tamblin {
 
 class Form6 : public Form {
   public:
-    // `anotherCopyIsRunning` is asked when the window is loaded.
-    Form6(Application& owner, StartUp& steps, HandOver& windows,
-          std::function<bool()> anotherCopyIsRunning);
+    Form6(Application& owner, StartUp& steps, HandOver& windows, const EarlierCopy& earlier);
     ~Form6() override;
 
   private:
@@ -28,7 +26,7 @@ class Form6 : public Form {
 
     StartUp& startUp;
     HandOver& handOver;
-    std::function<bool()> isAnotherCopyRunning;
+    const EarlierCopy& earlierCopy;
     std::unique_ptr<Bitmap> background;
     HBRUSH backgroundBrush = nullptr;
 

@@ -4,9 +4,10 @@
 
 namespace tamblin {
 
-bool StartUp::Load(bool anotherCopyIsRunning) {
-    if (anotherCopyIsRunning) {
+bool StartUp::Load(const EarlierCopy& earlier) {
+    if (earlier.IsRunning()) {
         platform.messages.Inform(AlreadyRunningText);
+        earlier.BringToFront();
         return false;
     }
     try {

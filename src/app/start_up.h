@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "platform/earlier_copy.h"
 #include "platform/platform.h"
 #include "settings/settings_file.h"
 #include "settings/settings_state.h"
@@ -19,9 +20,9 @@ class StartUp {
     StartUp(Platform& surroundings, SettingsState& settings, SettingsFile& settingsFile)
         : platform(surroundings), state(settings), file(settingsFile) {}
 
-    // When the splash is loaded. False when another copy is running: the user has been told, and
-    // the process has to end.
-    bool Load(bool anotherCopyIsRunning);
+    // When the splash is loaded. False when another copy is running: the user has been told and
+    // has that copy in front, and the process has to end.
+    bool Load(const EarlierCopy& earlier);
 
     // One tick of the splash's timer. Names the window to open on the tick that ends the splash.
     FirstWindow Tick();

@@ -8,6 +8,7 @@ from hosts import make_host
 from sandbox import settings
 from tamblin_app import wait_until
 
+WM_SYSCOMMAND, SC_MINIMIZE, WS_MINIMIZE = 0x0112, 0xF020, 0x20000000
 ALREADY_RUNNING = "すでに起動されています。"
 
 
@@ -95,8 +96,14 @@ def test_a_second_copy_is_refused(running, machine, folder):
     box = running.wait_box()
     assert box.buttons() == ["OK"]
     assert not box.has_icon()
+    running.operator.ask("send", running.main.handle, WM_SYSCOMMAND, SC_MINIMIZE, 0)
+    assert running.main.state()["style"] & WS_MINIMIZE
     running.answer(ALREADY_RUNNING, "OK")
     wait_until(lambda: running.operator.running("tamblin2.exe") == 0, "the second copy to end")
+    wait_until(
+        lambda: running.main.state()["active"] and not running.main.state()["style"] & WS_MINIMIZE,
+        "the first copy's window in front",
+    )
     assert running.running() and running.main.enabled()
     assert running.ini() == settings
     assert not machine.path(folder + "\\tamb.bak").exists()

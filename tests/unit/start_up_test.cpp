@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/earlier_copy_fake.h"
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
@@ -31,13 +32,19 @@ class StartUpTest : public testing::Test {
     SettingsState state;
     SettingsFile file{fake.platform, state};
     StartUp startUp{fake.platform, state, file};
+    EarlierCopyFake earlier;
 };
 
 TEST_F(StartUpTest, SecondCopyIsToldAndReadsNothing) {
     Given("VERSION=Ver.0.60\r\n");
     files.SetCurrentFolder(L"C:\\Host");
     files.ForgetOperations();
-    EXPECT_FALSE(startUp.Load(true));
+    earlier.running = true;
+    fake.messages.onShow = [&](const auto&) {
+        EXPECT_EQ(earlier.timesInFront, 0);
+    };
+    EXPECT_FALSE(startUp.Load(earlier));
+    EXPECT_EQ(earlier.timesInFront, 1);
     EXPECT_THAT(fake.messages.shown,
                 ElementsAre(MessageBoxesFake::Box{MessageBoxesFake::Kind::Inform,
                                                   L"すでに起動されています。"}));
@@ -46,7 +53,7 @@ TEST_F(StartUpTest, SecondCopyIsToldAndReadsNothing) {
 
 TEST_F(StartUpTest, FirstCopyMakesTheProgramFolderCurrent) {
     files.SetCurrentFolder(L"C:\\Host");
-    EXPECT_TRUE(startUp.Load(false));
+    EXPECT_TRUE(startUp.Load(earlier));
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
@@ -55,7 +62,7 @@ TEST_F(StartUpTest, FirstCopyMakesTheProgramFolderCurrent) {
 TEST_F(StartUpTest, ProgramFolderThatCannotBeEnteredEndsTheProgram) {
     files.SetReady(L"C:", false);
     try {
-        startUp.Load(false);
+        startUp.Load(earlier);
         FAIL();
     } catch (const RunTimeError& error) {
         EXPECT_TRUE(error.IsFatal());
@@ -141,7 +148,7 @@ class DecisionTest : public StartUpTest, public testing::WithParamInterface<Deci
 TEST_P(DecisionTest, OpensTheWindow) {
     if (GetParam().ini)
         Given(GetParam().ini);
-    EXPECT_TRUE(startUp.Load(false));
+    EXPECT_TRUE(startUp.Load(earlier));
     const auto before = files.Snapshot();
     EXPECT_EQ(Run(), GetParam().window);
     EXPECT_EQ(state.BrowseStartFolder,

@@ -1,6 +1,7 @@
 // The splash window: its elements, its steps, a second copy.
 #include "app/splash_window.h"
 
+#include "support/earlier_copy_fake.h"
 #include "windows/form_check.h"
 #include "windows/window_scene.h"
 
@@ -9,10 +10,7 @@ namespace {
 
 class SplashWindowTest : public WindowScene {
   protected:
-    Form6& Open(bool anotherCopyIsRunning = false) {
-        return application.Open<Form6>(application, startUp, handOver,
-                                       [=] { return anotherCopyIsRunning; });
-    }
+    Form6& Open() { return application.Open<Form6>(application, startUp, handOver, earlier); }
     static bool ProgressShown(const Form& form) {
         return IsWindowVisible(Find(form, ControlKind::Label, 4)) != 0;
     }
@@ -22,6 +20,7 @@ class SplashWindowTest : public WindowScene {
     SettingsFile file{fake.platform, state};
     StartUp startUp{fake.platform, state, file};
     HandOverFake handOver;
+    EarlierCopyFake earlier;
 };
 
 TEST_F(SplashWindowTest, HasEveryElementWithItsText) {
@@ -106,7 +105,8 @@ TEST_F(SplashWindowTest, GoesThoughTheNextWindowCannotBeMade) {
 }
 
 TEST_F(SplashWindowTest, ASecondCopyIsRefusedBeforeAnythingIsSeen) {
-    Form6& form = Open(true);
+    earlier.running = true;
+    Form6& form = Open();
     fake.messages.onShow = [&](const auto&) {
         EXPECT_FALSE(IsWindowVisible(form.Handle()));
     };

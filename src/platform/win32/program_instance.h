@@ -4,15 +4,18 @@
 
 #include <string>
 
+#include "platform/earlier_copy.h"
 #include "platform/win32/win32_handle.h"
 
 namespace tamblin {
 
-class ProgramInstance {
+class ProgramInstance : public EarlierCopy {
   public:
     explicit ProgramInstance(const std::wstring& name = L"Local\\Tamblin");
 
     bool IsFirst() const { return isFirst; }
+    bool IsRunning() const override { return !isFirst; }
+    void BringToFront() const override;
 
   private:
     UniqueHandle mutex;
