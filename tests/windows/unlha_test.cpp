@@ -68,6 +68,18 @@ HWND ProgressWindow() {
     return FindWindowW(L"Tamblin.Extraction", nullptr);
 }
 
+// Whether one of its labels says so.
+bool Says(HWND window, const std::wstring& wanted) {
+    HWND label = nullptr;
+    while ((label = FindWindowExW(window, label, L"Static", nullptr)) != nullptr) {
+        wchar_t text[100]{};
+        SendMessageW(label, WM_GETTEXT, 100, reinterpret_cast<LPARAM>(text));
+        if (text == wanted)
+            return true;
+    }
+    return false;
+}
+
 class UnlhaWindow : public testing::Test {
   protected:
     UnlhaWindow() : owner(MakeOwner()) {
@@ -116,6 +128,7 @@ TEST_F(UnlhaWindow, ShortExtractionShowsNothing) {
 TEST_F(UnlhaWindow, LongExtractionShowsABarAndEverythingStaysPainted) {
     Save(LongArchive());
     std::atomic<bool> hasOwner = false;
+    std::atomic<bool> namesArchive = false;
     std::atomic<int> first = -1;
     std::atomic<int> last = -1;
     const ULONGLONG start = GetTickCount64();
@@ -132,7 +145,10 @@ TEST_F(UnlhaWindow, LongExtractionShowsABarAndEverythingStaysPainted) {
             if (firstSeen == 0)
                 firstSeen = GetTickCount64();
             hasOwner = GetWindow(window, GW_OWNER) == owner;
+            namesArchive = namesArchive || Says(window, L"a.lzh");
             const auto part = static_cast<int>(SendMessageW(bar, PBM_GETPOS, 0, 0));
+            if (!IsWindow(bar)) // gone meanwhile, it has answered nothing
+                return;
             if (first < 0)
                 first = part;
             EXPECT_GE(part, last);
@@ -142,6 +158,7 @@ TEST_F(UnlhaWindow, LongExtractionShowsABarAndEverythingStaysPainted) {
     }
     EXPECT_GE(firstSeen - start, 450u);
     EXPECT_TRUE(hasOwner);
+    EXPECT_TRUE(namesArchive);
     EXPECT_GT(last, first);
     EXPECT_LE(last, 1000);
     EXPECT_GE(paintings, 5);
@@ -161,7 +178,7 @@ TEST_F(UnlhaWindow, ProgressWindowGrowsWithItsOwnersFont) {
     ownersFont = CreateFontIndirectW(&description);
     RECT usual{};
     {
-        const LzhProgressWindow progress(owner);
+        const LzhProgressWindow progress(owner, L"a.lzh");
         usual = sizeOf(ProgressWindow());
         const HWND label = FindWindowExW(ProgressWindow(), nullptr, L"Static", nullptr);
         LOGFONTW shown{};
@@ -173,7 +190,7 @@ TEST_F(UnlhaWindow, ProgressWindowGrowsWithItsOwnersFont) {
     description.lfHeight = -40;
     ownersFont = CreateFontIndirectW(&description);
     {
-        const LzhProgressWindow progress(owner);
+        const LzhProgressWindow progress(owner, L"a.lzh");
         EXPECT_EQ(sizeOf(ProgressWindow()).right, 2 * usual.right);
         EXPECT_EQ(sizeOf(ProgressWindow()).bottom, 2 * usual.bottom);
     }

@@ -52,14 +52,15 @@ int HeightOf(HFONT font) {
 
 } // namespace
 
-LzhProgressWindow::LzhProgressWindow(HWND owner) : font(FontLikeThatOf(owner)) {
+LzhProgressWindow::LzhProgressWindow(HWND owner, const std::wstring& archiveName)
+    : font(FontLikeThatOf(owner)) {
     RegisterOnce();
     RECT around{};
     GetWindowRect(owner, &around);
     window = CreateWindowExW(WS_EX_DLGMODALFRAME, className, L"Tamblin", WS_POPUP | WS_CAPTION,
                              around.left, around.top, 0, 0, owner, nullptr,
                              GetModuleHandleW(nullptr), nullptr);
-    AddControls((HeightOf(font) + 3) / 4);
+    AddControls((HeightOf(font) + 3) / 4, archiveName);
     PlaceOver(owner);
     ShowWindow(window, SW_SHOWNOACTIVATE);
     UpdateWindow(window);
@@ -70,18 +71,24 @@ LzhProgressWindow::~LzhProgressWindow() {
     DeleteObject(font);
 }
 
-void LzhProgressWindow::AddControls(int unit) {
-    const int width = (widthUnits - 2 * marginUnits) * unit;
-    const HINSTANCE instance = GetModuleHandleW(nullptr);
-    const HWND label = CreateWindowExW(0, L"STATIC", text, WS_CHILD | WS_VISIBLE | SS_NOPREFIX,
-                                       marginUnits * unit, marginUnits * unit, width,
-                                       textUnits * unit, window, nullptr, instance, nullptr);
+// A name that is too long is cut at its end.
+void LzhProgressWindow::AddLine(const std::wstring& line, int top, int unit) {
+    const HWND label = CreateWindowExW(
+        0, L"STATIC", line.c_str(), WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_ENDELLIPSIS,
+        marginUnits * unit, top * unit, (widthUnits - 2 * marginUnits) * unit, textUnits * unit,
+        window, nullptr, GetModuleHandleW(nullptr), nullptr);
     SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+}
+
+void LzhProgressWindow::AddControls(int unit, const std::wstring& archiveName) {
+    constexpr int barTop = marginUnits + 2 * textUnits + gapUnits;
+    AddLine(text, marginUnits, unit);
+    AddLine(archiveName, marginUnits + textUnits, unit);
     bar = CreateWindowExW(0, PROGRESS_CLASSW, nullptr, WS_CHILD | WS_VISIBLE, marginUnits * unit,
-                          (marginUnits + textUnits + gapUnits) * unit, width, barUnits * unit,
-                          window, nullptr, instance, nullptr);
+                          barTop * unit, (widthUnits - 2 * marginUnits) * unit, barUnits * unit,
+                          window, nullptr, GetModuleHandleW(nullptr), nullptr);
     SendMessageW(bar, PBM_SETRANGE32, 0, fullBar);
-    SetClientSize(widthUnits * unit, (2 * marginUnits + textUnits + gapUnits + barUnits) * unit);
+    SetClientSize(widthUnits * unit, (barTop + barUnits + marginUnits) * unit);
 }
 
 // The frame has the thickness that the system gives it on this monitor.

@@ -1,14 +1,16 @@
-// A small window with a bar that shows how far an extraction has come.
+// A small window that names the archive being unpacked, with a bar that shows how far it has come.
 #pragma once
 
 #include <windows.h>
+
+#include <string>
 
 namespace tamblin {
 
 class LzhProgressWindow {
   public:
     // Shown at once, without taking the focus, in the middle of its owner.
-    explicit LzhProgressWindow(HWND owner);
+    LzhProgressWindow(HWND owner, const std::wstring& archiveName);
     ~LzhProgressWindow();
     LzhProgressWindow(const LzhProgressWindow&) = delete;
     LzhProgressWindow& operator=(const LzhProgressWindow&) = delete;
@@ -17,7 +19,8 @@ class LzhProgressWindow {
     void Show(int part); // of fullBar
 
   private:
-    void AddControls(int unit);
+    void AddControls(int unit, const std::wstring& archiveName);
+    void AddLine(const std::wstring& line, int top, int unit);
     void SetClientSize(int width, int height);
     void PlaceOver(HWND owner);
 

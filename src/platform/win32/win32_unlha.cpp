@@ -7,6 +7,7 @@
 #include <memory>
 #include <thread>
 
+#include "base/text.h"
 #include "platform/lzh/unlha_command.h"
 #include "platform/win32/busy_wait.h"
 #include "platform/win32/lzh_extraction.h"
@@ -60,12 +61,12 @@ class BackgroundExtraction {
     std::thread thread; // last: the others exist before it starts
 };
 
-void WaitFor(const BackgroundExtraction& extraction, HWND owner) {
+void WaitFor(const BackgroundExtraction& extraction, HWND owner, const std::wstring& archive) {
     const ULONGLONG start = GetTickCount64();
     std::unique_ptr<LzhProgressWindow> window;
     while (!PaintUntil(extraction.Done(), betweenPictures)) {
         if (!window && GetTickCount64() - start >= patience)
-            window = std::make_unique<LzhProgressWindow>(owner);
+            window = std::make_unique<LzhProgressWindow>(owner, std::wstring(NameOf(archive)));
         if (window)
             window->Show(extraction.Part());
     }
@@ -74,7 +75,7 @@ void WaitFor(const BackgroundExtraction& extraction, HWND owner) {
 ExtractionResult Extract(HWND owner, const std::wstring& archive) {
     const HourglassPointer busy;
     const BackgroundExtraction extraction(archive);
-    WaitFor(extraction, owner);
+    WaitFor(extraction, owner, archive);
     return extraction.Result();
 }
 
