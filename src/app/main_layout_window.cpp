@@ -20,6 +20,8 @@ class CommandColumn {
     CommandColumn& Add(Button& button, Label* label = nullptr) {
         button.MakeCompact();
         button.JoinWidth(group);
+        if (label)
+            button.SetLabel(*label);
         auto row = Row();
         row->Add(button, 0, Across::Centre);
         if (label)

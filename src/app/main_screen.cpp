@@ -1,9 +1,10 @@
 #include "app/main_screen.h"
 
-#include <exception>
 #include <utility>
 
+#include "app/dropped_packages.h"
 #include "base/run_time_error.h"
+#include "base/text.h"
 #include "install/installed_list.h"
 #include "install/package_staging.h"
 #include "install/selection_rules.h"
@@ -29,21 +30,41 @@ void MainScreen::Activate() {
     RefreshLists();
 }
 
-// A host folder that cannot be listed must not keep the browser from being built. The user is told
-// once: this runs whenever the window comes to the front.
+// A host folder that cannot be listed must not keep the browser from being built.
 void MainScreen::RefreshLists() {
+    const std::exception_ptr failure = RereadHostFolder();
+    model.browser.RebuildBrowser();
+    if (model.browser.TakeSelectionLost())
+        ApplySelectionRules(model, state, platform);
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+// What is to be reported. The user is told once: this runs whenever the window comes to the front.
+std::exception_ptr MainScreen::RereadHostFolder() {
     FillHostFolderCombo(model.combo, state);
-    std::exception_ptr failure;
     const std::wstring knownToBeUnreadable = std::exchange(unreadableFolder, {});
     try {
         RefreshInstalledList(model, state, platform);
     } catch (const RunTimeError&) {
         unreadableFolder = model.combo.Text();
         if (unreadableFolder != knownToBeUnreadable)
-            failure = std::current_exception();
+            return std::current_exception();
     }
-    model.browser.RebuildBrowser();
-    if (model.browser.TakeSelectionLost())
+    return nullptr;
+}
+
+void MainScreen::RefreshPressed() {
+    SelectionList& names = model.installed.names;
+    const std::vector<std::wstring> characters = names.Selected();
+    const std::vector<std::wstring> packages = model.browser.Files().Selected();
+    unreadableFolder.clear(); // who asks again is told again
+    const std::exception_ptr failure = RereadHostFolder();
+    model.browser.Reread();
+    names.SelectNamed(characters);
+    model.browser.Files().SelectNamed(packages);
+    model.browser.TakeSelectionLost();
+    if (!characters.empty() || !packages.empty())
         ApplySelectionRules(model, state, platform);
     if (failure)
         std::rethrow_exception(failure);
@@ -71,6 +92,35 @@ void MainScreen::TreeRowOpened(size_t row) {
     model.browser.OpenTreeRow(row);
     if (model.browser.TakeSelectionLost())
         ApplySelectionRules(model, state, platform);
+}
+
+void MainScreen::TreeUpPressed() {
+    model.browser.GoUp();
+    if (model.browser.TakeSelectionLost())
+        ApplySelectionRules(model, state, platform);
+}
+
+bool MainScreen::FilesDropped(const std::vector<std::wstring>& paths) {
+    const DroppedPackages dropped(paths, platform.files);
+    if (!dropped.Fault().empty()) {
+        platform.messages.Inform(dropped.Fault());
+        return false;
+    }
+    const bool shown = model.browser.ShowFolder(dropped.Folder());
+    if (shown)
+        model.browser.Files().SelectNamed(dropped.Names());
+    model.browser.TakeSelectionLost();
+    ApplySelectionRules(model, state, platform);
+    if (shown && model.browser.Files().FirstSelected())
+        return true;
+    platform.messages.Inform(DroppedPackages::CannotBeShownText);
+    return false;
+}
+
+bool MainScreen::InstallsFile(size_t row) const {
+    const SelectionList& files = model.browser.Files();
+    return row < files.Size() && files.IsSelected(row) &&
+           EndsWithIgnoringCase(files[row], L".LZH") && model.buttons[1];
 }
 
 void MainScreen::InstallPressed(InstallScreen& screen) {
@@ -129,7 +179,9 @@ void MainScreen::ShowReadmePressed() {
     ShowReadme(model, platform);
 }
 
-std::optional<CharacterMenu> MainScreen::InstalledListMenu() {
+std::optional<CharacterMenu> MainScreen::InstalledListMenu(std::optional<size_t> row) {
+    if (row && model.installed.names.MoveSelectionOfOneTo(*row))
+        ApplySelectionRules(model, state, platform);
     return MenuForInstalledList(model, platform);
 }
 

@@ -2,8 +2,10 @@
 // selections into Model() before an event and mirrors Model() afterwards, also after a failure.
 #pragma once
 
+#include <exception>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "install/install.h"
 #include "install/main_model.h"
@@ -29,6 +31,15 @@ class MainScreen {
     void FileListClicked();
     void InstalledListClicked();
     void TreeRowOpened(size_t row);
+    void TreeUpPressed(); // Backspace in the tree
+    // F5: reads host folder, tree and files anew; what is selected stays selected, by its name.
+    void RefreshPressed();
+    // Files dropped on the window: shows and selects the archives among them, ready to install.
+    // True unless the user has been told why not.
+    bool FilesDropped(const std::vector<std::wstring>& paths);
+    // Whether Return or a double-click on a row of the file list installs: where it is a selected
+    // archive, and the install button can be pressed.
+    bool InstallsFile(size_t row) const;
 
     void InstallPressed(InstallScreen& screen); // Command1
     void PrepareStagingPressed();               // Command2
@@ -42,7 +53,8 @@ class MainScreen {
     void CheckPressed(FolderCheck& check);      // Command12: before the result window is shown
     void LaunchPressed();                       // Command13, mnrun
     void ShowReadmePressed();                   // Command14, mnview
-    std::optional<CharacterMenu> InstalledListMenu();
+    // The right button over a row, beside all rows, or the keyboard.
+    std::optional<CharacterMenu> InstalledListMenu(std::optional<size_t> row);
 
     // Leaving: both save, then ask. True when the window has to be closed.
     bool ExitPressed();     // Command8
@@ -54,6 +66,7 @@ class MainScreen {
 
   private:
     void RefreshLists();
+    std::exception_ptr RereadHostFolder();
 
     Platform& platform;
     SettingsState& state;

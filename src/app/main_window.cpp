@@ -15,9 +15,12 @@ Form1::Form1(Application& owner, Platform& surroundings, SettingsState& settings
       handOver(windows),
       screen(surroundings, settings, settingsFile) {
     text2.SetText(MainScreen::InitialStatusText());
+    text2.AnnounceChanges();
     NameForScreenReaders();
     ConnectCommands();
     ConnectLists();
+    AcceptFiles();
+    list1.nameOf = FolderBrowser::NameInRow;
     SetFirstFocus(list1);
     SetLayout(MakeLayout());
     ShowModel();
@@ -87,8 +90,11 @@ void Form1::ConnectLists() {
     list3.onSelect = [this] {
         Run([this] { screen.InstalledListClicked(); });
     };
-    list3.onMenu = [this](POINT position) {
-        ShowCharacterMenu(position);
+    list2.onOpen = [this](size_t row) {
+        OpenFile(row);
+    };
+    list3.onMenu = [this](POINT position, std::optional<size_t> row) {
+        ShowCharacterMenu(position, row);
     };
 }
 
@@ -98,9 +104,36 @@ void Form1::CheckFolders() {
     Form11(App(), check, Handle()).ShowModal();
 }
 
-void Form1::ShowCharacterMenu(POINT position) {
+void Form1::OpenFile(size_t row) {
+    ReadSelections();
+    if (screen.InstallsFile(row))
+        command1.Press();
+}
+
+bool Form1::KeyPressed(const KeyPress& press, const Control* focus) {
+    if (press == KeyPress{VK_F1})
+        command10.Press();
+    else if (press == KeyPress{VK_F5})
+        Run([this] { screen.RefreshPressed(); });
+    else if (press == KeyPress{VK_DELETE} && focus == &list3)
+        command5.Press();
+    else if (press == KeyPress{VK_BACK} && focus == &list1)
+        Run([this] { screen.TreeUpPressed(); });
+    else
+        return false;
+    return true;
+}
+
+void Form1::FilesDropped(const std::vector<std::wstring>& paths) {
+    bool ready = false;
+    Run([&] { ready = screen.FilesDropped(paths); });
+    if (ready)
+        list2.Focus();
+}
+
+void Form1::ShowCharacterMenu(POINT position, std::optional<size_t> row) {
     std::optional<CharacterMenu> items;
-    Run([&] { items = screen.InstalledListMenu(); });
+    Run([&] { items = screen.InstalledListMenu(row); });
     if (items)
         Form10::ShowCharacterMenu(*this, position, *items);
 }
@@ -137,9 +170,13 @@ void Form1::PointerOver(Control* control) {
         text2.SetText(L"");
         return;
     }
-    if (control->Name().kind != ControlKind::Command)
+    Explain(*control);
+}
+
+void Form1::Explain(const Control& control) {
+    if (control.Name().kind != ControlKind::Command)
         return;
-    if (const auto text = MainScreen::StatusText(static_cast<size_t>(control->Name().number)))
+    if (const auto text = MainScreen::StatusText(static_cast<size_t>(control.Name().number)))
         text2.SetText(*text);
 }
 
@@ -149,7 +186,13 @@ void Form1::SetMainWindowEnabled(bool enabled) {
     if (enabled == !installHolds)
         return;
     installHolds = !enabled;
-    enabled ? Release() : Hold();
+    if (enabled) {
+        Release();
+        return;
+    }
+    Hold();
+    ShowModel();
+    PaintNow();
 }
 
 void Form1::ShowConfirmation(const InstallConfirmation& lists, std::int16_t& InstallAnswer) {

@@ -25,7 +25,10 @@ class Form1 : public Form, private InstallScreen {
     bool MayClose(CloseReason reason) override;
     void Closing() override;
     void PointerOver(Control* control) override;
+    void FocusOn(const Control& control) override { Explain(control); }
     void MenuChosen(int item) override;
+    bool KeyPressed(const KeyPress& press, const Control* focus) override;
+    void FilesDropped(const std::vector<std::wstring>& paths) override;
     Size FirstSize() const override;
 
     void SetMainWindowEnabled(bool enabled) override;
@@ -38,7 +41,9 @@ class Form1 : public Form, private InstallScreen {
     void ReadSelections();
     void ShowModel();
     void CheckFolders();
-    void ShowCharacterMenu(POINT position);
+    void ShowCharacterMenu(POINT position, std::optional<size_t> row);
+    void OpenFile(size_t row);
+    void Explain(const Control& control);
 
     void ConnectCommands();
     void ConnectLists();

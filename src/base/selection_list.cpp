@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/name_index.h"
+
 namespace tamblin {
 
 void SelectionList::Clear() {
@@ -30,6 +32,28 @@ void SelectionList::RemoveSelected() {
 
 void SelectionList::DeselectAll() {
     selected.assign(entries.size(), false);
+}
+
+void SelectionList::SelectNamed(const std::vector<std::wstring>& names) {
+    const NameIndex wanted(names);
+    for (size_t index = 0; index < entries.size(); ++index)
+        selected[index] = wanted.Find(entries[index]) != nullptr;
+}
+
+bool SelectionList::MoveSelectionOfOneTo(size_t row) {
+    if (row >= entries.size() || selected[row] || SelectedCount() != 1)
+        return false;
+    DeselectAll();
+    Select(row);
+    return true;
+}
+
+std::vector<std::wstring> SelectionList::Selected() const {
+    std::vector<std::wstring> names;
+    for (size_t index = 0; index < entries.size(); ++index)
+        if (selected[index])
+            names.push_back(entries[index]);
+    return names;
 }
 
 size_t SelectionList::SelectedCount() const {

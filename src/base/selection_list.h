@@ -24,6 +24,13 @@ class SelectionList {
     void Select(size_t index, bool on = true) { selected.at(index) = on; }
     void DeselectAll();
 
+    // Selects exactly the entries of those names, in whatever letter case; no others.
+    void SelectNamed(const std::vector<std::wstring>& names);
+    // What a click of the right button does before a menu opens over a row: the selection moves
+    // there, if it is one entry. True when it has moved.
+    bool MoveSelectionOfOneTo(size_t row);
+
+    std::vector<std::wstring> Selected() const;
     size_t SelectedCount() const;
     std::optional<size_t> FirstSelected() const;
     std::optional<size_t> LastSelected() const;

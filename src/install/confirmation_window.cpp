@@ -26,6 +26,7 @@ Form7::Form7(Application& owner, const InstallConfirmation& lists, std::int16_t&
     command2.onClick = [this] {
         Answer(AnswerCancel);
     };
+    command1.SetLabel(label4);
     label6.SetText(InstallConfirmation::Note());
     SetLayout(MakeLayout());
 }

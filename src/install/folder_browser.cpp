@@ -1,6 +1,7 @@
 #include "install/folder_browser.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "base/run_time_error.h"
@@ -48,12 +49,43 @@ void FolderBrowser::OpenTreeRow(size_t row) {
     const std::wstring& target = isDesktopRow ? SpecialEntries[2] : tree.TreePaths[row];
     if (target.empty())
         return;
-    const std::wstring opened = WithBackslash(target);
+    ShowFolder(target);
+}
+
+bool FolderBrowser::ShowFolder(const std::wstring& folder) {
+    const std::wstring opened = WithBackslash(folder);
     const std::wstring former = std::exchange(BrowseStartFolder, opened);
     treeChangedFlag = true;
     RebuildBrowser();
-    if (tree.folder != opened)
-        BrowseStartFolder = former;
+    if (tree.folder == opened)
+        return true;
+    BrowseStartFolder = former;
+    return false;
+}
+
+void FolderBrowser::GoUp() {
+    const std::wstring folder = WithoutBackslash(tree.folder);
+    const size_t end = folder.find_last_of(L'\\');
+    if (end != std::wstring::npos && end + 1 < folder.size())
+        ShowFolder(folder.substr(0, end + 1));
+}
+
+void FolderBrowser::Reread() {
+    const std::wstring selected = tree.SelectedTreeRow < tree.TreePaths.size()
+                                      ? tree.TreePaths[tree.SelectedTreeRow]
+                                      : std::wstring();
+    treeChangedFlag = treeChangedFlag || tree.changed;
+    RebuildBrowser();
+    const auto found = std::find(tree.TreePaths.begin(), tree.TreePaths.end(), selected);
+    if (found != tree.TreePaths.end())
+        SelectTreeRow(static_cast<size_t>(found - tree.TreePaths.begin()));
+}
+
+std::wstring FolderBrowser::NameInRow(const std::wstring& row) {
+    const std::wstring marked = row.substr(std::min(row.find_first_not_of(L' '), row.size()));
+    return StartsWith(marked, FolderMark) && marked.size() < row.size()
+               ? marked.substr(std::size(FolderMark) - 1)
+               : marked;
 }
 
 bool FolderBrowser::TakeSelectionLost() {
@@ -67,6 +99,7 @@ void FolderBrowser::Rebuild(bool treeChanged) {
 
     tree.listing = ListOrAsk(BrowseStartFolder);
     tree.folder = BrowseStartFolder;
+    tree.changed = treeChanged;
     AddDesktopRows(treeChanged);
     AddDriveRows();
     FillFileList();

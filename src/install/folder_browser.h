@@ -33,6 +33,17 @@ class FolderBrowser {
     // it is.
     void OpenTreeRow(size_t row);
 
+    // Goes to a folder, as a double-click on its row would. False when it cannot be listed.
+    bool ShowFolder(const std::wstring& folder);
+    // Goes to the folder that holds the shown one; from a root there is no way up.
+    void GoUp();
+    // Reads everything anew and leaves the tree as the user has it: the same rows where the folders
+    // are still there, the same one selected. The files' selections go.
+    void Reread();
+
+    // The name of the folder or drive in a row's text.
+    static std::wstring NameInRow(const std::wstring& row);
+
     // The folder whose files are listed, with a trailing "\", as Text1 shows it; empty before the
     // first rebuild.
     const std::wstring& ShownFolder() const { return tree.folder; }
@@ -53,6 +64,7 @@ class FolderBrowser {
         std::vector<std::wstring> rows;
         std::vector<std::wstring> TreePaths; // parallel to the rows
         size_t SelectedTreeRow = 0;
+        bool changed = false; // it was built with the flag
     };
 
     void Rebuild(bool treeChanged);

@@ -65,8 +65,8 @@ class InstallRun {
         if (!OutsideStagingFolder({model.browser.ShownFolder(), hostFolder, platform.programFolder},
                                   hostFolder, platform))
             return;
-        MainWindowLock lock(screen);
         model.buttons[1] = false;
+        MainWindowLock lock(screen);
         const StagingSession session(platform);
         if (!PrepareStagingFolder(hostFolder, platform) || !StageSelectedFiles())
             return;

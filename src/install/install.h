@@ -31,6 +31,7 @@ class InstallScreen {
   public:
     virtual ~InstallScreen() = default;
 
+    // A window that is disabled shows the model first, its buttons included.
     virtual void SetMainWindowEnabled(bool enabled) = 0;
     // Shows the confirmation window until it is closed. Its buttons write AnswerInstall or
     // AnswerCancel; a window closed in any other way leaves the answer as it was.

@@ -19,8 +19,11 @@ Form11::Form11(Application& owner, FolderCheck& folderCheck, HWND ownerWindow)
     command3.onClick = [this] {
         Close();
     };
-    list2.onMenu = [this](POINT position) {
-        Run([] {});
+    list2.onMenu = [this](POINT position, std::optional<size_t> row) {
+        Run([&] {
+            if (row)
+                check.folders.MoveSelectionOfOneTo(*row);
+        });
         if (check.HasFolderMenu())
             Form10::ShowFolderMenu(*this, position);
     };

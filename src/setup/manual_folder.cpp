@@ -53,6 +53,11 @@ void ManualFolder::TreeRowOpened(size_t row) {
     ShowTreeFolder();
 }
 
+void ManualFolder::TreeUpPressed() {
+    browser.GoUp();
+    ShowTreeFolder();
+}
+
 void ManualFolder::ShowTreeFolder() {
     if (!browser.ShownFolder().empty())
         folderText = WithoutBackslash(browser.ShownFolder());

@@ -19,6 +19,7 @@ class ManualFolder {
     void Load();
     void TreeRowClicked(size_t row);
     void TreeRowOpened(size_t row);
+    void TreeUpPressed(); // Backspace in the tree
 
     // `folder` is what stands in the folder text. Both may throw RunTimeError.
     NextWindow OkPressed(const std::wstring& folder);

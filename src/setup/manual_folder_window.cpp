@@ -33,6 +33,9 @@ Form3::Form3(Application& owner, Platform& surroundings, SettingsState& settings
     command3.onClick = [this] {
         Leave(manual.MorePressed(text1.Text()));
     };
+    command2.SetLabel(label3);
+    command3.SetLabel(label4);
+    list1.nameOf = FolderBrowser::NameInRow;
     SetFirstFocus(list1);
     SetLayout(MakeLayout());
 }
@@ -72,6 +75,15 @@ void Form3::ShowTree() {
     list2.Show(manual.Browser().Files());
     text1.SetText(manual.FolderText());
     label10.SetText(manual.StatusText());
+}
+
+bool Form3::KeyPressed(const KeyPress& press, const Control* focus) {
+    if (press != KeyPress{VK_BACK} || focus != &list1)
+        return false;
+    const BusyPointer busy;
+    manual.TreeUpPressed();
+    ShowTree();
+    return true;
 }
 
 bool Form3::MayClose(CloseReason reason) {

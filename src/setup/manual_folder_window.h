@@ -21,6 +21,7 @@ class Form3 : public Form {
     bool MayClose(CloseReason reason) override;
     void ReturnPressed() override { Leave(manual.OkPressed(text1.Text())); }
     void EscapePressed() override { Leave(manual.BackPressed()); }
+    bool KeyPressed(const KeyPress& press, const Control* focus) override;
     Size FirstSize() const override;
     void Leave(NextWindow next);
     void ShowTree();

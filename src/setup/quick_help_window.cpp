@@ -33,6 +33,8 @@ Form9::Form9(Application& owner, Platform& surroundings, HWND mainWindow)
     command1.onClick = [this] {
         Close();
     };
+    label6.AnnounceChanges();
+    label7.AnnounceChanges();
     SetFirstFocus(command1);
     SetLayout(MakeLayout());
 }

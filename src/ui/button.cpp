@@ -18,8 +18,24 @@ Size Button::NaturalSize(const TextMeasure& measure) const {
 }
 
 void Button::Notified(UINT code) {
-    if (code == BN_CLICKED && onClick)
+    if (code == BN_CLICKED)
+        Press();
+}
+
+void Button::Press() {
+    if (IsEnabled() && onClick)
         onClick();
+}
+
+void Button::SetLabel(Control& beside) {
+    label = &beside;
+    label->SetEnabled(IsEnabled());
+}
+
+bool Button::Received(UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_ENABLE && label)
+        label->SetEnabled(wParam != 0);
+    return false;
 }
 
 bool Button::TakeReturn() {

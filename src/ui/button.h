@@ -10,6 +10,10 @@ class Button : public Control {
     Button(Form& owner, int number, const std::wstring& caption);
 
     std::function<void()> onClick;
+    // What a click does, which is nothing while the button is disabled. The focus stays.
+    void Press();
+    // The label beside the button, which is grey when the button is.
+    void SetLabel(Control& beside);
 
     // No wider than the caption asks, where room is scarce.
     void MakeCompact() { compact = true; }
@@ -19,10 +23,12 @@ class Button : public Control {
     bool TakeReturn() override;
 
   protected:
+    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
     Button(Form& owner, int number, const std::wstring& caption, DWORD style);
 
   private:
     bool compact = false;
+    Control* label = nullptr;
 };
 
 } // namespace tamblin

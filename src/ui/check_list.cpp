@@ -14,6 +14,21 @@ CheckList::CheckList(Form& owner, int number, int columns, int rows)
     CheckList::SetFont(form.Measure());
 }
 
+CheckList::~CheckList() {
+    if (accessible) {
+        accessible->Disconnect();
+        accessible->Release();
+    }
+}
+
+IAccessible* CheckList::Accessible() {
+    if (!accessible)
+        accessible = new AccessibleCheckList(
+            Handle(), [this](size_t row) { Toggle(static_cast<LRESULT>(row)); });
+    accessible->SetName(AccessibleName());
+    return accessible;
+}
+
 void CheckList::Show(const std::vector<std::wstring>& lines, const std::vector<bool>& ticks) {
     Send(LB_RESETCONTENT);
     for (size_t row = 0; row < lines.size(); ++row) {
@@ -56,6 +71,7 @@ void CheckList::Toggle(LRESULT row) {
     const bool ticked = !IsTicked(line);
     Send(LB_SETITEMDATA, line, ticked);
     InvalidateRect(Handle(), nullptr, FALSE);
+    NotifyWinEvent(EVENT_OBJECT_STATECHANGE, Handle(), OBJID_CLIENT, static_cast<LONG>(line) + 1);
     if (onTick)
         onTick(line, ticked);
 }

@@ -2,6 +2,7 @@
 // line's tick is its item data: 1 or 0.
 #pragma once
 
+#include "ui/accessible_check_list.h"
 #include "ui/control.h"
 
 namespace tamblin {
@@ -9,6 +10,7 @@ namespace tamblin {
 class CheckList : public Control {
   public:
     CheckList(Form& owner, int number, int columns, int rows);
+    ~CheckList() override;
 
     std::function<void(size_t row, bool ticked)> onTick;
 
@@ -18,6 +20,8 @@ class CheckList : public Control {
     void SetFont(const TextMeasure& measure) override;
     void Notified(UINT code) override;
     void Draw(const DRAWITEMSTRUCT& drawing) override;
+
+    IAccessible* Accessible() override;
 
   protected:
     bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -31,6 +35,7 @@ class CheckList : public Control {
         return ::SendMessageW(Handle(), message, wParam, lParam);
     }
 
+    AccessibleCheckList* accessible = nullptr;
     int minimumColumns;
     int minimumRows;
     std::vector<std::wstring> shown;

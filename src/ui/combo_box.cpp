@@ -67,6 +67,16 @@ void ComboBox::CloseList() {
     ::SendMessageW(Handle(), CB_SHOWDROPDOWN, FALSE, 0);
 }
 
+std::optional<CutOffText> ComboBox::CutOffAt(POINT) const {
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    GetComboBoxInfo(Handle(), &parts);
+    const CutOffText cut{parts.rcItem, Text()};
+    const int needed = form.Measure().Width(cut.text) + form.Measure().Across(2);
+    const bool fits = needed <= cut.area.right - cut.area.left;
+    return fits || IsDropped() ? std::nullopt : std::optional(cut);
+}
+
 bool ComboBox::TakeReturn() {
     if (!IsDropped())
         return false;

@@ -22,6 +22,7 @@ class ComboBox : public Control {
     void Notified(UINT code) override;
     bool TakeReturn() override;
     bool TakeEscape() override;
+    std::optional<CutOffText> CutOffAt(POINT position) const override;
 
   private:
     std::optional<size_t> Selected() const;

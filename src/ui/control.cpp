@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "ui/accessible_name.h"
+#include "ui/accessibility.h"
 #include "ui/form.h"
 
 namespace tamblin {
@@ -35,16 +35,30 @@ LRESULT CALLBACK Control::Procedure(HWND window, UINT message, WPARAM wParam, LP
         RemoveWindowSubclass(window, Procedure, 1);
         return DefSubclassProc(window, message, wParam, lParam);
     }
+    if (message == WM_GETOBJECT && static_cast<LONG>(lParam) == OBJID_CLIENT)
+        if (IAccessible* const object = control->Accessible())
+            return LresultOf(object, wParam);
+    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)
+        control->form.ShowTip(*control, {window, message, wParam, lParam, 0, {}});
     bool taken = false;
     control->form.App().Guard([&] { taken = control->Received(message, wParam, lParam); });
-    if (taken)
-        return 0;
-    return DefSubclassProc(window, message, wParam, lParam);
+    const LRESULT result = taken ? 0 : DefSubclassProc(window, message, wParam, lParam);
+    if (message == WM_SETFOCUS)
+        control->form.App().Guard([&] { control->form.FocusCame(*control); });
+    return result;
 }
 
 void Control::SetText(const std::wstring& text) {
-    if (text != Text())
-        SetWindowTextW(handle, text.c_str());
+    if (text == Text())
+        return;
+    SetWindowTextW(handle, text.c_str());
+    if (announced)
+        NotifyWinEvent(LiveRegionChanged, handle, OBJID_CLIENT, CHILDID_SELF);
+}
+
+void Control::AnnounceChanges() {
+    announced = true;
+    AnnotateLiveRegion(handle);
 }
 
 std::wstring Control::Text() const {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,13 +12,30 @@
 #include "ui/layout.h"
 #include "ui/windows_headers.h"
 
+struct IAccessible;
+
 namespace tamblin {
 
 class Control;
 class Form;
 
+// A key and the modifiers held with it, Alt excepted.
+struct KeyPress {
+    enum Modifiers { None = 0, Shift = 1, Control = 2 };
+    WPARAM key = 0;
+    int modifiers = None;
+
+    bool operator==(const KeyPress&) const = default;
+};
+
 // Controls that shall be equally wide, however long their captions are.
 using WidthGroup = std::vector<const Control*>;
+
+// A text that does not fit, and the area of its control's client area where it stands.
+struct CutOffText {
+    RECT area{};
+    std::wstring text;
+};
 
 class Control : public LayoutItem {
   public:
@@ -37,6 +55,9 @@ class Control : public LayoutItem {
     // Whether the control itself is shown, also while its form is not.
     bool IsVisible() const;
     void Focus() { SetFocus(handle); }
+
+    // Tells screen readers of every change of the text, wherever they are.
+    void AnnounceChanges();
 
     // For a control without a text of its own and without a label before it.
     void SetAccessibleName(const std::wstring& newName);
@@ -61,6 +82,15 @@ class Control : public LayoutItem {
     virtual bool TakeReturn() { return false; }
     // Escape was pressed while the control has the focus.
     virtual bool TakeEscape() { return false; }
+    // Any other key. True when it has been dealt with.
+    virtual bool TakeKey(const KeyPress&) { return false; }
+
+    // The text under a position of the client area, if it does not fit.
+    virtual std::optional<CutOffText> CutOffAt(POINT) const { return std::nullopt; }
+
+    // What screen readers are told instead of what the system knows of the control; null leaves it
+    // to the system. The control keeps it.
+    virtual IAccessible* Accessible() { return nullptr; }
 
   protected:
     // A message to the control's window. True when it has been dealt with.
@@ -77,6 +107,7 @@ class Control : public LayoutItem {
     HWND handle = nullptr;
     ControlName name;
     std::wstring accessibleName;
+    bool announced = false;
     WidthGroup* widthGroup = nullptr;
     mutable Size measured;
     mutable unsigned measuredInPass = 0;

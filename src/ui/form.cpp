@@ -81,6 +81,36 @@ bool IsRepeat(const MSG& keyDown) {
     return (HIWORD(keyDown.lParam) & KF_REPEAT) != 0;
 }
 
+KeyPress PressOf(const MSG& message) {
+    const auto held = [](int key, int modifier) {
+        return GetKeyState(key) < 0 ? modifier : KeyPress::None;
+    };
+    return {message.wParam, held(VK_SHIFT, KeyPress::Shift) | held(VK_CONTROL, KeyPress::Control)};
+}
+
+// Closed when it goes.
+class Drop {
+  public:
+    explicit Drop(HDROP dropHandle) : handle(dropHandle) {}
+    ~Drop() { DragFinish(handle); }
+    Drop(const Drop&) = delete;
+    Drop& operator=(const Drop&) = delete;
+
+    std::vector<std::wstring> Paths() const {
+        std::vector<std::wstring> paths;
+        const UINT count = DragQueryFileW(handle, 0xFFFFFFFF, nullptr, 0);
+        for (UINT file = 0; file < count; ++file) {
+            std::wstring path(DragQueryFileW(handle, file, nullptr, 0), L'\0');
+            DragQueryFileW(handle, file, path.data(), static_cast<UINT>(path.size()) + 1);
+            paths.push_back(path);
+        }
+        return paths;
+    }
+
+  private:
+    HDROP handle;
+};
+
 bool SamePoint(POINT a, POINT b) {
     return a.x == b.x && a.y == b.y;
 }
@@ -211,8 +241,13 @@ void Form::Destroy() {
 
 void Form::Hold() {
     application.Held(*this);
-    if (holds++ == 0)
-        EnableWindow(handle, FALSE);
+    if (holds++ != 0)
+        return;
+    if (const HWND focus = GetFocus(); focus && IsChild(handle, focus)) {
+        lastFocus = parkedFocus = focus;
+        SetFocus(handle);
+    }
+    EnableWindow(handle, FALSE);
 }
 
 void Form::Release() {
@@ -261,18 +296,29 @@ void Form::GiveFocusBack() {
 // A command may have disabled or hidden the control that has the focus, which would leave the
 // keyboard dead.
 void Form::KeepFocusUsable() {
-    const HWND focus = GetFocus();
-    if (!IsOpen() || GetActiveWindow() != handle || IsHeld())
-        return;
-    const bool usable = focus && IsChild(handle, focus) && IsWindowEnabled(focus) &&
-                        (GetWindowLongW(focus, GWL_STYLE) & WS_VISIBLE);
-    if (usable)
+    if (!IsOpen() || GetActiveWindow() != handle || IsHeld() || IsUsable(GetFocus()))
         return;
     const HWND first = firstFocus ? firstFocus->Handle() : nullptr;
     if (first && IsWindowEnabled(first) && firstFocus->IsVisible())
         SetFocus(first);
     else if (const HWND next = GetNextDlgTabItem(handle, nullptr, FALSE))
         SetFocus(next);
+}
+
+bool Form::IsUsable(HWND control) const {
+    return control && IsChild(handle, control) && IsWindowEnabled(control) &&
+           (GetWindowLongW(control, GWL_STYLE) & WS_VISIBLE);
+}
+
+// The control from which an operation was started may have become usable only after the form, and
+// events lie within events: the focus's own notifications come while the operation still runs.
+void Form::EventOver() {
+    if (--events == 0 && IsOpen() && !IsHeld()) {
+        if (GetActiveWindow() == handle && IsUsable(parkedFocus))
+            SetFocus(parkedFocus);
+        parkedFocus = nullptr;
+    }
+    KeepFocusUsable();
 }
 
 // Keys
@@ -285,6 +331,8 @@ bool Form::TakesKey(const MSG& message) {
         return true;
     Control* const control = Find(message.hwnd);
     bool taken = false;
+    ++events;
+    const AtExit over([this] { EventOver(); });
     if (message.wParam == VK_RETURN) {
         taken = true;
         application.Guard([&] {
@@ -297,10 +345,33 @@ bool Form::TakesKey(const MSG& message) {
             if (!control || !control->TakeEscape())
                 EscapePressed();
         });
+    } else {
+        const KeyPress press = PressOf(message);
+        application.Guard(
+            [&] { taken = (control && control->TakeKey(press)) || KeyPressed(press, control); });
     }
-    if (taken)
-        KeepFocusUsable();
     return taken;
+}
+
+// Drag and drop
+
+// Also from programs with fewer rights, when ours runs as administrator: what they send then has to
+// be let through.
+void Form::AcceptFiles() {
+    constexpr UINT copyGlobalData = 0x0049; // carries the names; no header has it
+    for (const UINT message : {static_cast<UINT>(WM_DROPFILES), copyGlobalData})
+        ChangeWindowMessageFilterEx(handle, message, MSGFLT_ALLOW, nullptr);
+    DragAcceptFiles(handle, TRUE);
+}
+
+void Form::TakeDroppedFiles(HDROP dropHandle) {
+    const Drop drop(dropHandle);
+    if (IsHeld() || !IsWindowEnabled(handle))
+        return;
+    SetForegroundWindow(handle);
+    ++events;
+    const AtExit over([this] { EventOver(); });
+    FilesDropped(drop.Paths());
 }
 
 // Pointer
@@ -326,6 +397,10 @@ void Form::PointerMoved(POINT screenPosition, Control* control) {
     lastPointer = screenPosition;
     if (IsWindowEnabled(handle))
         application.Guard([&] { PointerOver(control); });
+}
+
+void Form::ShowTip(const Control& control, const MSG& message) {
+    tip.Relay(handle, control, message, measure->Font());
 }
 
 // Timer
@@ -497,7 +572,8 @@ void Form::Commanded(WPARAM wParam, LPARAM lParam) {
     Control* const control = Find(window ? window : GetDlgItem(handle, LOWORD(wParam)));
     if (!control || !control->IsEnabled())
         return;
-    const AtExit over([this] { KeepFocusUsable(); });
+    ++events;
+    const AtExit over([this] { EventOver(); });
     control->Notified(HIWORD(wParam));
 }
 
@@ -505,6 +581,9 @@ LRESULT Form::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_COMMAND:
             Commanded(wParam, lParam);
+            return 0;
+        case WM_DROPFILES:
+            TakeDroppedFiles(reinterpret_cast<HDROP>(wParam));
             return 0;
         case WM_TIMER:
             TimerRang();

@@ -9,6 +9,7 @@
 #include "ui/application.h"
 #include "ui/control.h"
 #include "ui/layout.h"
+#include "ui/tool_tip.h"
 #include "ui/windows_headers.h"
 
 namespace tamblin {
@@ -45,7 +46,8 @@ class Form {
     // Closes the form, unless MayClose says no.
     void Close() { CloseFor(CloseReason::Program); }
 
-    // While an operation holds the form it is disabled, and activation does nothing.
+    // While an operation holds the form it is disabled, no control of it has the focus, and
+    // activation does nothing.
     void Hold();
     void Release();
     bool IsHeld() const { return holds > 0; }
@@ -71,6 +73,9 @@ class Form {
     void Adopt(Control& control);
     void Disown(Control& control) { std::erase(controls, &control); }
     void PointerMoved(POINT screenPosition, Control* control);
+    void FocusCame(const Control& control) { FocusOn(control); }
+    // The mouse's messages to a control, for the text of what does not fit.
+    void ShowTip(const Control& control, const MSG& message);
 
     // Paints into part of a control what lies behind it.
     void PaintBehind(HDC target, HWND control, const RECT& area);
@@ -97,10 +102,16 @@ class Form {
     // The pointer has moved: over a button or other control, enabled or not, or over the form's
     // own surface (null).
     virtual void PointerOver(Control*) {}
+    // A control of the form has got the focus.
+    virtual void FocusOn(const Control&) {}
     // An item of a menu that the form has opened.
     virtual void MenuChosen(int) {}
     virtual void ReturnPressed() {}
     virtual void EscapePressed() {}
+    // Any other key that the control with the focus has left. True when it has been dealt with.
+    virtual bool KeyPressed(const KeyPress&, const Control*) { return false; }
+    // Files that another program has dropped on the form, which AcceptFiles has asked for.
+    virtual void FilesDropped(const std::vector<std::wstring>&) {}
     // Font, density or size have changed.
     virtual void Arranged() {}
     // Paints what lies behind the controls. False leaves it to the system.
@@ -113,6 +124,9 @@ class Form {
     void SetLayout(std::unique_ptr<LayoutItem> newLayout) { layout = std::move(newLayout); }
     Size MinimumSize() const;
     void Arrange();
+    // Paints what waits to be painted, before work that will not give way.
+    void PaintNow();
+    void AcceptFiles();
     // Where the keyboard is when the form is shown.
     void SetFirstFocus(Control& control) { firstFocus = &control; }
     // One tick each so many milliseconds; no tick comes while one is being handled.
@@ -134,15 +148,17 @@ class Form {
     void Focused();
     void Commanded(WPARAM wParam, LPARAM lParam);
     void TimerRang();
+    void TakeDroppedFiles(HDROP drop);
     void SetDensity(unsigned newDpi);
     void DensityChanged(unsigned newDpi, const RECT& suggested);
     void AppearanceChanged();
     HWND WindowBelow() const;
     void PutInPlace();
-    void PaintNow();
     void KeepSizeInBounds(MINMAXINFO& info) const;
     RECT FrameAround(Size clientSize) const;
+    bool IsUsable(HWND control) const;
     void KeepFocusUsable();
+    void EventOver();
     Control* Find(HWND window) const;
     Control* ControlUnder(POINT screenPosition) const;
 
@@ -154,11 +170,14 @@ class Form {
     mutable unsigned layoutPass = 1;
     HFONT font = nullptr;
     std::unique_ptr<TextMeasure> measure;
+    ToolTip tip;
     unsigned dpi = 96;
     Control* firstFocus = nullptr;
     HWND lastFocus = nullptr;
+    HWND parkedFocus = nullptr; // what had the focus before an operation held the form
     POINT lastPointer{};
     int holds = 0;
+    int events = 0; // that are being handled, one within another
     bool loaded = false;
     bool closing = false;
     bool ticking = false;

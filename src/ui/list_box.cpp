@@ -76,8 +76,8 @@ void ListBox::Show(const std::vector<std::wstring>& rows, size_t selectedRow) {
 }
 
 void ListBox::ShowEntries(const std::vector<std::wstring>& newEntries) {
-    const auto top = static_cast<size_t>(Send(LB_GETTOPINDEX));
-    const std::wstring topEntry = top < entries.size() ? entries[top] : std::wstring();
+    const std::wstring top = EntryAt(LB_GETTOPINDEX);
+    const std::wstring caret = EntryAt(LB_GETCARETINDEX);
     size_t bytes = 0;
     for (const std::wstring& entry : newEntries)
         bytes += (entry.size() + 1) * sizeof(wchar_t);
@@ -87,13 +87,27 @@ void ListBox::ShowEntries(const std::vector<std::wstring>& newEntries) {
         Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
     entries = newEntries;
     SetHorizontalExtent(form.Measure());
-    ScrollBackTo(topEntry);
+    if (const auto row = RowOf(caret); row && several)
+        MoveCaretTo(*row);
+    Send(LB_SETTOPINDEX, RowOf(top).value_or(0));
 }
 
-void ListBox::ScrollBackTo(const std::wstring& topEntry) {
-    const auto found = std::find(entries.begin(), entries.end(), topEntry);
-    if (found != entries.end())
-        Send(LB_SETTOPINDEX, static_cast<WPARAM>(found - entries.begin()));
+// The entry at the index that the list answers.
+std::wstring ListBox::EntryAt(UINT indexMessage) const {
+    const auto row = static_cast<size_t>(Send(indexMessage));
+    return row < entries.size() ? entries[row] : std::wstring();
+}
+
+std::optional<size_t> ListBox::RowOf(const std::wstring& entry) const {
+    const auto found = std::find(entries.begin(), entries.end(), entry);
+    return found == entries.end() ? std::nullopt
+                                  : std::optional(static_cast<size_t>(found - entries.begin()));
+}
+
+// From there the keyboard goes on, also with the shift key.
+void ListBox::MoveCaretTo(size_t row) {
+    Send(LB_SETCARETINDEX, row);
+    Send(LB_SETANCHORINDEX, row);
 }
 
 // Every entry can be scrolled into view, with two blanks behind it. The entry with the most
@@ -121,6 +135,8 @@ void ListBox::ShowSelections(const SelectionList& list) {
     for (size_t row = 0; row < wanted.size(); ++row)
         if (shown[row] != wanted[row])
             row = SelectRun(row, shown, wanted);
+    if (const auto only = list.FirstSelected(); list.SelectedCount() == 1 && !shown[*only])
+        MoveCaretTo(*only);
     Send(LB_SETTOPINDEX, top);
 }
 
@@ -186,25 +202,58 @@ void ListBox::Notified(UINT code) {
 }
 
 void ListBox::Open() {
-    const auto row = static_cast<size_t>(several ? Send(LB_GETCARETINDEX) : Send(LB_GETCURSEL));
-    if (onOpen && row < entries.size())
+    if (const size_t row = CurrentRow(); onOpen && row < entries.size())
         onOpen(row);
+}
+
+// Beyond all rows when there is none.
+size_t ListBox::CurrentRow() const {
+    return static_cast<size_t>(several ? Send(LB_GETCARETINDEX) : Send(LB_GETCURSEL));
+}
+
+void ListBox::Typed(wchar_t letter) {
+    const size_t row = CurrentRow();
+    const auto found = typeAhead.Find(
+        letter, GetTickCount64(), row < entries.size() ? row : 0, entries.size(),
+        [this](size_t index) { return nameOf ? nameOf(entries[index]) : entries[index]; });
+    if (found)
+        SelectOnly(*found);
+}
+
+void ListBox::SelectOnly(size_t row) {
+    if (several) {
+        Send(LB_SETSEL, FALSE, -1);
+        Send(LB_SETSEL, TRUE, static_cast<LPARAM>(row));
+        MoveCaretTo(row);
+    } else {
+        Send(LB_SETCURSEL, row);
+    }
+    if (onSelect)
+        onSelect();
 }
 
 bool ListBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     constexpr WPARAM otherButtons = MK_LBUTTON | MK_MBUTTON | MK_XBUTTON1 | MK_XBUTTON2;
+    if (message == WM_LBUTTONDBLCLK && !RowAt(lParam))
+        return true; // else it would open the row that has the keyboard
+    if (message == WM_CHAR) {
+        Typed(static_cast<wchar_t>(wParam));
+        return true;
+    }
     if (!onMenu)
         return false;
     if (message == WM_RBUTTONUP) {
         POINT position{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
         ClientToScreen(Handle(), &position);
-        if ((wParam & otherButtons) == 0)
-            onMenu(position);
+        if ((wParam & otherButtons) == 0) {
+            Focus();
+            onMenu(position, RowAt(lParam));
+        }
         return true;
     }
     const bool byKeyboard = message == WM_CONTEXTMENU && lParam == -1;
     if (byKeyboard)
-        onMenu(MenuKeyPosition());
+        onMenu(MenuKeyPosition(), std::nullopt);
     return byKeyboard;
 }
 
@@ -216,6 +265,38 @@ POINT ListBox::MenuKeyPosition() const {
     POINT position{line.left + (line.bottom - line.top), line.bottom};
     ClientToScreen(Handle(), &position);
     return position;
+}
+
+// The row under a position in the list's client area.
+std::optional<size_t> ListBox::RowAt(LPARAM position) const {
+    const LRESULT hit = Send(LB_ITEMFROMPOINT, 0, position);
+    const bool beside = HIWORD(hit) != 0 || LOWORD(hit) >= entries.size();
+    return beside ? std::nullopt : std::optional<size_t>(LOWORD(hit));
+}
+
+std::optional<CutOffText> ListBox::CutOffAt(POINT position) const {
+    const auto row = RowAt(MAKELPARAM(position.x, position.y));
+    RECT list{};
+    GetClientRect(Handle(), &list);
+    if (!row || form.Measure().Width(entries[*row]) + form.Measure().Across(2) <= list.right)
+        return std::nullopt;
+    CutOffText cut{{}, entries[*row]};
+    Send(LB_GETITEMRECT, *row, reinterpret_cast<LPARAM>(&cut.area));
+    IntersectRect(&cut.area, &cut.area, &list);
+    return cut;
+}
+
+bool ListBox::TakeKey(const KeyPress& press) {
+    if (!several || press != KeyPress{'A', KeyPress::Control})
+        return false;
+    SelectAll();
+    return true;
+}
+
+void ListBox::SelectAll() {
+    Send(LB_SETSEL, TRUE, -1);
+    if (onSelect)
+        onSelect();
 }
 
 bool ListBox::TakeReturn() {

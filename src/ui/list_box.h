@@ -1,7 +1,10 @@
 // A list of lines, of which the user selects one, or several the way Explorer does it.
 #pragma once
 
+#include <optional>
+
 #include "base/selection_list.h"
+#include "base/type_ahead.h"
 #include "ui/control.h"
 
 namespace tamblin {
@@ -14,8 +17,12 @@ class ListBox : public Control {
 
     std::function<void()> onSelect;
     std::function<void(size_t row)> onOpen; // double-click or Return
-    // The right button alone, or the keyboard's menu key; the position is the screen's.
-    std::function<void(POINT position)> onMenu;
+    // The right button alone, over a row or beside all of them, or the keyboard's menu key; the
+    // position is the screen's.
+    std::function<void(POINT position, std::optional<size_t> row)> onMenu;
+
+    // What the user types goes by this part of an entry; by all of it where nothing is set.
+    std::function<std::wstring(const std::wstring& entry)> nameOf;
 
     // Shows entries and selections. Where the same entries stand, the list stays scrolled as it is.
     void Show(const SelectionList& list);
@@ -34,14 +41,23 @@ class ListBox : public Control {
     void SetFont(const TextMeasure& measure) override;
     void Notified(UINT code) override;
     bool TakeReturn() override;
+    bool TakeKey(const KeyPress& press) override;
+    std::optional<CutOffText> CutOffAt(POINT position) const override;
 
   protected:
     bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
     POINT MenuKeyPosition() const;
+    std::optional<size_t> RowAt(LPARAM position) const;
+    void SelectAll();
+    void Typed(wchar_t letter);
+    void SelectOnly(size_t row);
+    size_t CurrentRow() const;
     void ShowEntries(const std::vector<std::wstring>& newEntries);
-    void ScrollBackTo(const std::wstring& topEntry);
+    std::wstring EntryAt(UINT indexMessage) const;
+    std::optional<size_t> RowOf(const std::wstring& entry) const;
+    void MoveCaretTo(size_t row);
     void SetHorizontalExtent(const TextMeasure& measure);
     void ShowSelections(const SelectionList& list);
     size_t SelectRun(size_t first, const std::vector<bool>& shown, const std::vector<bool>& wanted);
@@ -55,6 +71,7 @@ class ListBox : public Control {
     int minimumColumns;
     int minimumRows;
     std::vector<std::wstring> entries;
+    TypeAhead typeAhead;
 };
 
 } // namespace tamblin

@@ -100,4 +100,11 @@ void TextBox::PaintRoomAround() const {
     ReleaseDC(Handle(), target);
 }
 
+std::optional<CutOffText> TextBox::CutOffAt(POINT) const {
+    CutOffText cut{{}, Text()};
+    GetClientRect(Handle(), &cut.area);
+    const int needed = form.Measure().Width(cut.text) + form.Measure().Across(2);
+    return needed <= cut.area.right ? std::nullopt : std::optional(cut);
+}
+
 } // namespace tamblin

@@ -13,6 +13,7 @@ class TextBox : public Control {
 
     Size NaturalSize(const TextMeasure& measure) const override;
     void SetFont(const TextMeasure& measure) override;
+    std::optional<CutOffText> CutOffAt(POINT position) const override;
 
   private:
     static LRESULT CALLBACK CentringProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);

@@ -5,6 +5,7 @@
 #include <windowsx.h>
 // The order matters: the common controls need <windows.h> first.
 #include <commctrl.h>
+#include <shellapi.h>
 
 #undef GetMessage
 #undef MessageBox

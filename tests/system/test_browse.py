@@ -1,6 +1,6 @@
 """The main window's lists and buttons: hosts, characters, folders, files, selections."""
 
-from tamblin_app import click, point_at, press_keys, wait_until
+from tamblin_app import click, point_at, press_keys, tab_to, wait_until
 
 
 def test_the_main_window_shows_hosts_characters_and_packages(running):
@@ -150,3 +150,25 @@ def test_a_glance_at_another_program_keeps_the_selection(running, machine):
     assert main.command1.enabled()
     click(*main.command1.centre())
     running.confirmation.wait_shown()
+
+
+def test_by_keyboard_alone_to_a_new_package(running, machine):
+    """Up by Backspace, down by typing a folder's name, F5 for what has just been downloaded."""
+    main = running.main
+    machine.write("C:\\Downloads\\first.lzh", b"")
+    main.browse("C:\\Packages")
+    tab_to(main.list1)
+    press_keys("BackSpace")
+    main.wait_browsed("C:\\")
+    press_keys("F5", "d", "o", "Return")
+    main.wait_browsed("C:\\Downloads\\")
+    tab_to(main.list2)
+    press_keys("f")
+    wait_until(lambda: main.list2.selected() == ["first.lzh"], "the package to be selected")
+    machine.write("C:\\Downloads\\another.lzh", b"")
+    press_keys("F5")
+    wait_until(lambda: main.list2.entries() == ["another.lzh", "first.lzh"], "the new package")
+    assert main.list2.selected() == ["first.lzh"]
+    press_keys("ctrl+a")
+    wait_until(lambda: main.list2.selected() == main.list2.entries(), "all to be selected")
+    assert main.command1.enabled()

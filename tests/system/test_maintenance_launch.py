@@ -368,6 +368,15 @@ def test_the_menu_by_the_keyboard(app, machine):
     assert record["command line"] == app.recorder.opened(HOST + "\\yuzu\\yuzu.txt")
 
 
+def test_the_menu_acts_on_the_character_under_the_pointer(app):
+    app.main.list3.select("mikan")
+    right_click_row(app.main.list3, "yuzu")
+    character_menu(app).wait_shown().click_item(1)
+    (record,) = app.recorder.wait_records(1)
+    assert record["command line"] == app.recorder.opened(HOST + "\\yuzu\\yuzu.txt")
+    assert app.main.list3.selected() == ["yuzu"]
+
+
 @pytest.mark.parametrize("selection", [[], ["mikan", "yuzu"]])
 def test_unless_one_is_selected_no_menu_opens(app, selection):
     main = app.main

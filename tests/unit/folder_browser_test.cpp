@@ -206,6 +206,61 @@ TEST_F(FolderBrowserTest, ClicksBelowTheRowsDoNothing) {
     EXPECT_EQ(browser.SelectedRow(), browser.Rows().size() - 1);
 }
 
+TEST_F(FolderBrowserTest, TheWayUpEndsAtTheRoot) {
+    Show(L"C:\\A\\B");
+    browser.GoUp();
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\");
+    EXPECT_EQ(SelectedText(), L"  + A");
+    browser.GoUp();
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\");
+    browser.GoUp();
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\");
+    EXPECT_EQ(start, L"C:\\");
+}
+
+TEST_F(FolderBrowserTest, TheWayUpBeforeTheFirstRebuildLeadsNowhere) {
+    browser.GoUp();
+    EXPECT_EQ(browser.ShownFolder(), L"");
+}
+
+TEST_F(FolderBrowserTest, FolderThatCannotBeListedIsNotShown) {
+    Show(L"C:\\A\\B");
+    EXPECT_FALSE(browser.ShowFolder(L"C:\\gone"));
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\B\\");
+    EXPECT_EQ(start, L"C:\\A\\B\\");
+    EXPECT_TRUE(browser.ShowFolder(L"C:\\A"));
+    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\");
+}
+
+TEST_F(FolderBrowserTest, RereadingKeepsTheSelectedRowByItsFolder) {
+    Show(L"C:\\A\\B");
+    browser.SelectTreeRow(5);
+    ASSERT_EQ(SelectedText(), L"      + y");
+    files.AddFolder(L"C:\\A\\B\\new");
+    files.AddFile(L"C:\\A\\B\\q.lzh");
+    browser.Reread();
+    EXPECT_EQ(SelectedText(), L"      + y");
+    EXPECT_EQ(browser.SelectedRow(), 6U);
+    EXPECT_THAT(Files(), ElementsAre(L"p.lzh", L"q.lzh"));
+    files.DeleteTree(L"C:\\A\\B\\y");
+    browser.Reread();
+    EXPECT_EQ(SelectedText(), L"    + B");
+}
+
+TEST_F(FolderBrowserTest, RereadingKeepsTheFormOfTheTree) {
+    Show(L"C:\\Users\\me\\Desktop");
+    const auto below = browser.Rows();
+    ASSERT_EQ(below[1], L"  + one");
+    browser.Reread();
+    EXPECT_EQ(browser.Rows(), below);
+    browser.OpenTreeRow(0);
+    const auto opened = browser.Rows();
+    ASSERT_NE(opened, below);
+    browser.Reread();
+    browser.Reread();
+    EXPECT_EQ(browser.Rows(), opened);
+}
+
 TEST_F(FolderBrowserTest, RebuildTellsOnceThatItTookASelection) {
     Show(L"C:\\A\\B");
     EXPECT_FALSE(browser.TakeSelectionLost());

@@ -304,7 +304,7 @@ TEST_F(MainScreenTest, ButtonsRunTheirCommands) {
     EXPECT_EQ(fake.starter.started.size(), 1U);
     main.ShowReadmePressed();
     EXPECT_EQ(fake.shell.opened.size(), 1U);
-    EXPECT_TRUE(main.InstalledListMenu().value().readmeEnabled);
+    EXPECT_TRUE(main.InstalledListMenu(std::nullopt).value().readmeEnabled);
     main.SetStartUpCharacterPressed();
     EXPECT_EQ(files.Contents(L"C:\\Host\\ombrel.rc"), "H001currentobl=abc.obl\r\n");
     main.UpdateDefinitionPressed();
@@ -321,6 +321,176 @@ TEST_F(MainScreenTest, SettingsButtonLeavesWordWhereItWasPressed) {
     EXPECT_FALSE(state.OpenedFromMainWindow);
     main.SettingsPressed();
     EXPECT_TRUE(state.OpenedFromMainWindow);
+}
+
+// --- Return, a double-click, the right button
+// -----------------------------------------------------
+
+TEST_F(MainScreenTest, OpeningASelectedArchiveInstallsItWhereTheButtonWould) {
+    files.AddFile(L"C:\\Packs\\abc.obl");
+    main.Load();
+    const auto row = [&](const std::wstring& name) {
+        const auto& entries = model.browser.Files().Entries();
+        return static_cast<size_t>(std::find(entries.begin(), entries.end(), name) -
+                                   entries.begin());
+    };
+    EXPECT_FALSE(main.InstallsFile(row(L"mio.lzh")));
+    Select(model.browser.Files(), {L"mio.lzh"});
+    main.FileListClicked();
+    EXPECT_TRUE(main.InstallsFile(row(L"mio.lzh")));
+    EXPECT_FALSE(main.InstallsFile(row(L"gone")));
+    Select(model.browser.Files(), {L"abc.obl"});
+    Select(model.installed.names, {L"abc"});
+    main.FileListClicked();
+    ASSERT_TRUE(model.buttons[1]);
+    EXPECT_FALSE(main.InstallsFile(row(L"abc.obl")));
+}
+
+TEST_F(MainScreenTest, OpeningAnArchiveDoesNothingWhileTheButtonIsDisabled) {
+    state.DefaultFolder = L"C:\\gone";
+    main.Load();
+    Select(model.browser.Files(), {L"mio.lzh"});
+    main.FileListClicked();
+    ASSERT_FALSE(model.buttons[1]);
+    EXPECT_FALSE(main.InstallsFile(0));
+}
+
+TEST_F(MainScreenTest, TheMenuIsThatOfTheCharacterUnderThePointer) {
+    AddCharacter(files, L"C:\\Host", L"def");
+    files.AddFile(L"C:\\Host\\def\\def.txt");
+    main.Load();
+    Select(model.installed.names, {L"abc"});
+    main.InstalledListClicked();
+    ASSERT_FALSE(model.buttons[14]);
+    const auto menu = main.InstalledListMenu(1);
+    ASSERT_TRUE(menu);
+    EXPECT_TRUE(menu->readmeEnabled);
+    EXPECT_THAT(SelectedEntries(model.installed.names), ElementsAre(L"def"));
+    EXPECT_TRUE(model.buttons[14]);
+    EXPECT_TRUE(main.InstalledListMenu(std::nullopt));
+}
+
+TEST_F(MainScreenTest, TheRightButtonLeavesNoneAndSeveralAsTheyAre) {
+    AddCharacter(files, L"C:\\Host", L"def");
+    AddCharacter(files, L"C:\\Host", L"ghi");
+    main.Load();
+    EXPECT_FALSE(main.InstalledListMenu(1));
+    EXPECT_THAT(SelectedEntries(model.installed.names), IsEmpty());
+    Select(model.installed.names, {L"abc", L"def"});
+    EXPECT_FALSE(main.InstalledListMenu(2));
+    EXPECT_THAT(SelectedEntries(model.installed.names), ElementsAre(L"abc", L"def"));
+}
+
+// --- Reading anew
+// ---------------------------------------------------------------------------------
+
+TEST_F(MainScreenTest, RefreshShowsWhatIsNewAndKeepsWhatIsSelected) {
+    AddCharacter(files, L"C:\\Host", L"def");
+    scene.AddPackage(L"other.lzh", {});
+    main.Load();
+    Select(model.installed.names, {L"def"});
+    Select(model.browser.Files(), {L"mio.lzh", L"other.lzh"});
+    main.FileListClicked();
+    const auto before = EnabledButtons(model);
+    AddCharacter(files, L"C:\\Host", L"aaa");
+    scene.AddPackage(L"download.lzh", {});
+    main.RefreshPressed();
+    EXPECT_THAT(Installed(), ElementsAre(L"aaa", L"abc", L"def"));
+    EXPECT_THAT(SelectedEntries(model.installed.names), ElementsAre(L"def"));
+    EXPECT_THAT(model.browser.Files().Entries(),
+                ElementsAre(L"download.lzh", L"mio.lzh", L"other.lzh"));
+    EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh", L"other.lzh"));
+    EXPECT_EQ(EnabledButtons(model), before);
+}
+
+TEST_F(MainScreenTest, RefreshAppliesTheRulesToWhatIsLeftOfTheSelection) {
+    main.Load();
+    Select(model.installed.names, {L"abc"});
+    Select(model.browser.Files(), {L"mio.lzh"});
+    main.FileListClicked();
+    files.DeleteTree(L"C:\\Packs\\mio.lzh");
+    main.RefreshPressed();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(5, 7, 11, 13));
+}
+
+TEST_F(MainScreenTest, RefreshWithNothingSelectedLeavesTheButtons) {
+    main.Load();
+    model.buttons[1] = true; // as after an install
+    main.RefreshPressed();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1));
+}
+
+TEST_F(MainScreenTest, RefreshReportsALostHostFolderEachTimeAndReadsTheRest) {
+    main.Load();
+    Select(model.browser.Files(), {L"mio.lzh"});
+    files.DeleteTree(L"C:\\Host");
+    for (int time = 0; time < 2; ++time) {
+        scene.AddPackage(L"new" + std::to_wstring(time) + L".lzh", {});
+        EXPECT_EQ(ErrorOf([&] { main.RefreshPressed(); }), ErrorNumber::PathNotFound);
+        EXPECT_EQ(model.browser.Files().Size(), static_cast<size_t>(time) + 2);
+        EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
+    }
+}
+
+TEST_F(MainScreenTest, TheWayUpAppliesTheRulesToALostSelection) {
+    main.Load();
+    Select(model.browser.Files(), {L"mio.lzh"});
+    main.FileListClicked();
+    main.TreeUpPressed();
+    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\");
+    EXPECT_THAT(EnabledButtons(model), IsEmpty());
+}
+
+// --- Files dropped on the window
+// ------------------------------------------------------------------
+
+class DropTest : public MainScreenTest {
+  protected:
+    DropTest() {
+        for (const wchar_t* file : {L"one.LZH", L"two.lzh", L"note.txt", L"folder.lzh\\inner.txt"})
+            files.AddFile(std::wstring(L"C:\\Downloads\\") + file);
+        main.Load();
+    }
+    void ExpectRefused(const std::vector<std::wstring>& paths, const std::wstring& text) {
+        EXPECT_FALSE(main.FilesDropped(paths));
+        EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Kind::Inform, text}));
+        EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Packs\\");
+    }
+};
+
+TEST_F(DropTest, ShowsTheirFolderAndSelectsTheArchives) {
+    Select(model.browser.Files(), {L"mio.lzh"});
+    EXPECT_TRUE(main.FilesDropped(
+        {L"C:\\Downloads\\two.lzh", L"C:\\Downloads\\note.txt", L"c:\\downloads\\ONE.LZH"}));
+    EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"one.LZH", L"two.lzh"));
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+    EXPECT_THAT(fake.messages.shown, IsEmpty());
+}
+
+TEST_F(DropTest, ShowsTheFolderAsADoubleClickWould) {
+    main.FilesDropped({L"C:\\Downloads\\two.lzh"});
+    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Downloads\\");
+    EXPECT_EQ(model.browser.Rows()[model.browser.SelectedRow()], L"  + Downloads");
+}
+
+TEST_F(DropTest, SeveralFoldersAreRefused) {
+    ExpectRefused({L"C:\\Downloads\\one.lzh", L"C:\\Packs\\mio.lzh"},
+                  L"パッケージが、いくつかのフォルダに分かれています。\r\n"
+                  L"１つのフォルダにあるものだけをドロップしてください。");
+}
+
+TEST_F(DropTest, NoArchiveIsRefused) {
+    ExpectRefused(
+        {L"C:\\Downloads\\note.txt", L"C:\\Downloads\\folder.lzh", L"C:\\Downloads\\gone.lzh"},
+        L"ドロップされたものの中に、パッケージ（.lzh）がありません。");
+}
+
+TEST_F(DropTest, ArchivesThatAreNotListedAreRefused) {
+    files.AddFile(L"C:\\Downloads\\hidden.lzh", "", {.hidden = true});
+    EXPECT_FALSE(main.FilesDropped({L"C:\\Downloads\\hidden.lzh"}));
+    EXPECT_THAT(fake.messages.Texts(),
+                ElementsAre(L"ドロップされたパッケージを、一覧に表示できませんでした。"));
+    EXPECT_THAT(SelectedEntries(model.browser.Files()), IsEmpty());
 }
 
 // --- Status line --------------------------------------------------------------------------------

@@ -74,6 +74,29 @@ TEST(SelectionList, RemovingTheSelectedLeavesTheOthersInOrder) {
     EXPECT_EQ(list.Size(), 2U);
 }
 
+TEST(SelectionList, SelectsExactlyTheNamed) {
+    SelectionList list = ListOf({L"abc", L"表", L"x", L"y"});
+    list.Select(3);
+    list.SelectNamed({L"ABC", L"表", L"gone"});
+    EXPECT_THAT(list.Selected(), ElementsAre(L"abc", L"表"));
+    list.SelectNamed({});
+    EXPECT_EQ(list.SelectedCount(), 0U);
+}
+
+TEST(SelectionList, OnlyASelectionOfOneMoves) {
+    SelectionList list = ListOf({L"0", L"1", L"2"});
+    EXPECT_FALSE(list.MoveSelectionOfOneTo(1));
+    EXPECT_EQ(list.SelectedCount(), 0U);
+    list.Select(0);
+    EXPECT_FALSE(list.MoveSelectionOfOneTo(3));
+    EXPECT_FALSE(list.MoveSelectionOfOneTo(0));
+    EXPECT_TRUE(list.MoveSelectionOfOneTo(2));
+    EXPECT_THAT(list.Selected(), ElementsAre(L"2"));
+    list.Select(0);
+    EXPECT_FALSE(list.MoveSelectionOfOneTo(1));
+    EXPECT_THAT(list.Selected(), ElementsAre(L"0", L"2"));
+}
+
 TEST(SelectionList, NewContentsAreUnselected) {
     SelectionList list = ListOf({L"0"});
     list.Select(0);

@@ -2,6 +2,7 @@
 #include "ui/list_box.h"
 
 #include "ui/combo_box.h"
+#include "ui/text_box.h"
 #include "windows/window_scene.h"
 
 namespace tamblin {
@@ -11,12 +12,13 @@ class ListForm : public Form {
   public:
     explicit ListForm(Application& owner) : Form(owner, 110, L"Lists", FormFrame::Resizable) {
         auto column = Column();
-        column->Add(several, 1).Add(one, 1).Add(combo);
+        column->Add(several, 1).Add(one, 1).Add(combo).Add(path);
         SetLayout(std::move(column));
     }
     ListBox several{*this, 1, ListBox::Selecting::Several, 10, 5};
     ListBox one{*this, 2, ListBox::Selecting::One, 10, 5};
     ComboBox combo{*this, 1};
+    TextBox path{*this, 1, TextBox::Access::ReadOnly};
 };
 
 class ListBoxTest : public WindowScene {
@@ -180,7 +182,7 @@ TEST_F(ListBoxTest, OpensARowByDoubleClickAndByReturn) {
 
 TEST_F(ListBoxTest, OpensItsMenuByTheRightButtonAlone) {
     int menus = 0;
-    form.several.onMenu = [&](POINT) {
+    form.several.onMenu = [&](POINT, std::optional<size_t>) {
         ++menus;
     };
     form.several.Show(Listed({L"a", L"b"}));
@@ -194,6 +196,178 @@ TEST_F(ListBoxTest, OpensItsMenuByTheRightButtonAlone) {
         EXPECT_EQ(release(WM_RBUTTONUP, other), 0) << other;
     EXPECT_EQ(release(WM_LBUTTONUP, 0), 0);
     EXPECT_EQ(release(WM_MBUTTONUP, 0), 0);
+}
+
+TEST_F(ListBoxTest, TellsTheRowUnderTheRightButton) {
+    std::vector<std::optional<size_t>> rows;
+    form.several.onMenu = [&](POINT, std::optional<size_t> row) {
+        rows.push_back(row);
+    };
+    form.several.Show(Listed({L"a", L"b"}));
+    RECT second{};
+    SendMessageW(form.several.Handle(), LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&second));
+    for (const LONG y : {second.top + 2, second.bottom + 2})
+        SendMessageW(form.several.Handle(), WM_RBUTTONUP, 0, MAKELPARAM(3, y));
+    SendMessageW(form.several.Handle(), WM_CONTEXTMENU, 0, -1);
+    EXPECT_EQ(rows, (std::vector<std::optional<size_t>>{1, std::nullopt, std::nullopt}));
+    EXPECT_EQ(GetFocus(), form.several.Handle());
+}
+
+TEST_F(ListBoxTest, ADoubleClickBesideTheRowsOpensNone) {
+    int opened = 0;
+    form.several.onOpen = [&](size_t) {
+        ++opened;
+    };
+    form.several.Show(Listed({L"a", L"b"}));
+    RECT second{};
+    SendMessageW(form.several.Handle(), LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&second));
+    const auto doubleClick = [&](LONG y) {
+        for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP})
+            SendMessageW(form.several.Handle(), message, 0, MAKELPARAM(3, y));
+        return std::exchange(opened, 0);
+    };
+    EXPECT_EQ(doubleClick(second.top + 2), 1);
+    EXPECT_EQ(doubleClick(second.bottom + 2), 0);
+}
+
+TEST_F(ListBoxTest, ControlAndASelectsAllWhereSeveralCanBe) {
+    int selections = 0;
+    form.several.onSelect = form.one.onSelect = [&] {
+        ++selections;
+    };
+    form.several.Show(Listed({L"a", L"b", L"c"}));
+    form.one.Show({L"a", L"b"}, 1);
+    SetFocus(form.several.Handle());
+    PressKey('A');
+    selections = 0;
+    PressControlAnd('A');
+    EXPECT_EQ(SelectedOf(form.several.Handle()).size(), 3u);
+    EXPECT_EQ(selections, 1);
+    SetFocus(form.one.Handle());
+    PressControlAnd('A');
+    EXPECT_EQ(Ask(form.one, LB_GETCURSEL), 1);
+}
+
+TEST_F(ListBoxTest, TheKeyboardStaysWithItsEntryWhenOthersComeAndGo) {
+    form.several.Show(Listed({L"a", L"b", L"c"}));
+    SendMessageW(form.several.Handle(), LB_SETCARETINDEX, 1, 0);
+    form.several.Show(Listed({L"a", L"aa", L"b", L"c"}));
+    EXPECT_EQ(Ask(form.several, LB_GETCARETINDEX), 2);
+}
+
+TEST_F(ListBoxTest, TheKeyboardFollowsASelectionThatTheModelHasMoved) {
+    SelectionList list = Listed({L"a", L"b", L"c"});
+    list.Select(0);
+    form.several.Show(list);
+    list.MoveSelectionOfOneTo(2);
+    form.several.Show(list);
+    EXPECT_EQ(Ask(form.several, LB_GETCARETINDEX), 2);
+    EXPECT_EQ(Ask(form.several, LB_GETANCHORINDEX), 2);
+}
+
+TEST_F(ListBoxTest, TypingGoesToTheEntryOfThatName) {
+    int selections = 0;
+    form.several.onSelect = form.one.onSelect = [&] {
+        ++selections;
+    };
+    form.several.Show(Listed({L"alpha", L"beta", L"bear"}));
+    form.one.nameOf = [](const std::wstring& entry) {
+        return entry.substr(4);
+    };
+    form.one.Show({L"  + alpha", L"  + beta", L"  + bear"}, 0);
+    for (const ListBox* list : {&form.several, &form.one}) {
+        SetFocus(list->Handle());
+        for (const WPARAM letter : {'b', 'e', 'a'})
+            SendMessageW(list->Handle(), WM_CHAR, letter, 1);
+    }
+    EXPECT_EQ(SelectedOf(form.several.Handle()), std::vector<std::wstring>{L"bear"});
+    EXPECT_EQ(Ask(form.several, LB_GETCARETINDEX), 2);
+    EXPECT_EQ(Ask(form.one, LB_GETCURSEL), 2);
+    EXPECT_EQ(selections, 6);
+}
+
+// Tips
+
+struct Tips {
+    int count = 0;
+    std::wstring text;
+    RECT area{};
+};
+
+// What the form's tool tip offers.
+Tips TipsOf(const Form& form) {
+    struct Search {
+        HWND owner;
+        HWND found;
+    } search{form.Handle(), nullptr};
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM along) {
+            auto* const wanted = reinterpret_cast<Search*>(along);
+            wchar_t name[64]{};
+            GetClassNameW(window, name, 64);
+            if (std::wstring(name) == TOOLTIPS_CLASSW &&
+                GetWindow(window, GW_OWNER) == wanted->owner)
+                wanted->found = window;
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    Tips tips;
+    if (!search.found)
+        return tips;
+    tips.count = static_cast<int>(SendMessageW(search.found, TTM_GETTOOLCOUNT, 0, 0));
+    wchar_t text[1000]{};
+    TTTOOLINFOW info{};
+    info.cbSize = sizeof info;
+    info.lpszText = text;
+    if (tips.count > 0 &&
+        SendMessageW(search.found, TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&info))) {
+        tips.text = text;
+        tips.area = info.rect;
+    }
+    return tips;
+}
+
+TEST_F(ListBoxTest, OffersTheWholeOfAnEntryThatDoesNotFit) {
+    const std::wstring longName(200, L'表');
+    form.several.Show(Listed({L"a", longName}));
+    RECT second{};
+    SendMessageW(form.several.Handle(), LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&second));
+    const auto pointAt = [&](LONG y) {
+        SendMessageW(form.several.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(3, y));
+        return TipsOf(form);
+    };
+    EXPECT_EQ(pointAt(second.top - 2).count, 0);
+    const Tips tips = pointAt(second.top + 2);
+    EXPECT_EQ(tips.count, 1);
+    EXPECT_EQ(tips.text, longName);
+    EXPECT_EQ(tips.area.top, second.top);
+    EXPECT_EQ(tips.area.bottom, second.bottom);
+    EXPECT_EQ(pointAt(second.bottom + 2).count, 0);
+}
+
+TEST_F(ListBoxTest, ComboOffersTheWholeOfAnEntryThatDoesNotFit) {
+    const std::wstring longName(200, L'表');
+    form.combo.Show({L"a", longName}, 0);
+    const auto pointAt = [&] {
+        SendMessageW(form.combo.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(3, 3));
+        return TipsOf(form);
+    };
+    EXPECT_EQ(pointAt().count, 0);
+    form.combo.Show({L"a", longName}, 1);
+    EXPECT_EQ(pointAt().text, longName);
+}
+
+TEST_F(ListBoxTest, APathOffersTheWholeOfItsText) {
+    const std::wstring longPath = L"C:\\" + std::wstring(200, L'表');
+    const auto pointAt = [&] {
+        SendMessageW(form.path.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(3, 3));
+        return TipsOf(form);
+    };
+    form.path.SetText(L"C:\\");
+    EXPECT_EQ(pointAt().count, 0);
+    form.path.SetText(longPath);
+    EXPECT_EQ(pointAt().text, longPath);
 }
 
 TEST_F(ListBoxTest, ShowingDoesNotCountAsSelecting) {

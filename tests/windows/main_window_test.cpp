@@ -2,6 +2,10 @@
 // it.
 #include "app/main_window.h"
 
+#include <shlobj.h>
+
+#include <cstring>
+
 #include "windows/form_check.h"
 #include "windows/window_scene.h"
 
@@ -274,6 +278,120 @@ TEST_F(MainWindowTest, ADoubleClickAndReturnOpenARowOfTheTree) {
     EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\packages\\");
 }
 
+// The keyboard, the right button, files dropped
+
+TEST_F(MainWindowTest, DeleteAsksToUninstallTheSelectedCharacters) {
+    Open();
+    SetFocus(List(3));
+    PressKey(VK_DELETE);
+    EXPECT_TRUE(fake.messages.shown.empty());
+    SelectRows(List(3), {1});
+    SetFocus(List(2));
+    PressKey(VK_DELETE);
+    EXPECT_TRUE(fake.messages.shown.empty());
+    SetFocus(List(3));
+    PressKey(VK_DELETE);
+    EXPECT_EQ(fake.messages.Texts(),
+              std::vector<std::wstring>{
+                  L"現在選択されているオンブレルをアンインストールしてもよろしいですか？"});
+    EXPECT_EQ(GetFocus(), List(3));
+}
+
+TEST_F(MainWindowTest, F1OpensQuickHelpFromAnywhere) {
+    Open();
+    for (const HWND focus : {List(1), Command(8), Find(*form, ControlKind::Combo, 1)}) {
+        SetFocus(focus);
+        PressKey(VK_F1);
+    }
+    EXPECT_EQ(handOver.shown, std::vector(3, NextWindow::QuickHelp));
+}
+
+TEST_F(MainWindowTest, F5ShowsWhatIsNewWhereTheUserIs) {
+    for (int number = 100; number < 200; ++number)
+        fake.files.AddFile(L"C:\\packages\\p" + std::to_wstring(number) + L".lzh");
+    Open();
+    const HWND list = List(2);
+    SelectRows(list, {RowOf(list, L"p150.lzh")});
+    SetFocus(list);
+    SendMessageW(list, LB_SETCARETINDEX, static_cast<WPARAM>(RowOf(list, L"p150.lzh")), 0);
+    SendMessageW(list, LB_SETTOPINDEX, static_cast<WPARAM>(RowOf(list, L"p149.lzh")), 0);
+    fake.files.AddFile(L"C:\\packages\\download.lzh");
+    fake.files.AddFile(L"C:\\Vimora\\Gamma.obl");
+    fake.files.AddFolder(L"C:\\Vimora\\Gamma");
+    fake.files.AddFolder(L"C:\\packages\\another");
+    PressKey(VK_F5);
+    EXPECT_EQ(EntriesOf(list).size(), 105u);
+    EXPECT_EQ(SelectedOf(list), std::vector<std::wstring>{L"p150.lzh"});
+    EXPECT_EQ(SendMessageW(list, LB_GETTOPINDEX, 0, 0), RowOf(list, L"p149.lzh"));
+    EXPECT_EQ(SendMessageW(list, LB_GETCARETINDEX, 0, 0), RowOf(list, L"p150.lzh"));
+    EXPECT_EQ(RowOf(List(3), L"Gamma"), 2);
+    EXPECT_NE(RowOf(List(1), L"    + another"), static_cast<int>(EntriesOf(List(1)).size()));
+    EXPECT_TRUE(IsEnabled(Command(1)));
+}
+
+TEST_F(MainWindowTest, BackspaceInTheTreeGoesUp) {
+    Open();
+    SetFocus(List(2));
+    PressKey(VK_BACK);
+    EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\packages\\");
+    SetFocus(List(1));
+    PressKey(VK_BACK);
+    EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\");
+}
+
+TEST_F(MainWindowTest, TheRightButtonMovesTheSelectionBeforeItsMenuOpens) {
+    Open();
+    SelectRows(List(3), {0});
+    RECT row{};
+    SendMessageW(List(3), LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&row));
+    Meanwhile([] {
+        const bool shown = FindWindowW(L"#32768", nullptr) != nullptr;
+        if (shown)
+            EndMenu();
+        return shown;
+    });
+    SendMessageW(List(3), WM_RBUTTONUP, 0, MAKELPARAM(3, row.top + 2));
+    EXPECT_EQ(SelectedOf(List(3)), std::vector<std::wstring>{L"Beta"});
+    EXPECT_EQ(SendMessageW(List(3), LB_GETCARETINDEX, 0, 0), 1);
+}
+
+// What the system hands over for files dropped on a window.
+void DropFiles(const Form& form, const std::vector<std::wstring>& paths) {
+    std::wstring names;
+    for (const std::wstring& path : paths)
+        names += path + L'\0';
+    names += L'\0';
+    const size_t bytes = names.size() * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + bytes);
+    auto* const drop = static_cast<DROPFILES*>(GlobalLock(memory));
+    drop->pFiles = sizeof(DROPFILES);
+    drop->fWide = TRUE;
+    std::memcpy(drop + 1, names.data(), bytes);
+    GlobalUnlock(memory);
+    SendMessageW(form.Handle(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+}
+
+TEST_F(MainWindowTest, DroppedArchivesAreReadyToInstall) {
+    fake.files.AddFile(L"C:\\Downloads\\表.lzh");
+    fake.files.AddFile(L"C:\\Downloads\\z.lzh");
+    Open();
+    EXPECT_TRUE(GetWindowLongW(form->Handle(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
+    DropFiles(*form, {L"C:\\Downloads\\表.lzh"});
+    EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\Downloads\\");
+    EXPECT_EQ(SelectedOf(List(2)), std::vector<std::wstring>{L"表.lzh"});
+    EXPECT_TRUE(IsEnabled(Command(1)));
+    EXPECT_EQ(GetFocus(), List(2));
+    EXPECT_EQ(SendMessageW(List(2), LB_GETCARETINDEX, 0, 0), RowOf(List(2), L"表.lzh"));
+}
+
+TEST_F(MainWindowTest, DropsAreRefusedWhileAnOperationHoldsIt) {
+    fake.files.AddFile(L"C:\\Downloads\\a.lzh");
+    Open();
+    const Form::Held held(*form);
+    DropFiles(*form, {L"C:\\Downloads\\a.lzh"});
+    EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\packages\\");
+}
+
 // The status line
 
 TEST_F(MainWindowTest, ExplainsTheButtonUnderThePointerEnabledOrNot) {
@@ -283,6 +401,45 @@ TEST_F(MainWindowTest, ExplainsTheButtonUnderThePointerEnabledOrNot) {
         MovePointerOver(*form, Command(number));
         EXPECT_EQ(Status(), MainScreen::StatusText(static_cast<size_t>(number)));
     }
+}
+
+TEST_F(MainWindowTest, ExplainsTheButtonThatHasTheKeyboard) {
+    Open();
+    const std::wstring before = Status();
+    SetFocus(List(2));
+    EXPECT_EQ(Status(), before);
+    for (const int number : {6, 8, 10, 12}) {
+        SetFocus(Command(number));
+        EXPECT_EQ(Status(), MainScreen::StatusText(static_cast<size_t>(number)));
+    }
+}
+
+TEST_F(MainWindowTest, TypingInTheTreeGoesByTheFoldersName) {
+    fake.files.AddFolder(L"C:\\packages\\japan");
+    Open();
+    SetFocus(List(1));
+    SendMessageW(List(1), WM_CHAR, 'j', 1);
+    EXPECT_EQ(SendMessageW(List(1), LB_GETCURSEL, 0, 0), RowOf(List(1), L"    + japan"));
+}
+
+TEST_F(MainWindowTest, LabelsAreGreyWithTheirButtons) {
+    Open();
+    constexpr std::pair<int, int> pairs[] = {{1, 2}, {2, 4}, {3, 5}, {4, 6}, {11, 10}, {14, 9}};
+    const auto expectAlike = [&] {
+        for (const auto& [command, label] : pairs)
+            EXPECT_EQ(IsEnabled(Find(*form, ControlKind::Label, label)),
+                      IsEnabled(Command(command)))
+                << command;
+    };
+    EXPECT_TRUE(IsEnabled(Find(*form, ControlKind::Label, 12)));
+    ASSERT_FALSE(IsEnabled(Command(1)));
+    expectAlike();
+    SelectRows(List(2), {RowOf(List(2), L"a.lzh")});
+    ASSERT_TRUE(IsEnabled(Command(1)));
+    expectAlike();
+    SelectRows(List(3), {0});
+    ASSERT_TRUE(IsEnabled(Command(11)));
+    expectAlike();
 }
 
 TEST_F(MainWindowTest, TheBackgroundEmptiesTheStatusLine) {
@@ -430,6 +587,67 @@ TEST_F(InstallWindowTest, EndsWithTheCharacterInTheList) {
     EXPECT_TRUE(IsEnabled(Command(1)));
     EXPECT_FALSE(IsEnabled(Command(9)));
     EXPECT_EQ(GetActiveWindow(), form->Handle());
+}
+
+TEST_F(InstallWindowTest, ReturnAndADoubleClickOnAnArchiveInstallIt) {
+    Open();
+    int confirmations = 0;
+    const auto open = [&](const std::wstring& name, const std::function<void()>& gesture) {
+        SelectRows(List(2), {RowOf(List(2), name)});
+        SendMessageW(List(2), LB_SETCARETINDEX, static_cast<WPARAM>(RowOf(List(2), name)), 0);
+        Meanwhile([&] {
+            Form* const confirmation = FormOfClass(L"Tamblin.Form7");
+            if (confirmation) {
+                ++confirmations;
+                Click(Find(*confirmation, ControlKind::Command, 2));
+            }
+            return confirmation != nullptr;
+        });
+        gesture();
+        return std::exchange(confirmations, 0);
+    };
+    const auto pressReturn = [&] {
+        SetFocus(List(2));
+        PressKey(VK_RETURN);
+    };
+    const auto doubleClick = [&] {
+        SendMessageW(form->Handle(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(List(2)), LBN_DBLCLK),
+                     reinterpret_cast<LPARAM>(List(2)));
+    };
+    EXPECT_EQ(open(L"new.lzh", pressReturn), 1);
+    EXPECT_EQ(GetFocus(), List(2));
+    EXPECT_EQ(open(L"new.lzh", doubleClick), 1);
+    EXPECT_EQ(open(L"abc.obl", pressReturn), 0);
+    EXPECT_EQ(open(L"ombrel.exe", doubleClick), 0);
+}
+
+TEST_F(InstallWindowTest, IsSeenDisabledBeforeThePackageIsUnpacked) {
+    Open();
+    Pump();
+    SetFocus(Command(1));
+    bool unpacked = false;
+    fake.unlha.onUnpack = [&](const std::wstring&) {
+        unpacked = true;
+        EXPECT_FALSE(IsEnabled(form->Handle()));
+        EXPECT_FALSE(IsEnabled(Command(1)));
+        EXPECT_FALSE(IsEnabled(Find(*form, ControlKind::Label, 2)));
+        EXPECT_NE(GetFocus(), Command(1));
+        EXPECT_FALSE(GetUpdateRect(Command(1), nullptr, FALSE)); // painted so
+        fake.files.AddFile(L"C:\\TAMTMP\\New.obl");
+        fake.files.AddFolder(L"C:\\TAMTMP\\New");
+        return std::int16_t{0};
+    };
+    SelectRows(List(2), {RowOf(List(2), L"new.lzh")});
+    SetFocus(Command(1));
+    Meanwhile([this] {
+        Form* const confirmation = FormOfClass(L"Tamblin.Form7");
+        if (confirmation)
+            Click(Find(*confirmation, ControlKind::Command, 1));
+        return confirmation != nullptr;
+    });
+    Click(Command(1));
+    EXPECT_TRUE(unpacked);
+    EXPECT_EQ(GetFocus(), Command(1)); // where the user was
 }
 
 TEST_F(InstallWindowTest, TheEndOfTheSessionInstallsNothing) {

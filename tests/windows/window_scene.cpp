@@ -117,6 +117,16 @@ void WindowScene::HoldKeyDown(WPARAM key) {
     Pump();
 }
 
+void WindowScene::PressControlAnd(WPARAM key) {
+    BYTE keys[256]{};
+    GetKeyboardState(keys);
+    keys[VK_CONTROL] = 0x80;
+    SetKeyboardState(keys);
+    PressKey(key);
+    keys[VK_CONTROL] = 0;
+    SetKeyboardState(keys);
+}
+
 void WindowScene::MovePointerTo(const Form& form, POINT inClient) {
     SendMessageW(form.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(inClient.x, inClient.y));
 }

@@ -51,6 +51,7 @@ class WindowScene : public testing::Test {
     static void DoubleClick(HWND list, int row);
     void PressKey(WPARAM key);
     void HoldKeyDown(WPARAM key); // one that was down before
+    void PressControlAnd(WPARAM key);
     void MovePointerOver(const Form& form, HWND control);
     void MovePointerTo(const Form& form, POINT inClient);
 
