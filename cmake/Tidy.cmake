@@ -14,7 +14,11 @@ if(CMAKE_CROSSCOMPILING)
 endif()
 
 # tamblin_tidy(TARGET...) adds the test NAME over the sources of these targets of this folder.
+# Fuzz targets and benchmarks are made of the same sources, which need no second reading.
 function(tamblin_tidy name)
+    if(TAMBLIN_FUZZ OR TAMBLIN_BENCH)
+        return()
+    endif()
     foreach(target ${ARGN})
         get_target_property(sources ${target} SOURCES)
         list(FILTER sources INCLUDE REGEX "\\.cpp$")

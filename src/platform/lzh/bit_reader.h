@@ -24,13 +24,15 @@ class BitReader {
     explicit BitReader(PackedInput& packedInput)
         : input(&packedInput), next(packedInput.Begin()), checkpoint(Checkpoint()) {}
 
-    // Member by member: so the compiler keeps a loop's own copy in registers.
+    // Member by member: so the compiler keeps a loop's own copy in registers. To itself it does no
+    // harm.
     BitReader(const BitReader& other)
         : input(other.input),
           next(other.next),
           checkpoint(other.checkpoint),
           bits(other.bits),
           count(other.count) {}
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
     BitReader& operator=(const BitReader& other) {
         input = other.input;
         next = other.next;
