@@ -89,7 +89,7 @@ BUTTON_TOPICS = {
 @pytest.fixture
 def help_window(app):
     window = HelpWindow(app)
-    app.operator.ask("move", app.main.handle, 10, 60, 760, 560)
+    app.operator.ask("move", app.main.handle, 0, 60, 740, 560)
     app.main.command10.press()
     window.wait_shown()
     yield window
@@ -193,7 +193,7 @@ def test_the_window_keeps_to_the_main_windows_side(app, help_window):
     assert help_window.remora.text() == "小判鮫モード\r\nOFFにする"
     wait_until(lambda: corner(help_window) == main_corner(app), "the help window at its place")
     former = corner(help_window)
-    app.operator.ask("move", app.main.handle, 0, 200, 760, 560)
+    app.operator.ask("move", app.main.handle, 0, 200, 740, 560)
     wait_until(lambda: corner(help_window) == main_corner(app), "the help window to follow")
     assert corner(help_window) == main_corner(app) != former
 
@@ -204,7 +204,7 @@ def test_without_remora_mode_the_window_stays(app, help_window):
     wait_until(lambda: app.operator.ask("focus")["id"] == help_window.done.identity, "the focus to move on")
     left, top, right, bottom = help_window.area()
     app.operator.ask("move", help_window.handle, 500, 300, right - left, bottom - top)
-    app.operator.ask("move", app.main.handle, 5, 100, 760, 560)
+    app.operator.ask("move", app.main.handle, 5, 100, 740, 560)
     # Twice the time after which it would follow.
     end = time.monotonic() + 2.2
     while time.monotonic() < end:
