@@ -37,7 +37,8 @@ float Mix(float a, float b, float share) {
 }
 
 std::uint8_t Mix(std::uint8_t a, std::uint8_t b, float share) {
-    return static_cast<std::uint8_t>(std::lround(Mix(float{1} * a, float{1} * b, share)));
+    return static_cast<std::uint8_t>(
+        std::lround(Mix(static_cast<float>(a), static_cast<float>(b), share)));
 }
 
 Colour Mix(Colour a, Colour b, float share) {
