@@ -83,6 +83,14 @@ class Machine:
         self.started.append(process)
         return process
 
+    @staticmethod
+    def note_that_wine_did_not_come_up(why):
+        """For the summary of the tests, as tools/wine-prefix does."""
+        results = pathlib.Path(os.environ.get("TAMBLIN_RESULTS", ROOT / "build" / "results"))
+        results.mkdir(parents=True, exist_ok=True)
+        with (results / "wine-did-not-come-up.log").open("a") as log:
+            log.write(why.replace("\n", " ") + "\n")
+
     def stop(self):
         """Ends everything that runs on the machine."""
         subprocess.run(self.in_prefix("wineserver", "-k"), check=False, stdin=subprocess.DEVNULL)
