@@ -19,6 +19,7 @@ Form1::Form1(Application& owner, Platform& surroundings, SettingsState& settings
     NameForScreenReaders();
     ConnectCommands();
     ConnectLists();
+    SetAccessKeys();
     AcceptFiles();
     list1.nameOf = FolderBrowser::NameInRow;
     SetFirstFocus(list1);
@@ -33,6 +34,20 @@ void Form1::NameForScreenReaders() {
     list1.SetAccessibleName(L"すべてのフォルダ");
     list2.SetAccessibleName(L"表示中のフォルダのファイル");
     text2.SetAccessibleName(L"説明");
+}
+
+// Where a text has a Latin letter.
+void Form1::SetAccessKeys() {
+    label1.SetAccessKey(L'A', combo1);
+    command13.SetAccessKey(L'R');
+    command14.SetAccessKey(L'V');
+    command11.SetAccessKey(L'C');
+    command12.SetAccessKey(L'K');
+    command5.SetAccessKey(L'U');
+    command3.SetAccessKey(L'M');
+    command4.SetAccessKey(L'O');
+    label4.SetAccessKey(L'L', command2);
+    command10.SetAccessKey(L'Q');
 }
 
 // Events

@@ -48,6 +48,7 @@ class Form1 : public Form, private InstallScreen {
     void ConnectCommands();
     void ConnectLists();
     void NameForScreenReaders();
+    void SetAccessKeys();
     std::unique_ptr<LayoutItem> MakeLayout();
     std::unique_ptr<LayoutItem> MakeInstalledSide();
     std::unique_ptr<LayoutItem> MakeInstalledCommands();

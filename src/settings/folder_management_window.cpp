@@ -30,6 +30,7 @@ Form8::Form8(Application& owner, SettingsState& settings, HandOver& windows)
     command4.onClick = [this] {
         Run([this] { return management.LeavePressed(); });
     };
+    label1.SetAccessKey(L'V', list1);
     SetFirstFocus(list1);
     SetLayout(MakeLayout());
 }

@@ -21,6 +21,7 @@ Form5::Form5(Application& owner, SettingsState& settings, HandOver& windows)
     command1.onClick = [this] {
         OkPressed();
     };
+    command1.SetAccessKey(L'O');
     SetLayout(MakeLayout());
 }
 

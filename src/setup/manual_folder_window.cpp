@@ -35,6 +35,10 @@ Form3::Form3(Application& owner, Platform& surroundings, SettingsState& settings
     };
     command2.SetLabel(label3);
     command3.SetLabel(label4);
+    label1.SetAccessKey(L'V', text1);
+    command1.SetAccessKey(L'O');
+    command2.SetAccessKey(L'B');
+    command3.SetAccessKey(L'M');
     list1.nameOf = FolderBrowser::NameInRow;
     SetFirstFocus(list1);
     SetLayout(MakeLayout());

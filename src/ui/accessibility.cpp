@@ -28,6 +28,12 @@ IAccPropServices* Service() {
     return service;
 }
 
+void Annotate(HWND window, const MSAAPROPID& property, const std::wstring& text) {
+    if (IAccPropServices* const service = Service())
+        service->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, property,
+                                text.c_str());
+}
+
 // The automation property LiveSetting, for which the headers have no name here.
 constexpr GUID LiveSetting{
     0xc12bcd8e, 0x2a8e, 0x4950, {0x8a, 0xe7, 0x36, 0x25, 0x11, 0x1d, 0x58, 0xeb}};
@@ -36,9 +42,11 @@ constexpr LONG Polite = 1;
 } // namespace
 
 void AnnotateAccessibleName(HWND window, const std::wstring& name) {
-    if (IAccPropServices* const service = Service())
-        service->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
-                                PROPID_ACC_NAME, name.c_str());
+    Annotate(window, PROPID_ACC_NAME, name);
+}
+
+void AnnotateAccessKey(HWND window, const std::wstring& key) {
+    Annotate(window, PROPID_ACC_KEYBOARDSHORTCUT, key);
 }
 
 void AnnotateLiveRegion(HWND window) {

@@ -17,6 +17,10 @@ inline constexpr DWORD LiveRegionChanged = 0x8019;
 // The name of a window that shows none itself.
 void AnnotateAccessibleName(HWND window, const std::wstring& name);
 
+// The key that presses a window or gives it the focus, such as "Alt+R", where its text does not
+// say.
+void AnnotateAccessKey(HWND window, const std::wstring& key);
+
 // That changes of a window's text are to be read out when the reader has nothing else to say.
 void AnnotateLiveRegion(HWND window);
 

@@ -38,6 +38,21 @@ bool Button::Received(UINT message, WPARAM wParam, LPARAM) {
     return false;
 }
 
+// The system centres captions.
+POINT Button::CaptionIn(const RECT& area) const {
+    const TextMeasure& measure = form.Measure();
+    return {(area.left + area.right - measure.Width(Text())) / 2,
+            (area.top + area.bottom - measure.LineHeight()) / 2};
+}
+
+LRESULT Button::CustomDraw(const NMCUSTOMDRAW& stage) {
+    if (stage.dwDrawStage == CDDS_PREPAINT)
+        return ShowsAccessKey() ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
+    if (stage.dwDrawStage == CDDS_POSTPAINT)
+        UnderlineAccessKey(stage.hdc, CaptionIn(stage.rc));
+    return CDRF_DODEFAULT;
+}
+
 bool Button::TakeReturn() {
     if (IsEnabled())
         ::SendMessageW(Handle(), BM_CLICK, 0, 0);

@@ -10,6 +10,8 @@ class Button : public Control {
     Button(Form& owner, int number, const std::wstring& caption);
 
     std::function<void()> onClick;
+    // The key that is a letter of the caption.
+    void SetAccessKey(wchar_t letter) { Control::SetAccessKey(letter, *this); }
     // What a click does, which is nothing while the button is disabled. The focus stays.
     void Press();
     // The label beside the button, which is grey when the button is.
@@ -21,12 +23,16 @@ class Button : public Control {
     Size NaturalSize(const TextMeasure& measure) const override;
     void Notified(UINT code) override;
     bool TakeReturn() override;
+    void TakeAccessKey() override { TakeReturn(); }
+    LRESULT CustomDraw(const NMCUSTOMDRAW& stage) override;
 
   protected:
     bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
     Button(Form& owner, int number, const std::wstring& caption, DWORD style);
 
   private:
+    POINT CaptionIn(const RECT& area) const;
+
     bool compact = false;
     Control* label = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "ui/control.h"
 
 #include <algorithm>
+#include <cwctype>
 
 #include "ui/accessibility.h"
 #include "ui/form.h"
@@ -43,6 +44,9 @@ LRESULT CALLBACK Control::Procedure(HWND window, UINT message, WPARAM wParam, LP
     bool taken = false;
     control->form.App().Guard([&] { taken = control->Received(message, wParam, lParam); });
     const LRESULT result = taken ? 0 : DefSubclassProc(window, message, wParam, lParam);
+    // What the system has drawn of itself, without our underline.
+    if (control->accessKey && (message == WM_UPDATEUISTATE || message == WM_ENABLE))
+        InvalidateRect(window, nullptr, TRUE);
     if (message == WM_SETFOCUS)
         control->form.App().Guard([&] { control->form.FocusCame(*control); });
     return result;
@@ -89,6 +93,35 @@ void Control::SetVisible(bool on) {
 void Control::SetAccessibleName(const std::wstring& newName) {
     accessibleName = newName;
     AnnotateAccessibleName(handle, newName);
+}
+
+void Control::SetAccessKey(wchar_t letter, Control& target) {
+    accessKey = letter;
+    accessTarget = &target;
+    AnnotateAccessKey(target.handle, std::wstring(L"Alt+") + letter);
+}
+
+void Control::TakeAccessKey() {
+    if (IsEnabled() && IsVisible())
+        Focus();
+}
+
+bool Control::ShowsAccessKey() const {
+    return accessKey && (::SendMessageW(handle, WM_QUERYUISTATE, 0, 0) & UISF_HIDEACCEL) == 0;
+}
+
+void Control::UnderlineAccessKey(HDC target, POINT text) const {
+    const TextMeasure& measure = form.Measure();
+    const std::wstring caption = Text();
+    const auto isKey = [this](wchar_t letter) {
+        return letter < 0x80 && std::towupper(letter) == accessKey;
+    };
+    const auto letter = std::find_if(caption.begin(), caption.end(), isKey);
+    const LONG left = text.x + measure.Width({caption.begin(), letter});
+    const LONG top = text.y + measure.Baseline() + 1;
+    const RECT line{left, top, left + measure.Width({letter, letter + 1}),
+                    top + std::max(1, measure.LineHeight() / 16)};
+    FillRect(target, &line, GetSysColorBrush(IsEnabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
 }
 
 void Control::JoinWidth(WidthGroup& group) {

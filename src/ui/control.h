@@ -63,6 +63,14 @@ class Control : public LayoutItem {
     void SetAccessibleName(const std::wstring& newName);
     const std::wstring& AccessibleName() const { return accessibleName; }
 
+    // Alt with a letter of this control's text stands for a click on `target`, or gives it the
+    // focus. The text stays as it is, without a marker: the letter is underlined once the user has
+    // held Alt.
+    void SetAccessKey(wchar_t letter, Control& target);
+    // Zero without one. A capital.
+    wchar_t AccessKey() const { return accessKey; }
+    Control* AccessTarget() const { return accessTarget; }
+
     void JoinWidth(WidthGroup& group);
 
     Size Minimum(const TextMeasure& measure) const final;
@@ -85,6 +93,12 @@ class Control : public LayoutItem {
     // Any other key. True when it has been dealt with.
     virtual bool TakeKey(const KeyPress&) { return false; }
 
+    // The control's access key, or that of its label. Where the control is disabled it does
+    // nothing.
+    virtual void TakeAccessKey();
+    // How to go on with a stage of the control's drawing (CDRF_...).
+    virtual LRESULT CustomDraw(const NMCUSTOMDRAW&) { return CDRF_DODEFAULT; }
+
     // The text under a position of the client area, if it does not fit.
     virtual std::optional<CutOffText> CutOffAt(POINT) const { return std::nullopt; }
 
@@ -99,6 +113,10 @@ class Control : public LayoutItem {
     Control(Form& owner, ControlName controlName, const wchar_t* windowClass,
             const std::wstring& text, DWORD style, DWORD extendedStyle = 0);
 
+    // Underlines the access key in the first line of the text, which stands there.
+    void UnderlineAccessKey(HDC target, POINT text) const;
+    bool ShowsAccessKey() const;
+
     Form& form;
 
   private:
@@ -107,6 +125,8 @@ class Control : public LayoutItem {
     HWND handle = nullptr;
     ControlName name;
     std::wstring accessibleName;
+    wchar_t accessKey = 0;
+    Control* accessTarget = nullptr;
     bool announced = false;
     WidthGroup* widthGroup = nullptr;
     mutable Size measured;

@@ -1,6 +1,7 @@
 #include "ui/form.h"
 
 #include <algorithm>
+#include <cwctype>
 
 #include "ui/at_exit.h"
 #include "ui/busy_pointer.h"
@@ -324,6 +325,8 @@ void Form::EventOver() {
 // Keys
 
 bool Form::TakesKey(const MSG& message) {
+    if (message.message == WM_SYSCHAR)
+        return TakesAccessKey(message);
     if (message.message != WM_KEYDOWN || !IsWindowEnabled(handle))
         return false;
     // The key that has closed a box, or another window, may still be down.
@@ -351,6 +354,21 @@ bool Form::TakesKey(const MSG& message) {
             [&] { taken = (control && control->TakeKey(press)) || KeyPressed(press, control); });
     }
     return taken;
+}
+
+bool Form::TakesAccessKey(const MSG& message) {
+    const auto key = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(message.wParam)));
+    const auto found =
+        std::find_if(controls.begin(), controls.end(),
+                     [key](const Control* control) { return control->AccessKey() == key; });
+    if (!key || found == controls.end() || !IsWindowEnabled(handle))
+        return false;
+    if (IsRepeat(message))
+        return true;
+    ++events;
+    const AtExit over([this] { EventOver(); });
+    application.Guard([&] { (*found)->AccessTarget()->TakeAccessKey(); });
+    return true;
 }
 
 // Drag and drop
@@ -577,11 +595,20 @@ void Form::Commanded(WPARAM wParam, LPARAM lParam) {
     control->Notified(HIWORD(wParam));
 }
 
+LRESULT Form::Notified(const NMHDR& notification) {
+    Control* const control = Find(notification.hwndFrom);
+    if (!control || notification.code != NM_CUSTOMDRAW)
+        return 0;
+    return control->CustomDraw(reinterpret_cast<const NMCUSTOMDRAW&>(notification));
+}
+
 LRESULT Form::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_COMMAND:
             Commanded(wParam, lParam);
             return 0;
+        case WM_NOTIFY:
+            return Notified(*reinterpret_cast<NMHDR*>(lParam));
         case WM_DROPFILES:
             TakeDroppedFiles(reinterpret_cast<HDROP>(wParam));
             return 0;

@@ -147,6 +147,8 @@ class Form {
     void ActivationChanged(WPARAM wParam);
     void Focused();
     void Commanded(WPARAM wParam, LPARAM lParam);
+    LRESULT Notified(const NMHDR& notification);
+    bool TakesAccessKey(const MSG& message);
     void TimerRang();
     void TakeDroppedFiles(HDROP drop);
     void SetDensity(unsigned newDpi);

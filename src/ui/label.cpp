@@ -21,6 +21,17 @@ std::wstring Label::ShownText() const {
     return text;
 }
 
+// The system does not underline where "&" is a plain sign.
+bool Label::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_PAINT || !ShowsAccessKey())
+        return false;
+    DefSubclassProc(Handle(), message, wParam, lParam);
+    const HDC target = GetDC(Handle());
+    UnderlineAccessKey(target, {0, 0});
+    ReleaseDC(Handle(), target);
+    return true;
+}
+
 Size Label::NaturalSize(const TextMeasure& measure) const {
     const std::wstring text = ShownText();
     return text.empty() ? Size{0, measure.LineHeight()} : measure.Of(text);

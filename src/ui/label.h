@@ -18,6 +18,9 @@ class Label : public Control {
     Size NaturalSize(const TextMeasure& measure) const override;
     int HeightFor(int width, const TextMeasure& measure) const override;
 
+  protected:
+    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
   private:
     std::wstring ShownText() const;
     Label(Form& owner, ControlName controlName, const std::wstring& text, Ampersands ampersands);

@@ -10,6 +10,7 @@ TextMeasure::TextMeasure(HFONT measuredFont)
     TEXTMETRICW metrics{};
     GetTextMetricsW(screen, &metrics);
     lineHeight = metrics.tmHeight;
+    baseline = metrics.tmAscent;
     averageWidth = (Width(L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz") / 26 + 1) / 2;
 }
 

@@ -24,6 +24,8 @@ class TextMeasure {
 
     HFONT Font() const { return font; }
     int LineHeight() const { return lineHeight; }
+    // From a line's top.
+    int Baseline() const { return baseline; }
 
     int Width(std::wstring_view line) const;
     // Lines end at "\n", with or without a "\r" before it. "&" counts as a plain character.
@@ -44,6 +46,7 @@ class TextMeasure {
     HFONT font;
     HDC screen;
     int lineHeight = 0;
+    int baseline = 0;
     int averageWidth = 0;
     mutable std::vector<short> widths; // by character, -1 when not yet measured
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cwctype>
 #include <set>
 
 #include "ui/picture_button.h"
@@ -149,6 +150,32 @@ std::string WrongIds(const Form& form) {
     return faults;
 }
 
+std::string WrongAccessKeys(const Form& form) {
+    const auto isLatin = [](wchar_t letter) {
+        return letter < 0x80 && std::iswalpha(letter);
+    };
+    std::string faults;
+    std::set<wchar_t> keys;
+    std::set<const Control*> targets;
+    for (const Control* control : form.Controls()) {
+        const wchar_t key = control->AccessKey();
+        if (!key)
+            continue;
+        std::wstring text = control->Text();
+        std::transform(text.begin(), text.end(), text.begin(), std::towupper);
+        if (!keys.insert(key).second || !isLatin(key) || text.find(key) == std::wstring::npos)
+            faults += Describe(*control) + " has the access key of another, or not of its text\n";
+        targets.insert(control->AccessTarget());
+    }
+    for (const Control* control : form.Controls()) {
+        const std::wstring text = control->Text();
+        if (control->Name().kind == ControlKind::Command && !targets.contains(control) &&
+            std::any_of(text.begin(), text.end(), isLatin))
+            faults += Describe(*control) + " has no access key\n";
+    }
+    return faults;
+}
+
 std::string UnreachableControls(const Form& form) {
     std::set<HWND> reached;
     HWND at = nullptr;
@@ -178,7 +205,8 @@ std::string UnreachableControls(const Form& form) {
 }
 
 std::string FaultsOf(Form& form) {
-    std::string faults = NamelessControls(form) + WrongIds(form) + UnreachableControls(form);
+    std::string faults =
+        NamelessControls(form) + WrongIds(form) + WrongAccessKeys(form) + UnreachableControls(form);
     for (const unsigned dpi : Densities) {
         MoveToDensity(form, dpi);
         std::string here = CutOffCaptions(form) + MisplacedControls(form);

@@ -34,6 +34,9 @@ std::string CutOffCaptions(const Form& form);
 std::string MisplacedControls(const Form& form);
 std::string NamelessControls(const Form& form);
 std::string WrongIds(const Form& form);
+// Access keys that two controls share or that the text does not have, and buttons with a Latin
+// letter in their caption that have none.
+std::string WrongAccessKeys(const Form& form);
 // The controls that the keyboard does not come to, although they can be used.
 std::string UnreachableControls(const Form& form);
 

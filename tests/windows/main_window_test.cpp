@@ -306,6 +306,19 @@ TEST_F(MainWindowTest, F1OpensQuickHelpFromAnywhere) {
     EXPECT_EQ(handOver.shown, std::vector(3, NextWindow::QuickHelp));
 }
 
+TEST_F(MainWindowTest, AccessKeysReachWhatTheirLettersStandIn) {
+    Open();
+    PressAltAnd(L'a');
+    EXPECT_EQ(GetFocus(), Find(*form, ControlKind::Combo, 1));
+    PressAltAnd(L'u'); // nothing is selected
+    EXPECT_TRUE(fake.messages.shown.empty());
+    PressAltAnd(L'q');
+    EXPECT_EQ(handOver.shown, std::vector{NextWindow::QuickHelp});
+    SelectRows(List(3), {0});
+    PressAltAnd(L'u');
+    EXPECT_EQ(fake.messages.shown.size(), 1u);
+}
+
 TEST_F(MainWindowTest, F5ShowsWhatIsNewWhereTheUserIs) {
     for (int number = 100; number < 200; ++number)
         fake.files.AddFile(L"C:\\packages\\p" + std::to_wstring(number) + L".lzh");

@@ -1,8 +1,5 @@
 // After any change of its size a form looks as if it had just been painted, and while its edge is
 // dragged each control is painted once for each size, if at all.
-#include <algorithm>
-#include <cstdint>
-
 #include "app/main_window.h"
 #include "install/confirmation_window.h"
 #include "maintenance/folder_check_window.h"
@@ -10,71 +7,11 @@
 #include "setup/choice_window.h"
 #include "setup/manual_folder_window.h"
 #include "windows/form_check.h"
+#include "windows/screen_picture.h"
 #include "windows/window_scene.h"
 
 namespace tamblin {
 namespace {
-
-// What the screen shows of a window.
-class ScreenPicture {
-  public:
-    explicit ScreenPicture(HWND window) {
-        RECT area{};
-        GetWindowRect(window, &area);
-        const RECT screenArea{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-        IntersectRect(&area, &area, &screenArea);
-        width = static_cast<int>(area.right - area.left);
-        const int height = static_cast<int>(area.bottom - area.top);
-        BITMAPINFO info{};
-        info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        const HDC screen = GetDC(nullptr);
-        const HDC memory = CreateCompatibleDC(screen);
-        void* bits = nullptr;
-        const HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        const HGDIOBJ former = SelectObject(memory, bitmap);
-        BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
-        GdiFlush();
-        const auto* first = static_cast<const std::uint32_t*>(bits);
-        pixels.assign(first, first + static_cast<std::ptrdiff_t>(width) * height);
-        for (std::uint32_t& pixel : pixels)
-            pixel &= 0xFFFFFF;
-        SelectObject(memory, former);
-        DeleteObject(bitmap);
-        DeleteDC(memory);
-        ReleaseDC(nullptr, screen);
-    }
-
-    // How many pixels differ and where; empty when none does.
-    std::string DifferencesFrom(const ScreenPicture& other) const {
-        if (pixels.size() != other.pixels.size())
-            return "other size";
-        size_t count = 0;
-        RECT around{};
-        for (size_t i = 0; i < pixels.size(); ++i) {
-            if (pixels[i] == other.pixels[i])
-                continue;
-            const auto x = static_cast<LONG>(i % static_cast<size_t>(width));
-            const auto y = static_cast<LONG>(i / static_cast<size_t>(width));
-            const RECT pixel{x, y, x + 1, y + 1};
-            UnionRect(&around, &around, &pixel);
-            ++count;
-        }
-        if (count == 0)
-            return "";
-        return std::to_string(count) + " pixels from " + std::to_string(around.left) + "," +
-               std::to_string(around.top) + " to " + std::to_string(around.right) + "," +
-               std::to_string(around.bottom);
-    }
-    size_t Colours() const {
-        std::vector<std::uint32_t> sorted = pixels;
-        std::sort(sorted.begin(), sorted.end());
-        return static_cast<size_t>(std::unique(sorted.begin(), sorted.end()) - sorted.begin());
-    }
-
-  private:
-    int width = 0;
-    std::vector<std::uint32_t> pixels;
-};
 
 class ResizeTest : public WindowScene {
   protected:

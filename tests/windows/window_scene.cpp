@@ -127,6 +127,11 @@ void WindowScene::PressControlAnd(WPARAM key) {
     SetKeyboardState(keys);
 }
 
+void WindowScene::PressAltAnd(wchar_t letter, WORD flags) {
+    PostMessageW(GetFocus(), WM_SYSCHAR, letter, MAKELPARAM(1, KF_ALTDOWN | flags));
+    Pump();
+}
+
 void WindowScene::MovePointerTo(const Form& form, POINT inClient) {
     SendMessageW(form.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(inClient.x, inClient.y));
 }

@@ -52,6 +52,7 @@ class WindowScene : public testing::Test {
     void PressKey(WPARAM key);
     void HoldKeyDown(WPARAM key); // one that was down before
     void PressControlAnd(WPARAM key);
+    void PressAltAnd(wchar_t letter, WORD flags = 0); // KF_REPEAT: still down
     void MovePointerOver(const Form& form, HWND control);
     void MovePointerTo(const Form& form, POINT inClient);
 
