@@ -153,8 +153,8 @@ struct Times {
 void InstallOnce(const Load& load, Times& times) {
     GrowthWorld world;
     TimedUnlha unlha(world.unlha);
-    Platform platform{world.files,  world.shell, world.starter, world.messages,
-                      world.events, unlha,       world.ansi,    L"C:\\"};
+    Platform platform{world.files, world.shell, world.starter,  world.messages, world.events,
+                      unlha,       world.ansi,  world.progress, L"C:\\"};
     const std::wstring host = TopFolder + L"\\host";
     world.files.MakeFolder(host);
     world.files.Write(host + L"\\ombrel.exe", "");

@@ -56,8 +56,8 @@ void Measure(const std::wstring& drive) {
     OneDrive files(drive);
     Application application(fakes.messages, [] { ExitProcess(1); });
     Win32EventLoop events([&](MSG& message) { return application.TakesMessage(message); });
-    Platform platform{files,  fakes.shell, fakes.starter, fakes.messages,
-                      events, fakes.unlha, fakes.ansi,    drive + L"\\"};
+    Platform platform{files,       fakes.shell, fakes.starter,  fakes.messages, events,
+                      fakes.unlha, fakes.ansi,  fakes.progress, drive + L"\\"};
     Walked walked;
     WalkBare(drive, walked); // the first walk warms the system's caches
 

@@ -35,7 +35,8 @@ struct GrowthWorld {
     MessageBoxesFake messages;
     EventLoopFake events;
     NativeAnsiCodePage ansi;
-    Platform platform{files, shell, starter, messages, events, unlha, ansi, L"C:\\"};
+    WorkProgressFake progress;
+    Platform platform{files, shell, starter, messages, events, unlha, ansi, progress, L"C:\\"};
 };
 
 } // namespace tamblin

@@ -13,6 +13,7 @@
 #include "platform/win32/win32_message_boxes.h"
 #include "platform/win32/win32_program_starter.h"
 #include "platform/win32/win32_unlha.h"
+#include "platform/win32/win32_work_progress.h"
 #include "ui/application.h"
 
 namespace tamblin {
@@ -40,14 +41,17 @@ void RunProgram() {
     Application application(messages, [] { ExitProcess(1); });
     windows = &application;
 
-    Win32FileSystem disks;
+    Win32WorkProgress progress([&] { return application.BoxOwner(); });
+    const Patience patience = PatienceOfWindows(Patience::usual, [&] { progress.ShowIfLong(); });
+    Win32FileSystem disks(patience);
     ErrorNamingFileSystem files(disks);
-    Win32DesktopShell shell;
+    Win32DesktopShell shell(SHFileOperationW, patience);
     Win32ProgramStarter starter;
     Win32EventLoop events([&](MSG& message) { return application.TakesMessage(message); });
     Win32Unlha unlha;
     Win32AnsiCodePage ansi;
-    Platform platform{files, shell, starter, messages, events, unlha, ansi, ProgramFolder()};
+    Platform platform{files, shell, starter,  messages,       events,
+                      unlha, ansi,  progress, ProgramFolder()};
 
     ProgramWindows program(application, platform, instance);
     program.ShowSplash();

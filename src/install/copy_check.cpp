@@ -12,11 +12,12 @@ namespace {
 class CopyCheck {
   public:
     CopyCheck(std::wstring staging, std::wstring host, const SettingsState& settings,
-              Platform& surroundings)
+              Platform& surroundings, WorkUnderWay& workUnderWay)
         : stagingFolder(std::move(staging)),
           hostFolder(std::move(host)),
           state(settings),
-          platform(surroundings) {}
+          platform(surroundings),
+          work(workUnderWay) {}
 
     std::set<std::wstring> Run() {
         CheckFolder(L"", true);
@@ -32,6 +33,7 @@ class CopyCheck {
     void CheckFolder(const std::wstring& folder, bool isInHost) {
         for (const FolderEntry& entry : platform.files.List(stagingFolder + folder)) {
             const std::wstring path = folder + entry.name;
+            work.Advance(0);
             if (entry.attributes.link)
                 continue;
             if (entry.attributes.folder) {
@@ -71,6 +73,7 @@ class CopyCheck {
     std::wstring hostFolder;
     const SettingsState& state;
     Platform& platform;
+    WorkUnderWay& work;
     std::uint64_t bytes = 0;
     bool definitionsChecked = false;
     std::set<std::wstring> alreadyThere;
@@ -80,8 +83,8 @@ class CopyCheck {
 
 std::set<std::wstring> CheckCopyPossible(const std::wstring& stagingFolder,
                                          const std::wstring& hostFolder, const SettingsState& state,
-                                         Platform& platform) {
-    return CopyCheck(stagingFolder, hostFolder, state, platform).Run();
+                                         Platform& platform, WorkUnderWay& work) {
+    return CopyCheck(stagingFolder, hostFolder, state, platform, work).Run();
 }
 
 } // namespace tamblin

@@ -11,6 +11,8 @@
 namespace tamblin {
 namespace {
 
+constexpr wchar_t CopyingText[] = L"ファイルをコピーしています...";
+
 class CopyingVisitor : public StagingVisitor {
   public:
     CopyingVisitor(std::wstring staging, std::wstring host, const SettingsState& settings,
@@ -62,9 +64,10 @@ void CopyStagedTree(const std::wstring& hostFolder, const SettingsState& state,
                     Platform& platform) {
     const std::wstring stagingFolder = WithBackslash(StagingFolder(hostFolder));
     const std::wstring host = WithBackslash(hostFolder);
+    WorkUnderWay work(platform.progress, CopyingText, WithoutBackslash(hostFolder));
     CopyingVisitor visitor(stagingFolder, host, state, platform,
-                           CheckCopyPossible(stagingFolder, host, state, platform));
-    WalkStagingFolder(stagingFolder, visitor, platform.files);
+                           CheckCopyPossible(stagingFolder, host, state, platform, work));
+    WalkStagingFolder(stagingFolder, visitor, platform.files, work);
     platform.files.SetCurrentFolder(platform.programFolder);
 }
 

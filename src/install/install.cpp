@@ -122,7 +122,15 @@ class InstallRun {
     void ThinStagingFolder() {
         const std::wstring staging = WithBackslash(StagingFolder(hostFolder));
         const NameIndex installed(model.installed.names.Entries());
-        for (const std::wstring& file : ListFolder(platform.files, staging).files) {
+        WorkUnderWay work(platform.progress, TidyingText, WithoutBackslash(staging));
+        const FolderListing staged = ListFolder(platform.files, staging);
+        const size_t total = staged.files.size() + staged.folders.size();
+        size_t done = 0;
+        const auto advance = [&] {
+            work.Advance(static_cast<double>(done++) / static_cast<double>(total));
+        };
+        for (const std::wstring& file : staged.files) {
+            advance();
             const std::wstring name(WithoutLast(file, 4));
             if (!EndsWithIgnoringCase(file, L".OBL")) {
                 DeleteStagedFile(staging + file, platform.files);
@@ -133,9 +141,11 @@ class InstallRun {
         }
         const FolderListing left = ListFolder(platform.files, staging);
         const NameIndex definitions(left.files);
-        for (const std::wstring& folder : left.folders)
+        for (const std::wstring& folder : left.folders) {
+            advance();
             if (definitions.Find(folder + L".obl") == nullptr)
                 platform.shell.DeleteTree(staging + folder);
+        }
         DeleteWhatIsLeft(staging, installed);
     }
 

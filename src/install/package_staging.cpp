@@ -76,7 +76,8 @@ void ClearStagingFolder(const std::wstring& hostFolder, Platform& platform) {
         platform.files.RemoveFolder(folder);
     } else {
         DeletingVisitor visitor(folder + L"\\", platform.files);
-        WalkStagingFolder(folder + L"\\", visitor, platform.files);
+        WorkUnderWay work(platform.progress, TidyingText, folder);
+        WalkStagingFolder(folder + L"\\", visitor, platform.files, work);
     }
     platform.files.SetCurrentFolder(platform.programFolder);
 }

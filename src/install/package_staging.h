@@ -16,6 +16,9 @@ namespace tamblin {
 // "C:\TAMTMP" for a host folder on drive C:. Throws RunTimeError 76 for what names no drive root.
 std::wstring StagingFolder(const std::wstring& hostFolder);
 
+// What the user reads while the staging folder is emptied or thinned for long.
+inline constexpr wchar_t TidyingText[] = L"作業用フォルダを整理しています...";
+
 // Deletes the staging folder with all it holds and makes the program folder current. A folder with
 // any attribute but "folder" is not entered, hidden and system files stay; either makes it fail.
 void ClearStagingFolder(const std::wstring& hostFolder, Platform& platform);

@@ -3,7 +3,8 @@
 //
 // Only a folder with no attribute but "folder" is entered. Hidden and system files and folders with
 // more attributes are passed over, which makes the removal of the folder that holds them fail.
-// Every folder is listed once; the walk's current folder moves along with it.
+// Every folder is listed once; the walk's current folder moves along with it. How many files there
+// are is not known before, so how far it has come is told by the shares of the folders' entries.
 #pragma once
 
 #include <string>
@@ -26,6 +27,6 @@ class StagingVisitor {
 
 // `stagingFolder` ends in "\". It is gone afterwards; the folder above it is current.
 void WalkStagingFolder(const std::wstring& stagingFolder, StagingVisitor& visitor,
-                       FileSystem& files);
+                       FileSystem& files, WorkUnderWay& work);
 
 } // namespace tamblin

@@ -10,6 +10,7 @@
 #include "platform/message_boxes.h"
 #include "platform/program_starter.h"
 #include "platform/unlha.h"
+#include "platform/work_progress.h"
 
 namespace tamblin {
 
@@ -21,6 +22,7 @@ struct Platform {
     EventLoop& events;
     Unlha& unlha;
     AnsiCodePage& ansi;
+    WorkProgress& progress;
     std::wstring programFolder; // holds the program file; no trailing "\" unless it is a root
 };
 

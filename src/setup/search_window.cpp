@@ -28,6 +28,7 @@ Form4::Form4(Application& owner, Platform& surroundings, SettingsState& settings
                *this,
                surroundings.unlha,
                surroundings.ansi,
+               surroundings.progress,
                surroundings.programFolder},
       search(searched, settings) {
     // A box of the settling stands over counters that say how far the search has come.

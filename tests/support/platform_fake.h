@@ -10,6 +10,7 @@
 #include "support/native_ansi_code_page.h"
 #include "support/program_starter_fake.h"
 #include "support/unlha_fake.h"
+#include "support/work_progress_fake.h"
 
 namespace tamblin {
 
@@ -30,7 +31,9 @@ struct PlatformFake {
     EventLoopFake events;
     UnlhaFake unlha;
     NativeAnsiCodePage ansi;
-    Platform platform{files, shell, starter, messages, events, unlha, ansi, L"C:\\Tamblin"};
+    WorkProgressFake progress;
+    Platform platform{files, shell, starter,  messages,      events,
+                      unlha, ansi,  progress, L"C:\\Tamblin"};
 };
 
 } // namespace tamblin

@@ -97,7 +97,8 @@ TEST(FolderCheck, FolderOfTheSameNameAsADefinitionFileIsNoPartner) {
     CheckScene scene;
     scene.Show();
     Platform& p = scene.platform;
-    Platform platform{files, p.shell, p.starter, p.messages, p.events, p.unlha, p.ansi, {}};
+    Platform platform{files,   p.shell, p.starter,  p.messages, p.events,
+                      p.unlha, p.ansi,  p.progress, {}};
     FolderCheck check(platform);
     check.RunCheck(scene.model);
     EXPECT_THAT(check.folders.Entries(), ElementsAre(L"x.obl"));

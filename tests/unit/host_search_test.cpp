@@ -60,7 +60,9 @@ struct SearchScene {
     EventLoopFake events;
     UnlhaFake unlha;
     NativeAnsiCodePage ansi;
-    Platform platform{files, shell, starter, messages, events, unlha, ansi, L"P:\\Tamblin"};
+    WorkProgressFake progress;
+    Platform platform{files, shell, starter,  messages,      events,
+                      unlha, ansi,  progress, L"P:\\Tamblin"};
     SettingsState state;
     HostSearch search{platform, state};
 };
@@ -152,7 +154,8 @@ TEST(HostSearch, FindsOfTheSameSearchAreNotCompared) {
     AddHost(files, L"C:\\VMR");
     SearchScene scene;
     Platform& p = scene.platform;
-    Platform platform{files, p.shell, p.starter, p.messages, p.events, p.unlha, p.ansi, L"C:\\"};
+    Platform platform{files,   p.shell, p.starter,  p.messages, p.events,
+                      p.unlha, p.ansi,  p.progress, L"C:\\"};
     HostSearch(platform, scene.state).SearchAllDrives();
     EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\VMR", L"C:\\VMR"));
 }

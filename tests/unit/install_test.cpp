@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
@@ -532,6 +534,38 @@ TEST_F(InstallTest, FullDriveIsReportedAndTheMainWindowUsable) {
     EXPECT_EQ(ErrorOf([&] { scene.InstallFiles({L"mio.lzh"}); }), ErrorNumber::DiskFull);
     EXPECT_TRUE(scene.screen.enabled);
     EXPECT_THAT(scene.screen.confirmations, IsEmpty());
+}
+
+TEST_F(InstallTest, TellsHowFarItHasComeWithTheFiles) {
+    files.AddFile(L"C:\\TAMTMP\\left\\over");
+    scene.AddPackage(L"p.lzh", Both(Ombrel(L"mio"), {{L"readme.txt"}, {L"loose\\x"}}));
+    Install({L"p.lzh"});
+    const auto& works = scene.fake.progress.works;
+    std::vector<std::wstring> seen;
+    for (const auto& work : works) {
+        seen.push_back(work.text + work.folder);
+        EXPECT_TRUE(work.ended);
+        EXPECT_FALSE(work.parts.empty());
+        EXPECT_TRUE(std::is_sorted(work.parts.begin(), work.parts.end()));
+    }
+    EXPECT_THAT(seen,
+                ElementsAre(L"作業用フォルダを整理しています...C:\\TAMTMP", // the left-over one
+                            L"作業用フォルダを整理しています...C:\\TAMTMP",
+                            L"ファイルをコピーしています...C:\\Host"));
+    // Two files and two folders were staged.
+    EXPECT_THAT(works.at(1).parts, ElementsAre(0.0, 0.25, 0.5, 0.75));
+    EXPECT_EQ(works.at(2).parts.front(), 0.0);
+    EXPECT_EQ(works.at(2).parts.back(), 1.0);
+}
+
+TEST_F(InstallTest, WorkThatFailsIsNoLongerUnderWay) {
+    scene.AddPackage(L"p.lzh", Ombrel(L"mio"));
+    scene.screen.onConfirmation = [&] {
+        files.DenyAccess(L"C:\\Host");
+    };
+    scene.Open();
+    EXPECT_TRUE(ErrorOf([&] { scene.InstallFiles({L"p.lzh"}); }));
+    EXPECT_TRUE(scene.fake.progress.works.back().ended);
 }
 
 TEST_F(InstallTest, HostFolderThatVanishesMeanwhileIsReported) {

@@ -11,7 +11,9 @@ namespace tamblin {
 namespace {
 
 using testing::Contains;
+using testing::DoubleNear;
 using testing::ElementsAre;
+using testing::Pointwise;
 
 constexpr wchar_t Staging[] = L"C:\\TAMTMP\\";
 
@@ -43,7 +45,11 @@ class StagingWalkTest : public testing::Test {
     void Add(const std::wstring& path, FileAttributes attributes = {.archive = true}) {
         files.AddFile(Staging + path, "", attributes);
     }
-    void Walk() { WalkStagingFolder(Staging, visitor, files); }
+    void Walk() {
+        WorkUnderWay work(fake.progress, L"text", Staging);
+        WalkStagingFolder(Staging, visitor, files, work);
+    }
+    const std::vector<double>& Parts() const { return fake.progress.works.back().parts; }
 
     PlatformFake fake;
     MemoryFileSystem& files = fake.files;
@@ -171,6 +177,24 @@ TEST_F(StagingWalkTest, FolderWithALongPathIsWalkedFromTheLastThatCanBeCurrent) 
         if (StartsWith(line, L"SetCurrentFolder "))
             longest = std::max(longest, line.size() - std::size(L"SetCurrentFolder ") + 1);
     EXPECT_EQ(longest, 246U);
+}
+
+// A folder counts as twenty files, until it is entered.
+TEST_F(StagingWalkTest, TellsHowFarItHasCome) {
+    for (const wchar_t* path : {L"a\\1", L"a\\2", L"a\\b\\3", L"x", L"y"})
+        Add(path);
+    Walk();
+    const double a = 20.0 / 22;
+    const double b = a * 20 / 22;
+    EXPECT_THAT(Parts(), Pointwise(DoubleNear(1e-9), {b, b, b + a / 22, b + a * 2 / 22, a,
+                                                      a + 1.0 / 22, a + 2.0 / 22, 1.0}));
+    EXPECT_TRUE(fake.progress.works.back().ended);
+}
+
+TEST_F(StagingWalkTest, FolderWithoutEntriesIsDoneAtOnce) {
+    files.AddFolder(L"C:\\TAMTMP\\empty");
+    Walk();
+    EXPECT_THAT(Parts(), ElementsAre(1.0, 1.0));
 }
 
 TEST(DeleteStagedFile, DeletesReadOnlyFiles) {

@@ -8,85 +8,19 @@
 #include <atomic>
 #include <filesystem>
 #include <fstream>
-#include <functional>
-#include <thread>
 
-#include "platform/win32/lzh_progress_window.h"
+#include "platform/win32/progress_window.h"
 #include "platform/win32/win32_unlha.h"
 #include "support/lzh_writer.h"
 #include "support/temporary_folder.h"
+#include "windows/progress_scene.h"
 
 namespace tamblin {
 namespace {
 
-std::atomic<int> paintings = 0;
-std::atomic<int> clicks = 0;
-HFONT ownersFont = nullptr;
-
-LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_PAINT)
-        ++paintings;
-    if (message == WM_LBUTTONDOWN)
-        ++clicks;
-    if (message == WM_GETFONT)
-        return reinterpret_cast<LRESULT>(ownersFont);
-    return DefWindowProcW(window, message, wParam, lParam);
-}
-
-HWND MakeOwner() {
-    WNDCLASSW ownerClass{};
-    ownerClass.lpfnWndProc = OwnerProcedure;
-    ownerClass.hInstance = GetModuleHandleW(nullptr);
-    ownerClass.lpszClassName = L"UnlhaTestOwner";
-    RegisterClassW(&ownerClass);
-    return CreateWindowW(ownerClass.lpszClassName, L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 100,
-                         600, 400, nullptr, nullptr, ownerClass.hInstance, nullptr);
-}
-
-// Looks at the screen from another thread, as another program would.
-class Watcher {
-  public:
-    explicit Watcher(std::function<void()> atEachLook)
-        : look(std::move(atEachLook)), thread([this] {
-              while (!ended) {
-                  look();
-                  Sleep(20);
-              }
-          }) {}
-    ~Watcher() {
-        ended = true;
-        thread.join();
-    }
-
-  private:
-    std::function<void()> look;
-    std::atomic<bool> ended = false;
-    std::thread thread;
-};
-
-HWND ProgressWindow() {
-    return FindWindowW(L"Tamblin.Extraction", nullptr);
-}
-
-// Whether one of its labels says so.
-bool Says(HWND window, const std::wstring& wanted) {
-    HWND label = nullptr;
-    while ((label = FindWindowExW(window, label, L"Static", nullptr)) != nullptr) {
-        wchar_t text[100]{};
-        SendMessageW(label, WM_GETTEXT, 100, reinterpret_cast<LPARAM>(text));
-        if (text == wanted)
-            return true;
-    }
-    return false;
-}
-
 class UnlhaWindow : public testing::Test {
   protected:
-    UnlhaWindow() : owner(MakeOwner()) {
-        SetCurrentDirectoryW(temporary.Path().c_str());
-        paintings = clicks = 0;
-    }
-    ~UnlhaWindow() override { DestroyWindow(owner); }
+    UnlhaWindow() { SetCurrentDirectoryW(temporary.Path().c_str()); }
 
     void Save(const std::string& archive) {
         std::ofstream(std::filesystem::path(path), std::ios::binary) << archive;
@@ -105,7 +39,8 @@ class UnlhaWindow : public testing::Test {
 
     TemporaryFolder temporary;
     const std::wstring path = temporary.Path() + L"\\a.lzh";
-    const HWND owner;
+    const ProgressOwner ownerWindow;
+    const HWND owner = ownerWindow.Handle();
 };
 
 TEST_F(UnlhaWindow, ShortExtractionShowsNothing) {
@@ -114,7 +49,7 @@ TEST_F(UnlhaWindow, ShortExtractionShowsNothing) {
     std::atomic<ULONGLONG> firstSeen = 0;
     {
         const Watcher watcher([&] {
-            if (firstSeen == 0 && ProgressWindow() != nullptr)
+            if (firstSeen == 0 && ShownProgressWindow() != nullptr)
                 firstSeen = GetTickCount64();
         });
         EXPECT_EQ(Run(), 0);
@@ -135,12 +70,11 @@ TEST_F(UnlhaWindow, LongExtractionShowsABarAndEverythingStaysPainted) {
     std::atomic<ULONGLONG> firstSeen = 0;
     {
         const Watcher watcher([&] {
-            InvalidateRect(owner, nullptr, TRUE);
-            PostMessageW(owner, WM_LBUTTONDOWN, 0, 0);
-            const HWND window = ProgressWindow();
-            const HWND bar =
-                window ? FindWindowExW(window, nullptr, PROGRESS_CLASSW, nullptr) : nullptr;
-            if (bar == nullptr || !IsWindowVisible(window))
+            ownerWindow.Invalidate();
+            ownerWindow.SendClick();
+            const HWND window = ShownProgressWindow();
+            const HWND bar = ShownProgressBar();
+            if (bar == nullptr)
                 return;
             if (firstSeen == 0)
                 firstSeen = GetTickCount64();
@@ -161,9 +95,9 @@ TEST_F(UnlhaWindow, LongExtractionShowsABarAndEverythingStaysPainted) {
     EXPECT_TRUE(namesArchive);
     EXPECT_GT(last, first);
     EXPECT_LE(last, 1000);
-    EXPECT_GE(paintings, 5);
-    EXPECT_EQ(clicks, 0);
-    EXPECT_EQ(ProgressWindow(), nullptr);
+    EXPECT_GE(ProgressOwner::paintings, 5);
+    EXPECT_EQ(ProgressOwner::clicks, 0);
+    EXPECT_EQ(ShownProgressWindow(), nullptr);
 }
 
 // The owner's font has the density of the monitor that both stand on.
@@ -175,27 +109,27 @@ TEST_F(UnlhaWindow, ProgressWindowGrowsWithItsOwnersFont) {
     };
     LOGFONTW description{};
     description.lfHeight = -20;
-    ownersFont = CreateFontIndirectW(&description);
+    ProgressOwner::font = CreateFontIndirectW(&description);
     RECT usual{};
     {
-        const LzhProgressWindow progress(owner, L"a.lzh");
-        usual = sizeOf(ProgressWindow());
-        const HWND label = FindWindowExW(ProgressWindow(), nullptr, L"Static", nullptr);
+        const ProgressWindow progress(owner, L"", L"a.lzh");
+        usual = sizeOf(ShownProgressWindow());
+        const HWND label = FindWindowExW(ShownProgressWindow(), nullptr, L"Static", nullptr);
         LOGFONTW shown{};
         GetObjectW(reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)), sizeof shown,
                    &shown);
         EXPECT_EQ(shown.lfHeight, -20);
     }
-    DeleteObject(ownersFont);
+    DeleteObject(ProgressOwner::font);
     description.lfHeight = -40;
-    ownersFont = CreateFontIndirectW(&description);
+    ProgressOwner::font = CreateFontIndirectW(&description);
     {
-        const LzhProgressWindow progress(owner, L"a.lzh");
-        EXPECT_EQ(sizeOf(ProgressWindow()).right, 2 * usual.right);
-        EXPECT_EQ(sizeOf(ProgressWindow()).bottom, 2 * usual.bottom);
+        const ProgressWindow progress(owner, L"", L"a.lzh");
+        EXPECT_EQ(sizeOf(ShownProgressWindow()).right, 2 * usual.right);
+        EXPECT_EQ(sizeOf(ShownProgressWindow()).bottom, 2 * usual.bottom);
     }
-    DeleteObject(ownersFont);
-    ownersFont = nullptr;
+    DeleteObject(ProgressOwner::font);
+    ProgressOwner::font = nullptr;
 }
 
 TEST_F(UnlhaWindow, PointerIsAsBeforeAfterwards) {

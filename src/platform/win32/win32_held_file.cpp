@@ -49,9 +49,11 @@ bool IsFolder(const std::wstring& fullPath) {
 
 } // namespace
 
-Patience PatienceOfWindows(Patience::Milliseconds limit) {
-    return {limit, [](Patience::Milliseconds time) {
+Patience PatienceOfWindows(Patience::Milliseconds limit, std::function<void()> meanwhile) {
+    return {limit, [meanwhile = std::move(meanwhile)](Patience::Milliseconds time) {
                 PaintUntil(nullptr, static_cast<DWORD>(time.count()));
+                if (meanwhile)
+                    meanwhile();
             }};
 }
 

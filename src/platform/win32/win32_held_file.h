@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -11,8 +12,9 @@
 
 namespace tamblin {
 
-// The usual patience of the window's thread.
-Patience PatienceOfWindows(Patience::Milliseconds limit = Patience::usual);
+// The usual patience of the window's thread, which does something after each moment of waiting.
+Patience PatienceOfWindows(Patience::Milliseconds limit = Patience::usual,
+                           std::function<void()> meanwhile = nullptr);
 
 // True when any other handle to it is open, or it is only waiting to vanish.
 bool IsHeld(const std::wstring& fullPath);

@@ -11,7 +11,7 @@
 #include "platform/lzh/unlha_command.h"
 #include "platform/win32/busy_wait.h"
 #include "platform/win32/lzh_extraction.h"
-#include "platform/win32/lzh_progress_window.h"
+#include "platform/win32/progress_window.h"
 #include "platform/win32/win32_handle.h"
 
 namespace tamblin {
@@ -21,7 +21,7 @@ using lzh::LzhFailure;
 
 namespace {
 
-constexpr ULONGLONG patience = 500;   // milliseconds before the window is shown
+constexpr wchar_t text[] = L"パッケージを展開しています...";
 constexpr DWORD betweenPictures = 50; // milliseconds between two positions of the bar
 
 // How far the extraction has come; written by its thread, read by the window's.
@@ -30,7 +30,7 @@ class SharedProgress : public lzh::ExtractionProgress {
     void Advance(std::uint64_t done, std::uint64_t total) override {
         if (total > 0)
             part = static_cast<int>(static_cast<double>(done) / static_cast<double>(total) *
-                                    LzhProgressWindow::fullBar);
+                                    ProgressWindow::fullBar);
     }
     int Part() const { return part; }
 
@@ -63,10 +63,10 @@ class BackgroundExtraction {
 
 void WaitFor(const BackgroundExtraction& extraction, HWND owner, const std::wstring& archive) {
     const ULONGLONG start = GetTickCount64();
-    std::unique_ptr<LzhProgressWindow> window;
+    std::unique_ptr<ProgressWindow> window;
     while (!PaintUntil(extraction.Done(), betweenPictures)) {
-        if (!window && GetTickCount64() - start >= patience)
-            window = std::make_unique<LzhProgressWindow>(owner, std::wstring(NameOf(archive)));
+        if (!window && GetTickCount64() - start >= ProgressWindow::patience)
+            window = std::make_unique<ProgressWindow>(owner, text, std::wstring(NameOf(archive)));
         if (window)
             window->Show(extraction.Part());
     }

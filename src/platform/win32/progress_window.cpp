@@ -1,12 +1,11 @@
-#include "platform/win32/lzh_progress_window.h"
+#include "platform/win32/progress_window.h"
 
 #include <commctrl.h>
 
 namespace tamblin {
 namespace {
 
-constexpr wchar_t className[] = L"Tamblin.Extraction";
-constexpr wchar_t text[] = L"パッケージを展開しています...";
+constexpr wchar_t className[] = L"Tamblin.Progress";
 
 // Sizes in quarters of the font's height, so that they follow the user's font and density.
 constexpr int widthUnits = 92;
@@ -52,7 +51,7 @@ int HeightOf(HFONT font) {
 
 } // namespace
 
-LzhProgressWindow::LzhProgressWindow(HWND owner, const std::wstring& archiveName)
+ProgressWindow::ProgressWindow(HWND owner, const std::wstring& work, const std::wstring& object)
     : font(FontLikeThatOf(owner)) {
     RegisterOnce();
     RECT around{};
@@ -60,19 +59,19 @@ LzhProgressWindow::LzhProgressWindow(HWND owner, const std::wstring& archiveName
     window = CreateWindowExW(WS_EX_DLGMODALFRAME, className, L"Tamblin", WS_POPUP | WS_CAPTION,
                              around.left, around.top, 0, 0, owner, nullptr,
                              GetModuleHandleW(nullptr), nullptr);
-    AddControls((HeightOf(font) + 3) / 4, archiveName);
+    AddControls((HeightOf(font) + 3) / 4, work, object);
     PlaceOver(owner);
     ShowWindow(window, SW_SHOWNOACTIVATE);
     UpdateWindow(window);
 }
 
-LzhProgressWindow::~LzhProgressWindow() {
+ProgressWindow::~ProgressWindow() {
     DestroyWindow(window);
     DeleteObject(font);
 }
 
 // A name that is too long is cut at its end.
-void LzhProgressWindow::AddLine(const std::wstring& line, int top, int unit) {
+void ProgressWindow::AddLine(const std::wstring& line, int top, int unit) {
     const HWND label = CreateWindowExW(
         0, L"STATIC", line.c_str(), WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_ENDELLIPSIS,
         marginUnits * unit, top * unit, (widthUnits - 2 * marginUnits) * unit, textUnits * unit,
@@ -80,10 +79,10 @@ void LzhProgressWindow::AddLine(const std::wstring& line, int top, int unit) {
     SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
-void LzhProgressWindow::AddControls(int unit, const std::wstring& archiveName) {
+void ProgressWindow::AddControls(int unit, const std::wstring& work, const std::wstring& object) {
     constexpr int barTop = marginUnits + 2 * textUnits + gapUnits;
-    AddLine(text, marginUnits, unit);
-    AddLine(archiveName, marginUnits + textUnits, unit);
+    AddLine(work, marginUnits, unit);
+    AddLine(object, marginUnits + textUnits, unit);
     bar = CreateWindowExW(0, PROGRESS_CLASSW, nullptr, WS_CHILD | WS_VISIBLE, marginUnits * unit,
                           barTop * unit, (widthUnits - 2 * marginUnits) * unit, barUnits * unit,
                           window, nullptr, GetModuleHandleW(nullptr), nullptr);
@@ -92,7 +91,7 @@ void LzhProgressWindow::AddControls(int unit, const std::wstring& archiveName) {
 }
 
 // The frame has the thickness that the system gives it on this monitor.
-void LzhProgressWindow::SetClientSize(int width, int height) {
+void ProgressWindow::SetClientSize(int width, int height) {
     constexpr UINT sizeOnly = SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
     SetWindowPos(window, nullptr, 0, 0, width, 2 * height, sizeOnly);
     RECT client{};
@@ -101,7 +100,7 @@ void LzhProgressWindow::SetClientSize(int width, int height) {
                  sizeOnly);
 }
 
-void LzhProgressWindow::PlaceOver(HWND owner) {
+void ProgressWindow::PlaceOver(HWND owner) {
     RECT around{};
     if (owner == nullptr || !GetWindowRect(owner, &around))
         SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
@@ -115,7 +114,7 @@ void LzhProgressWindow::PlaceOver(HWND owner) {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void LzhProgressWindow::Show(int part) {
+void ProgressWindow::Show(int part) {
     SendMessageW(bar, PBM_SETPOS, static_cast<WPARAM>(part), 0);
 }
 
