@@ -32,10 +32,10 @@ void Button::SetLabel(Control& beside) {
     label->SetEnabled(IsEnabled());
 }
 
-bool Button::Received(UINT message, WPARAM wParam, LPARAM) {
+LRESULT Button::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_ENABLE && label)
         label->SetEnabled(wParam != 0);
-    return false;
+    return Control::Received(message, wParam, lParam);
 }
 
 // The system centres captions.

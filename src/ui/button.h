@@ -27,7 +27,7 @@ class Button : public Control {
     LRESULT CustomDraw(const NMCUSTOMDRAW& stage) override;
 
   protected:
-    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
     Button(Form& owner, int number, const std::wstring& caption, DWORD style);
 
   private:

@@ -81,25 +81,31 @@ void CheckList::Notified(UINT code) {
         Toggle(Send(LB_GETCURSEL));
 }
 
-bool CheckList::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CheckList::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_KEYDOWN && wParam == VK_SPACE) {
         Toggle(Send(LB_GETCURSEL));
-        return true;
+        return 0;
     }
     const bool clicked = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
+    const auto row = clicked ? RowOfBoxAt(lParam) : std::nullopt;
+    if (!row)
+        return Control::Received(message, wParam, lParam);
+    Focus();
+    Send(LB_SETCURSEL, static_cast<WPARAM>(*row));
+    Toggle(*row);
+    return 0;
+}
+
+// The row whose box is at a position in the list's client area.
+std::optional<LRESULT> CheckList::RowOfBoxAt(LPARAM position) const {
     SCROLLINFO scrolled{};
     scrolled.cbSize = sizeof scrolled;
     scrolled.fMask = SIF_POS;
     GetScrollInfo(Handle(), SB_HORZ, &scrolled);
-    if (!clicked || GET_X_LPARAM(lParam) + scrolled.nPos > BoxSize() + form.Measure().Across(3))
-        return false;
-    const LRESULT hit = Send(LB_ITEMFROMPOINT, 0, lParam);
-    if (HIWORD(hit) != 0)
-        return false;
-    Focus();
-    Send(LB_SETCURSEL, LOWORD(hit));
-    Toggle(LOWORD(hit));
-    return true;
+    if (GET_X_LPARAM(position) + scrolled.nPos > BoxSize() + form.Measure().Across(3))
+        return std::nullopt;
+    const LRESULT hit = Send(LB_ITEMFROMPOINT, 0, position);
+    return HIWORD(hit) != 0 ? std::nullopt : std::optional<LRESULT>(LOWORD(hit));
 }
 
 void CheckList::Draw(const DRAWITEMSTRUCT& drawing) {

@@ -24,10 +24,11 @@ class CheckList : public Control {
     IAccessible* Accessible() override;
 
   protected:
-    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
     bool IsTicked(size_t row) const;
+    std::optional<LRESULT> RowOfBoxAt(LPARAM position) const;
     void Toggle(LRESULT row);
     int BoxSize() const;
     void SetHorizontalExtent(const TextMeasure& measure);

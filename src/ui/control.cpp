@@ -15,7 +15,9 @@ Control::Control(Form& owner, ControlName controlName, const wchar_t* windowClas
     handle = CreateWindowExW(extendedStyle, windowClass, text.c_str(),
                              style | WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, form.Handle(),
                              reinterpret_cast<HMENU>(id), GetModuleHandleW(nullptr), nullptr);
-    SetWindowSubclass(handle, Procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    systemProcedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure)));
     form.Adopt(*this);
 }
 
@@ -25,31 +27,35 @@ Control::~Control() {
         DestroyWindow(handle);
 }
 
-LRESULT CALLBACK Control::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                    UINT_PTR, DWORD_PTR data) {
-    auto* control = reinterpret_cast<Control*>(data);
-    if (message == WM_MOUSEMOVE) {
-        POINT pointer{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-        ClientToScreen(window, &pointer);
-        control->form.PointerMoved(pointer, control);
-    } else if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, Procedure, 1);
-        return DefSubclassProc(window, message, wParam, lParam);
-    }
+// Not SetWindowSubclass: it looks the window's properties up with every message, which is slow on
+// Wine.
+LRESULT CALLBACK Control::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* control = reinterpret_cast<Control*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    Form& form = control->form;
+    if (message == WM_NCDESTROY)
+        return control->Control::Received(message, wParam, lParam);
     if (message == WM_GETOBJECT && static_cast<LONG>(lParam) == OBJID_CLIENT)
         if (IAccessible* const object = control->Accessible())
             return LresultOf(object, wParam);
+    if (message == WM_MOUSEMOVE) {
+        POINT pointer{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+        ClientToScreen(window, &pointer);
+        form.PointerMoved(pointer, control);
+    }
     if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)
-        control->form.ShowTip(*control, {window, message, wParam, lParam, 0, {}});
-    bool taken = false;
-    control->form.App().Guard([&] { taken = control->Received(message, wParam, lParam); });
-    const LRESULT result = taken ? 0 : DefSubclassProc(window, message, wParam, lParam);
+        form.ShowTip(*control, {window, message, wParam, lParam, 0, {}});
+    LRESULT result = 0;
+    form.App().Guard([&] { result = control->Received(message, wParam, lParam); });
     // What the system has drawn of itself, without our underline.
     if (control->accessKey && (message == WM_UPDATEUISTATE || message == WM_ENABLE))
         InvalidateRect(window, nullptr, TRUE);
     if (message == WM_SETFOCUS)
-        control->form.App().Guard([&] { control->form.FocusCame(*control); });
+        form.App().Guard([&] { form.FocusCame(*control); });
     return result;
+}
+
+LRESULT Control::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    return CallWindowProcW(systemProcedure, handle, message, wParam, lParam);
 }
 
 void Control::SetText(const std::wstring& text) {

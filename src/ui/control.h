@@ -107,8 +107,8 @@ class Control : public LayoutItem {
     virtual IAccessible* Accessible() { return nullptr; }
 
   protected:
-    // A message to the control's window. True when it has been dealt with.
-    virtual bool Received(UINT, WPARAM, LPARAM) { return false; }
+    // A message to the control's window. What is left to the system goes to the base class.
+    virtual LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam);
 
     Control(Form& owner, ControlName controlName, const wchar_t* windowClass,
             const std::wstring& text, DWORD style, DWORD extendedStyle = 0);
@@ -120,9 +120,10 @@ class Control : public LayoutItem {
     Form& form;
 
   private:
-    static LRESULT CALLBACK Procedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
+    static LRESULT CALLBACK Procedure(HWND, UINT, WPARAM, LPARAM);
 
     HWND handle = nullptr;
+    WNDPROC systemProcedure = nullptr;
     ControlName name;
     std::wstring accessibleName;
     wchar_t accessKey = 0;

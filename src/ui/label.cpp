@@ -22,14 +22,14 @@ std::wstring Label::ShownText() const {
 }
 
 // The system does not underline where "&" is a plain sign.
-bool Label::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT Label::Received(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = Control::Received(message, wParam, lParam);
     if (message != WM_PAINT || !ShowsAccessKey())
-        return false;
-    DefSubclassProc(Handle(), message, wParam, lParam);
+        return result;
     const HDC target = GetDC(Handle());
     UnderlineAccessKey(target, {0, 0});
     ReleaseDC(Handle(), target);
-    return true;
+    return result;
 }
 
 Size Label::NaturalSize(const TextMeasure& measure) const {

@@ -19,7 +19,7 @@ class Label : public Control {
     int HeightFor(int width, const TextMeasure& measure) const override;
 
   protected:
-    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
     std::wstring ShownText() const;

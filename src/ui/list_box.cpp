@@ -232,29 +232,33 @@ void ListBox::SelectOnly(size_t row) {
         onSelect();
 }
 
-bool ListBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
-    constexpr WPARAM otherButtons = MK_LBUTTON | MK_MBUTTON | MK_XBUTTON1 | MK_XBUTTON2;
+LRESULT ListBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_LBUTTONDBLCLK && !RowAt(lParam))
-        return true; // else it would open the row that has the keyboard
+        return 0; // else it would open the row that has the keyboard
     if (message == WM_CHAR) {
         Typed(static_cast<wchar_t>(wParam));
-        return true;
+        return 0;
     }
-    if (!onMenu)
-        return false;
-    if (message == WM_RBUTTONUP) {
-        POINT position{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-        ClientToScreen(Handle(), &position);
-        if ((wParam & otherButtons) == 0) {
-            Focus();
-            onMenu(position, RowAt(lParam));
-        }
-        return true;
+    if (onMenu && message == WM_RBUTTONUP) {
+        OpenMenu(wParam, lParam);
+        return 0;
     }
-    const bool byKeyboard = message == WM_CONTEXTMENU && lParam == -1;
-    if (byKeyboard)
+    if (onMenu && message == WM_CONTEXTMENU && lParam == -1) { // by the keyboard
         onMenu(MenuKeyPosition(), std::nullopt);
-    return byKeyboard;
+        return 0;
+    }
+    return Control::Received(message, wParam, lParam);
+}
+
+// The right button has been let go of.
+void ListBox::OpenMenu(WPARAM otherButtons, LPARAM position) {
+    constexpr WPARAM others = MK_LBUTTON | MK_MBUTTON | MK_XBUTTON1 | MK_XBUTTON2;
+    if ((otherButtons & others) != 0)
+        return;
+    POINT onScreen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+    ClientToScreen(Handle(), &onScreen);
+    Focus();
+    onMenu(onScreen, RowAt(position));
 }
 
 // At the line that has the keyboard.

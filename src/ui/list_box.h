@@ -45,9 +45,10 @@ class ListBox : public Control {
     std::optional<CutOffText> CutOffAt(POINT position) const override;
 
   protected:
-    bool Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    void OpenMenu(WPARAM otherButtons, LPARAM position);
     POINT MenuKeyPosition() const;
     std::optional<size_t> RowAt(LPARAM position) const;
     void SelectAll();

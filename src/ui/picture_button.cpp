@@ -26,7 +26,6 @@ Colour TextColour() {
 
 } // namespace
 
-constexpr UINT_PTR HoverSubclass = 2;
 constexpr BYTE DisabledStrength = 90;
 
 PictureButton::PictureButton(Form& owner, int number, const std::wstring& text, Glyph drawing,
@@ -34,12 +33,7 @@ PictureButton::PictureButton(Form& owner, int number, const std::wstring& text, 
     : Button(owner, number, text, BS_OWNERDRAW),
       glyph(drawing),
       captionShown(caption == Caption::Shown) {
-    SetWindowSubclass(Handle(), HoverProcedure, HoverSubclass, reinterpret_cast<DWORD_PTR>(this));
     PictureButton::SetFont(form.Measure());
-}
-
-PictureButton::~PictureButton() {
-    RemoveWindowSubclass(Handle(), HoverProcedure, HoverSubclass);
 }
 
 Size PictureButton::NaturalSize(const TextMeasure& measure) const {
@@ -66,16 +60,14 @@ void PictureButton::Notified(UINT code) {
     Button::Notified(code == BN_DBLCLK ? static_cast<UINT>(BN_CLICKED) : code);
 }
 
-LRESULT CALLBACK PictureButton::HoverProcedure(HWND window, UINT message, WPARAM wParam,
-                                               LPARAM lParam, UINT_PTR, DWORD_PTR data) {
-    auto* button = reinterpret_cast<PictureButton*>(data);
+LRESULT PictureButton::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_MOUSEMOVE)
-        button->SetHovered(true);
+        SetHovered(true);
     else if (message == WM_MOUSELEAVE)
-        button->SetHovered(false);
+        SetHovered(false);
     else if (message == WM_ENABLE)
-        button->hovered = false;
-    return DefSubclassProc(window, message, wParam, lParam);
+        hovered = false;
+    return Button::Received(message, wParam, lParam);
 }
 
 void PictureButton::SetHovered(bool on) {

@@ -18,7 +18,6 @@ class PictureButton : public Button {
     enum class Caption { Shown, Hidden };
     PictureButton(Form& owner, int number, const std::wstring& text, Glyph drawing,
                   Caption caption);
-    ~PictureButton() override;
 
     bool ShowsCaption() const { return captionShown; }
 
@@ -27,8 +26,10 @@ class PictureButton : public Button {
     void Notified(UINT code) override;
     void Draw(const DRAWITEMSTRUCT& drawing) override;
 
+  protected:
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
   private:
-    static LRESULT CALLBACK HoverProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
     void SetHovered(bool on);
     void DrawSurface(const DRAWITEMSTRUCT& drawing, bool enabled, bool pressed) const;
     void DrawContents(const DRAWITEMSTRUCT& drawing, bool enabled, bool pressed) const;

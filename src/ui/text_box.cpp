@@ -7,8 +7,6 @@
 namespace tamblin {
 namespace {
 
-constexpr UINT_PTR CentringSubclass = 2;
-
 DWORD StyleFor(TextBox::Access access) {
     switch (access) {
         case TextBox::Access::Status:
@@ -25,10 +23,7 @@ DWORD StyleFor(TextBox::Access access) {
 
 TextBox::TextBox(Form& owner, int number, Access access)
     : Control(owner, {ControlKind::Text, number}, WC_EDITW, L"",
-              ES_LEFT | ES_AUTOHSCROLL | StyleFor(access), WS_EX_CLIENTEDGE) {
-    SetWindowSubclass(Handle(), CentringProcedure, CentringSubclass,
-                      reinterpret_cast<DWORD_PTR>(this));
-}
+              ES_LEFT | ES_AUTOHSCROLL | StyleFor(access), WS_EX_CLIENTEDGE) {}
 
 Size TextBox::NaturalSize(const TextMeasure& measure) const {
     return {measure.Across(60), measure.LineHeight() + measure.Down(4)};
@@ -42,30 +37,25 @@ void TextBox::SetFont(const TextMeasure& measure) {
 
 // The system writes a single line at the top of the client area. So the client area is one line
 // high, and what is left above and below it belongs to the frame.
-LRESULT CALLBACK TextBox::CentringProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                            UINT_PTR, DWORD_PTR data) {
-    auto* box = reinterpret_cast<TextBox*>(data);
+LRESULT TextBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_NCDESTROY:
-            RemoveWindowSubclass(window, CentringProcedure, CentringSubclass);
-            break;
         case WM_NCCALCSIZE:
-            DefSubclassProc(window, message, wParam, lParam);
-            return box->MakeRoomAround(lParam);
+            Control::Received(message, wParam, lParam);
+            return MakeRoomAround(lParam);
         case WM_NCPAINT: {
-            const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-            box->PaintRoomAround();
+            const LRESULT result = Control::Received(message, wParam, lParam);
+            PaintRoomAround();
             return result;
         }
         case WM_ENABLE:
-            box->PaintRoomAround();
+            PaintRoomAround();
             break;
         case WM_NCHITTEST:
             return HTCLIENT; // a click beside the text is one into it
         default:
             break;
     }
-    return DefSubclassProc(window, message, wParam, lParam);
+    return Control::Received(message, wParam, lParam);
 }
 
 // The rectangle comes first in both forms of the message.

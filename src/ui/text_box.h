@@ -15,8 +15,10 @@ class TextBox : public Control {
     void SetFont(const TextMeasure& measure) override;
     std::optional<CutOffText> CutOffAt(POINT position) const override;
 
+  protected:
+    LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;
+
   private:
-    static LRESULT CALLBACK CentringProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
     LRESULT MakeRoomAround(LPARAM lParam);
     void PaintRoomAround() const;
 
