@@ -114,6 +114,20 @@ def test_a_host_program_that_runs_is_reported_and_kept(app, machine):
     assert machine.read(HOST + "\\ombrel.exe") == before
 
 
+def test_a_folder_that_may_not_be_changed_keeps_the_host_program(app, machine):
+    """The report names the file that the user knows, not the one that was to take its place."""
+    before = machine.tree(HOST)
+    offer(app, machine, **{"ombrel.exe": b"a newer one"})
+    app.main.list2.select("ombrel.exe")
+    machine.path(HOST).chmod(0o555)
+    ask(app, app.main.command3, HOST_QUESTION).press("OK")
+    _, path, _ = wait_report(app, 70, 75)
+    machine.path(HOST).chmod(0o755)
+    app.main.wait_enabled()
+    assert path == HOST + "\\ombrel.exe"
+    assert machine.tree(HOST) == before
+
+
 # A character's definition file, as the browser offers it
 
 

@@ -69,10 +69,12 @@ class Writable {
     DWORD bits;
 };
 
-// A name beside the file that nothing has yet.
+// A name beside the file that nothing has yet. No file system takes longer names than 255
+// characters.
 std::wstring FreeNameBeside(const std::wstring& fullPath) {
+    const std::wstring start = fullPath.substr(0, fullPath.rfind(L'\\') + 1 + 240);
     for (int number = 0;; ++number) {
-        std::wstring name = fullPath + L".new" + std::to_wstring(number);
+        std::wstring name = start + L".new" + std::to_wstring(number);
         if (BitsOf(name) == INVALID_FILE_ATTRIBUTES)
             return name;
     }
@@ -117,6 +119,13 @@ UniqueHandle OpenSuccessor(const std::wstring& successorPath, DWORD disposition,
     return file;
 }
 
+bool MayBeRead(const std::wstring& fullPath) {
+    constexpr DWORD all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    return UniqueHandle(NullIfInvalid(CreateFileW(PathForWindows(fullPath).c_str(), GENERIC_READ,
+                                                  all, nullptr, OPEN_EXISTING, 0, nullptr))) !=
+           nullptr;
+}
+
 // Windows takes the part of a copy that fitted on a full disk away again, Wine leaves it.
 [[noreturn]] void ThrowCopyError(const std::wstring& source, const std::wstring& target) {
     const DWORD code = GetLastError();
@@ -124,8 +133,20 @@ UniqueHandle OpenSuccessor(const std::wstring& successorPath, DWORD disposition,
         DeleteFileW(PathForWindows(target).c_str());
     if (MeansNotThere(code))
         CheckDrive(target, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
+    const std::wstring& failed = MayBeRead(source) ? target : source;
     SetLastError(code);
-    ThrowFileError(source);
+    ThrowFileError(failed);
+}
+
+// The user knows nothing of successors.
+template <typename Swapping>
+void NameTarget(const std::wstring& successor, const std::wstring& target,
+                const Swapping& swapping) {
+    try {
+        swapping();
+    } catch (const RunTimeError& error) {
+        throw RunTimeError(error.Number(), error.Path() == successor ? target : error.Path());
+    }
 }
 
 // Sees to it that a new file goes again when what it is made for fails.
@@ -179,21 +200,25 @@ void CopyToNewFile(const std::wstring& source, const std::wstring& target,
 
 void SwapInBytes(const std::wstring& target, std::string_view bytes, const Patience& patience) {
     const std::wstring successor = FreeNameBeside(target);
-    UniqueHandle file = OpenSuccessor(successor, CREATE_NEW, patience);
-    MakeOrDelete(successor, [&] {
-        const UniqueHandle open = std::move(file);
-        WriteAll(open.get(), bytes);
-        TakePlace(open.get(), successor, target, patience);
+    NameTarget(successor, target, [&] {
+        UniqueHandle file = OpenSuccessor(successor, CREATE_NEW, patience);
+        MakeOrDelete(successor, [&] {
+            const UniqueHandle open = std::move(file);
+            WriteAll(open.get(), bytes);
+            TakePlace(open.get(), successor, target, patience);
+        });
     });
 }
 
 void SwapInCopy(const std::wstring& source, const std::wstring& target, const Patience& patience) {
     const std::wstring successor = FreeNameBeside(target);
-    CopyToNewFile(source, successor, patience);
-    MakeOrDelete(successor, [&] {
-        SetBits(successor, FILE_ATTRIBUTE_NORMAL);
-        const UniqueHandle file = OpenSuccessor(successor, OPEN_EXISTING, patience);
-        TakePlace(file.get(), successor, target, patience);
+    NameTarget(successor, target, [&] {
+        CopyToNewFile(source, successor, patience);
+        MakeOrDelete(successor, [&] {
+            SetBits(successor, FILE_ATTRIBUTE_NORMAL);
+            const UniqueHandle file = OpenSuccessor(successor, OPEN_EXISTING, patience);
+            TakePlace(file.get(), successor, target, patience);
+        });
     });
 }
 

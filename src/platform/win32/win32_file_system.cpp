@@ -251,7 +251,7 @@ void Win32FileSystem::Replace(const std::wstring& from, const std::wstring& to) 
         SetFileAttributesW(PathForWindows(source).c_str(), FILE_ATTRIBUTE_NORMAL);
         Delete(source);
     } else if (!tried) {
-        ThrowFileError(target);
+        ThrowFileError(GetLastError() == ERROR_SHARING_VIOLATION ? source : target);
     }
 }
 
