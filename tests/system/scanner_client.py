@@ -1,0 +1,46 @@
+"""Runs scanner.exe, the stand-in for a virus scanner, on a machine."""
+
+import subprocess
+import threading
+
+from machine import PROGRAMS
+from tamblin_app import wait_until
+
+SCANNER = PROGRAMS / "tests" / "system" / "scanner.exe"
+
+
+class Scanner:
+    """Watches folders while its block runs: every new file there is held for some seconds."""
+
+    PROGRAM = "C:\\scanner\\scanner.exe"
+
+    def __init__(self, machine, seconds, *folders, lets_delete=False):
+        self.machine = machine
+        self.arguments = [str(round(seconds * 1000)), "delete" if lets_delete else "keep", *folders]
+        self.lines = []
+
+    def __enter__(self):
+        if not self.machine.path(self.PROGRAM).exists():
+            self.machine.copy_in(SCANNER, self.PROGRAM)
+        self.process = self.machine.start(
+            self.PROGRAM, *self.arguments, stdin=subprocess.PIPE, stdout=subprocess.PIPE
+        )
+        threading.Thread(target=self._listen, daemon=True).start()
+        wait_until(lambda: self.lines, "the scanner to watch")
+        return self
+
+    def __exit__(self, *_):
+        self.process.stdin.close()
+        self.process.wait(timeout=300)
+
+    def _listen(self):
+        for line in self.process.stdout:
+            self.lines.append(line.decode().rstrip("\r\n"))
+
+    def held(self, path):
+        """How often it has held that file so far."""
+        return self.lines.count(path)
+
+    def wait_held(self, *paths, times=1):
+        for path in paths:
+            wait_until(lambda path=path: self.held(path) >= times, f"{path} to be held")
