@@ -5,6 +5,7 @@
 #include "app/main_screen.h"
 #include "ui/button.h"
 #include "ui/combo_box.h"
+#include "ui/first_fitting_layout.h"
 #include "ui/form.h"
 #include "ui/hand_over.h"
 #include "ui/label.h"
@@ -13,6 +14,9 @@
 #include "ui/text_box.h"
 
 namespace tamblin {
+
+// Where the labels of buttons stand.
+enum class LabelPlace { Beside, Below };
 
 class Form1 : public Form, private InstallScreen {
   public:
@@ -49,11 +53,13 @@ class Form1 : public Form, private InstallScreen {
     void ConnectLists();
     void NameForScreenReaders();
     void SetAccessKeys();
+    void PrepareCommands();
     std::unique_ptr<LayoutItem> MakeLayout();
-    std::unique_ptr<LayoutItem> MakeInstalledSide();
-    std::unique_ptr<LayoutItem> MakeInstalledCommands();
-    std::unique_ptr<LayoutItem> MakeBrowserSide();
-    std::unique_ptr<LayoutItem> MakeBrowserCommands();
+    std::unique_ptr<LayoutItem> MakeLayout(LabelPlace labels);
+    std::unique_ptr<LayoutItem> MakeInstalledSide(LabelPlace labels);
+    std::unique_ptr<LayoutItem> MakeInstalledCommands(LabelPlace labels);
+    std::unique_ptr<LayoutItem> MakeBrowserSide(LabelPlace labels);
+    std::unique_ptr<LayoutItem> MakeBrowserCommands(LabelPlace labels);
 
     Platform& platform;
     HandOver& handOver;
@@ -61,6 +67,7 @@ class Form1 : public Form, private InstallScreen {
     bool installHolds = false;
     WidthGroup installedCommands;
     WidthGroup browserCommands;
+    FirstFittingLayout* layouts = nullptr;
 
     // In tab order; a label precedes what it names.
     Label label1{*this, 1, L"Vimoraフォルダ：\r\n（↓VMRをインストールした場所）"};

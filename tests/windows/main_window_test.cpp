@@ -118,6 +118,23 @@ TEST_F(MainWindowTest, FitsASmallScreenAtEveryDensity) {
     }
 }
 
+// As on 800 by 600 pixels at 144 dpi and on 1400 by 1050 at 192.
+TEST_F(MainWindowTest, ListsAreWideEnoughForNamesOnASmallScreen) {
+    Open();
+    for (const auto& [dpi, width, height] : {std::tuple{144u, 800, 570}, {192u, 1400, 1010}}) {
+        MoveToDensity(*form, dpi);
+        SetWindowPos(form->Handle(), nullptr, 0, 0, width, height,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        for (const int number : {1, 2, 3}) {
+            RECT area{};
+            GetClientRect(List(number), &area);
+            EXPECT_GE(area.right, form->Measure().Across(4 * 18)) << dpi << " " << number;
+            EXPECT_GE(area.bottom, 3 * form->Measure().LineHeight()) << dpi << " " << number;
+        }
+        EXPECT_EQ(CutOffCaptions(*form) + MisplacedControls(*form), "");
+    }
+}
+
 TEST_F(MainWindowTest, OpensOnAboutSixtyPerCentOfTheScreen) {
     Open();
     RECT area{};
@@ -189,7 +206,6 @@ TEST_F(MainWindowTest, ItsListsGrowWithIt) {
         return Size{static_cast<int>(area.right - area.left),
                     static_cast<int>(area.bottom - area.top)};
     };
-    ShrinkToMinimum(*form);
     std::vector<Size> before;
     for (int list = 1; list <= 3; ++list)
         before.push_back(sizeOf(List(list)));
