@@ -36,8 +36,11 @@ constexpr std::array<UpperBits, 256> MakeUpperBits() {
 
 constexpr std::array<UpperBits, 256> fixedUpperBits = MakeUpperBits();
 
+static_assert(AdaptiveTree::mostBits + 8 + lowerBits + AdaptiveTree::bitsAhead <= 56,
+              "a refill has to last for a symbol and a distance");
+
+// Does not refill.
 unsigned ReadDistance(BitReader& reader) {
-    reader.Refill();
     const UpperBits upper = fixedUpperBits[reader.Peek(8)];
     reader.Skip(upper.length);
     return (unsigned{upper.value} << lowerBits | reader.Take(lowerBits)) + 1;
@@ -48,7 +51,9 @@ unsigned ReadDistance(BitReader& reader) {
 void Lh1Decoder::Decode(PackedInput& input, std::uint64_t size, ByteSink& sink) {
     BitReader reader(input);
     window.Start(lh1History, ' ', size, sink);
-    tree.Reset(size);
+    tree.Reset();
+    reader.Check();
+    reader.Refill();
     while (!window.Complete())
         window.PassOn(DecodeChunk(reader));
     reader.Finish();

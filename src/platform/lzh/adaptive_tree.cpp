@@ -13,11 +13,8 @@ std::uint16_t Narrow(unsigned value) {
 
 } // namespace
 
-void AdaptiveTree::Reset(std::uint64_t mostSymbols) {
+void AdaptiveTree::Reset() {
     constexpr unsigned last = nodeCount - 1;
-    total = symbolCount;
-    limit =
-        Narrow(static_cast<unsigned>(std::min<std::uint64_t>(heaviest, total + mostSymbols))) + 1u;
     for (unsigned symbol = 0; symbol < symbolCount; ++symbol) {
         weights[last - symbol] = 1;
         Place(Narrow(firstLeaf + symbol), last - symbol);
@@ -26,20 +23,88 @@ void AdaptiveTree::Reset(std::uint64_t mostSymbols) {
         weights[node] = Narrow(weights[child] + weights[child - 1]);
         Place(Narrow(child), node);
     }
-    CountHeavier();
+    weights[root] = neverReached;
+    hits.fill(0);
+    // Decode will count a symbol before the first, from the root on.
+    uncounted = root;
+    total = symbolCount - 1;
+    top = nodeCount - 1;
+    lookedThrough = 0;
+    Settle();
+    ++credit;
 }
 
-// The root counts as heavier than all.
-void AdaptiveTree::CountHeavier() {
-    weights[root] = neverReached;
-    unsigned end = limit;
-    for (unsigned node = root + 1; node < nodeCount && end > 0; ++node) {
-        const unsigned weight = weights[node];
-        if (weight < end) {
-            std::fill(heavier.begin() + weight, heavier.begin() + end, Narrow(node));
-            end = weight;
-        }
+void AdaptiveTree::AddHits() {
+    for (unsigned node = std::min(top, largestTop) - 1; node > root; --node) {
+        weights[node] = Narrow(weights[node] + hits[node]);
+        hits[parents[node]] = Narrow(hits[parents[node]] + hits[node]);
+        hits[node] = 0;
     }
+    total += hits[root];
+    hits[root] = 0;
+}
+
+// Makes way for a symbol that is about to be counted.
+void AdaptiveTree::Settle() {
+    AddHits();
+    if (total == heaviest) {
+        Halve();
+        top = nodeCount - 1;
+        lookedThrough = 0;
+    }
+    const unsigned formerTop = top;
+    top = ChooseTop();
+    for (unsigned node = formerTop; node >= top; --node) {
+        std::fill(heavier.begin() + weights[node], heavier.begin() + weights[node - 1],
+                  Narrow(node));
+    }
+    heavier[weights[top - 1]] = Narrow(top - 1);
+    if (top > lookedThrough)
+        LookThroughTop();
+}
+
+// At least the root and the heavier of its children, which cannot change places.
+unsigned AdaptiveTree::ChooseTop() {
+    unsigned narrowest = std::min(heaviest - total, longestCredit);
+    unsigned node = 2;
+    for (; node < largestTop && weights[node] + margin <= weights[node - 1]; ++node)
+        narrowest = std::min<unsigned>(narrowest, weights[node - 1] - weights[node]);
+    credit = narrowest - 1;
+    return node;
+}
+
+void AdaptiveTree::LookThroughTop() {
+    lookedThrough = top;
+    for (unsigned bits = 0; bits < table.size(); ++bits) {
+        unsigned child = children[root];
+        unsigned length = 0;
+        for (; length < bitsAhead && child < firstLeaf; ++length) {
+            const unsigned node = child - ((bits >> (bitsAhead - 1 - length)) & 1);
+            if (node >= top)
+                break;
+            child = children[node];
+        }
+        table[bits] = Narrow(child | length << lengthShift);
+    }
+}
+
+// Counts from a node to the root where the top is, or may be, no longer what it was. Returns the
+// root, in which the hit is still to be counted.
+unsigned AdaptiveTree::CountRest(unsigned node) {
+    AddHits();
+    while (node != root) {
+        const unsigned weight = weights[node];
+        unsigned foremost = node;
+        while (weights[foremost - 1] == weight)
+            --foremost;
+        Swap(node, foremost);
+        heavier[weight] = Narrow(foremost);
+        Gain(foremost, weight);
+        node = parents[foremost];
+    }
+    LookThroughTop();
+    credit = 0;
+    return root;
 }
 
 // Builds the tree from the lightest nodes to the root. A branch goes in front of all that are not
@@ -71,7 +136,7 @@ void AdaptiveTree::Halve() {
             pair -= 2;
         }
     }
-    CountHeavier();
+    weights[root] = neverReached;
 }
 
 } // namespace tamblin::lzh
