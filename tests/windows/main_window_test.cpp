@@ -118,21 +118,27 @@ TEST_F(MainWindowTest, FitsASmallScreenAtEveryDensity) {
     }
 }
 
-// As on 800 by 600 pixels at 144 dpi and on 1400 by 1050 at 192.
-TEST_F(MainWindowTest, ListsAreWideEnoughForNamesOnASmallScreen) {
+// As on 800 pixels at 144 dpi, in proportion.
+TEST_F(MainWindowTest, ListsAreWideEnoughForNamesOnANarrowScreen) {
     Open();
-    for (const auto& [dpi, width, height] : {std::tuple{144u, 800, 570}, {192u, 1400, 1010}}) {
-        MoveToDensity(*form, dpi);
-        SetWindowPos(form->Handle(), nullptr, 0, 0, width, height,
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-        for (const int number : {1, 2, 3}) {
-            RECT area{};
-            GetClientRect(List(number), &area);
-            EXPECT_GE(area.right, form->Measure().Across(4 * 18)) << dpi << " " << number;
-            EXPECT_GE(area.bottom, 3 * form->Measure().LineHeight()) << dpi << " " << number;
-        }
-        EXPECT_EQ(CutOffCaptions(*form) + MisplacedControls(*form), "");
+    const auto areaOf = [](HWND window) {
+        RECT area{};
+        GetWindowRect(window, &area);
+        return area;
+    };
+    const HWND label = Find(*form, ControlKind::Label, 5);
+    EXPECT_GE(areaOf(label).left, areaOf(Command(3)).right);
+    MoveToDensity(*form, static_cast<unsigned>(MulDiv(144, GetSystemMetrics(SM_CXSCREEN), 800)));
+    ShrinkToMinimum(*form);
+    EXPECT_GE(areaOf(label).top, areaOf(Command(3)).bottom);
+    const int least[] = {24, 24, 16};
+    for (const int number : {1, 2, 3}) {
+        RECT area{};
+        GetClientRect(List(number), &area);
+        EXPECT_GE(area.right, form->Measure().Across(4 * least[number - 1])) << number;
+        EXPECT_GE(area.bottom, 3 * form->Measure().LineHeight()) << number;
     }
+    EXPECT_EQ(CutOffCaptions(*form) + MisplacedControls(*form), "");
 }
 
 TEST_F(MainWindowTest, OpensOnAboutSixtyPerCentOfTheScreen) {
