@@ -46,14 +46,16 @@ DWORD ExtendedStyleOf(FormFrame frame) {
 }
 
 // Controls that move are painted anew, not copied: in a batch one control's new place may be
-// another's old one, which is then no longer there to be copied from. Those that stay are left
-// alone.
+// another's old one, which is then no longer there to be copied from. They are painted, and their
+// frames drawn, once all have moved: until then one may stand where another still is. Those that
+// stay are left alone.
 class MoveTogether : public Placement {
   public:
     explicit MoveTogether(size_t count) : moves(BeginDeferWindowPos(static_cast<int>(count))) {}
-    // The frames too: until all have moved, one control may stand where another one still is.
     ~MoveTogether() override {
         EndDeferWindowPos(moves);
+        if (!moved.empty())
+            RedrawWindow(GetParent(moved.front()), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE);
         for (const HWND control : moved)
             RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
     }
@@ -62,7 +64,7 @@ class MoveTogether : public Placement {
             return;
         moved.push_back(control);
         moves = DeferWindowPos(moves, control, nullptr, place.left, place.top, place.width,
-                               place.height, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+                               place.height, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
     }
 
   private:
