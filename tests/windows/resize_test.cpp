@@ -193,8 +193,9 @@ TEST_F(ResizeTest, PaintsEachControlAtMostOnceForASizeAndAtOnce) {
             const bool stayed = EqualRect(&before, &after) || IsRectEmpty(&after);
             EXPECT_EQ(paintings.count, stayed ? 0 : 1) << GetDlgCtrlID(window);
             // A list's scroll bars may come, go or change besides.
-            if (control->Name().kind != ControlKind::List)
+            if (control->Name().kind != ControlKind::List) {
                 EXPECT_LE(paintings.frames, stayed ? 0 : 1) << GetDlgCtrlID(window);
+            }
             SetSize(form, 800, 700);
             Settle();
         }
