@@ -59,7 +59,6 @@ SMOOTHED = f"""Windows Registry Editor Version 5.00
 def dress(machine):
     machine.write("C:\\smoothed.reg", SMOOTHED.encode())
     machine.command(*machine.in_prefix("wine", "regedit", "/S", "C:\\smoothed.reg"))
-    machine.command(*machine.in_prefix("wineserver", "-w"))
     machine.path("C:\\smoothed.reg").unlink()
 
 

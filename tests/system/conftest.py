@@ -1,4 +1,4 @@
-"""Fixtures: for every test a fresh machine, and on it the program with two hosts and packages."""
+"""Fixtures: for every test an empty machine, and on it the program with two hosts and packages."""
 
 import itertools
 import os
@@ -39,7 +39,7 @@ def pytest_runtest_makereport(item, call):
 
 @pytest.fixture(scope="session", autouse=True)
 def display():
-    """A screen of our own, also for each of several processes that share the tests."""
+    """A screen of our own."""
     command = [ROOT / "tools" / "with-display", "sh", "-c", "echo $DISPLAY; cat"]
     screen = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
     os.environ["DISPLAY"] = screen.stdout.readline().decode().strip()
@@ -56,11 +56,36 @@ def samples(tmp_path_factory):
     return folder
 
 
+@pytest.fixture(scope="module")
+def drives():
+    """The machine's drives beside C:."""
+    return "d"
+
+
+@pytest.fixture(scope="module")
+def machines():
+    """The machine that a module's tests share, one after the other."""
+    current = []
+    yield current
+    for machine in current:
+        machine.remove()
+
+
 @pytest.fixture
-def machine(request):
-    machine = Machine(MACHINES / f"system-{os.getpid()}-{next(numbers)}", drives="d")
+def fresh():
+    """For tests that want a machine on which no program has ever run."""
+
+
+@pytest.fixture
+def machine(request, machines, drives):
+    if "fresh" in request.fixturenames and machines:
+        machines.pop().remove()
+    if not machines:
+        machines.append(Machine(MACHINES / f"system-{os.getpid()}-{next(numbers)}", drives))
+    machine = machines[0]
     yield machine
-    machine.remove()
+    if not machine.sweep():
+        machines.pop().remove()
 
 
 @pytest.fixture

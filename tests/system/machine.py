@@ -1,9 +1,12 @@
 """A small Windows machine: a fresh Wine prefix whose drives are real folders."""
 
+import functools
 import os
 import pathlib
 import shutil
 import subprocess
+
+from operator_client import Operator, OperatorError
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PROGRAMS = pathlib.Path(os.environ.get("TAMBLIN_PROGRAMS", ROOT / "build" / "windows"))
@@ -15,11 +18,14 @@ OPERATOR = PROGRAMS / "tests" / "system" / "operator.exe"
 
 
 def discard(entry):
-    """Deletes a file, a link, or a folder with all it holds."""
-    if entry.is_dir() and not entry.is_symlink():
-        shutil.rmtree(entry)
-    else:
+    """Deletes a file, a link, or a folder with all it holds, whatever its permissions are."""
+    if entry.is_symlink() or not entry.is_dir():
         entry.unlink()
+        return
+    entry.chmod(0o755)
+    for inner in entry.iterdir():
+        discard(inner)
+    entry.rmdir()
 
 
 class Machine:
@@ -28,7 +34,28 @@ class Machine:
     def __init__(self, folder, drives="d"):
         self.prefix = pathlib.Path(folder).absolute()
         self.started = []
+        self.drives = "c" + drives
         self.command(ROOT / "tools" / "wine-prefix", self.prefix, *drives)
+        self.copy_in(OPERATOR, Operator.PROGRAM)
+        self.own = self.entries()
+
+    @functools.cached_property
+    def operator(self):
+        """Serves for as long as the machine runs."""
+        return Operator(self)
+
+    def entries(self):
+        return {entry for drive in self.drives for entry in self.path(drive + ":\\").iterdir()}
+
+    def sweep(self):
+        """Ends all programs and empties the drives, for the next test; false when that is impossible."""
+        try:
+            self.operator.ask("end-programs")
+        except OperatorError:
+            return False
+        for entry in self.entries() - self.own:
+            discard(entry)
+        return True
 
     @staticmethod
     def command(*command):
@@ -82,14 +109,6 @@ class Machine:
         )
         self.started.append(process)
         return process
-
-    @staticmethod
-    def note_that_wine_did_not_come_up(why):
-        """For the summary of the tests, as tools/wine-prefix does."""
-        results = pathlib.Path(os.environ.get("TAMBLIN_RESULTS", ROOT / "build" / "results"))
-        results.mkdir(parents=True, exist_ok=True)
-        with (results / "wine-did-not-come-up.log").open("a") as log:
-            log.write(why.replace("\n", " ") + "\n")
 
     def stop(self):
         """Ends everything that runs on the machine."""

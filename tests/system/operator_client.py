@@ -1,11 +1,10 @@
 """Talks to operator.exe, which operates windows by messages from a process of its own."""
 
+import contextlib
 import json
 import queue
 import subprocess
 import threading
-
-from machine import OPERATOR
 
 
 class OperatorError(Exception):
@@ -17,40 +16,32 @@ class Operator:
 
     PROGRAM = "C:\\operator\\operator.exe"
 
-    ATTEMPTS = 3
-
     def __init__(self, machine):
-        machine.copy_in(OPERATOR, self.PROGRAM)
-        for attempt in range(1, self.ATTEMPTS + 1):
-            try:
-                self._start(machine)
-                return
-            except (OperatorError, OSError) as error:
-                # The first program of a machine that ends before it has done anything: Wine is not up.
-                machine.note_that_wine_did_not_come_up(f"{error} {self.log.read_text(errors='replace')}")
-                if attempt == self.ATTEMPTS:
-                    raise
-
-    def _start(self, machine):
         self.log = machine.prefix / "tmp" / "operator.log"
         with self.log.open("wb") as log:
             self.process = machine.start(
                 self.PROGRAM, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=log
             )
         self.answers = queue.Queue()
-        threading.Thread(target=self._listen, args=(self.process, self.answers), daemon=True).start()
+        threading.Thread(target=self._listen, daemon=True).start()
         self.ask("processes")
 
-    @staticmethod
-    def _listen(process, answers):
-        for line in process.stdout:
-            answers.put(json.loads(line))
-        answers.put({"error": f"the operator has ended with {process.wait()}"})
+    def _listen(self):
+        for line in self.process.stdout:
+            try:
+                answer = json.loads(line)
+            except ValueError:
+                answer = {"error": f"the operator has printed {line!r}"}
+            self.answers.put(answer)
+        code = self.process.wait()
+        said = self.log.read_text(errors="replace")
+        self.answers.put({"error": f"the operator has ended with {code}: {said}"})
 
     def ask(self, command, *arguments, timeout=300):
         line = "\t".join([command, *[str(argument) for argument in arguments]])
-        self.process.stdin.write(line.encode() + b"\n")
-        self.process.stdin.flush()
+        with contextlib.suppress(BrokenPipeError):  # The last answer says how it has ended.
+            self.process.stdin.write(line.encode() + b"\n")
+            self.process.stdin.flush()
         try:
             answer = self.answers.get(timeout=timeout)
         except queue.Empty:

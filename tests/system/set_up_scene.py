@@ -1,12 +1,8 @@
 """What set-up tests share: a program on a machine with several drives, and journeys through it."""
 
-import itertools
-import os
-
 import pytest
 
 from hosts import make_host
-from machine import MACHINES, Machine, discard
 from more_windows import (
     ChoiceWindow,
     HelpWindow,
@@ -15,10 +11,8 @@ from more_windows import (
     SearchWindow,
     WizardWindow,
 )
-from operator_client import OperatorError
 from tamblin_app import App, wait_until
 
-numbers = itertools.count(1)
 EXIT = "Tamblin を終了してもよろしいですか？"
 CANCELLED = "Vimoraフォルダの検出を中止しました。"
 NOTHING_NEW = "新しく、Vimoraを検出することができませんでした。"
@@ -39,73 +33,20 @@ def with_windows(app):
     return app
 
 
-class BareMachine:
-    """Fixed drives C:, D: and those in SPARE, which are empty, a removable drive F:, and the program,
-    not started and without settings."""
-
-    SPARE = "stuvwxyz"
-    DRIVES = "cdf" + SPARE
-
-    def __init__(self):
-        folder = MACHINES / f"set-up-{os.getpid()}-{next(numbers)}"
-        self.machine = Machine(folder, drives=self.DRIVES[1:])
-        self.app = with_windows(App(self.machine))
-        assert self.app.operator
-        self.content = self.entries()
-
-    def entries(self):
-        tops = [self.machine.path(drive + ":\\") for drive in self.DRIVES]
-        tops.append(self.machine.path(App.FOLDER))
-        return {entry for top in tops for entry in top.iterdir()}
-
-    def sweep(self):
-        """Makes the machine bare again; false when the program does not end."""
-        forms = [w for w in self.app.operator.windows() if w["class"].startswith("Tamblin.")]
-        try:
-            if forms:
-                self.app.operator.ask("end-session", forms[0]["window"])
-            self.app.wait_ended()
-        except (OperatorError, TimeoutError):
-            return False
-        for entry in self.entries() - self.content:
-            discard(entry)
-        return True
+# Fixed drives, which are empty.
+SPARE = "stuvwxyz"
 
 
 @pytest.fixture(scope="module")
-def bare_machines():
-    """The machine that a module's tests share, one after the other."""
-    current = []
-    yield current
-    for bare in current:
-        bare.machine.remove()
+def drives():
+    """D: is fixed, too; F: is removable."""
+    return "df" + SPARE
 
 
 @pytest.fixture
-def fresh():
-    """For tests that want a machine on which no program has ever run."""
-
-
-@pytest.fixture
-def bare(request, bare_machines):
-    if "fresh" in request.fixturenames and bare_machines:
-        bare_machines.pop().machine.remove()
-    if not bare_machines:
-        bare_machines.append(BareMachine())
-    bare = bare_machines[0]
-    yield bare
-    if not bare.sweep():
-        bare_machines.pop().machine.remove()
-
-
-@pytest.fixture
-def app(bare):
-    return bare.app
-
-
-@pytest.fixture
-def machine(bare):
-    return bare.machine
+def app(machine):
+    """The program, not started and without settings."""
+    return with_windows(App(machine))
 
 
 def shown_windows(app):

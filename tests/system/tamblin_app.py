@@ -5,14 +5,13 @@ the screen (the methods named real_...). Nothing sleeps for a fixed time: whoeve
 for it, and a state that does not come is an error that says what was there instead.
 """
 
-import functools
 import os
 import pathlib
 import subprocess
 import time
 
 from machine import TAMBLIN
-from operator_client import Operator, OperatorError
+from operator_client import OperatorError
 
 KINDS = {"command": 1, "list": 2, "label": 3, "text": 4, "combo": 5, "option": 6, "check": 7, "image": 8}
 BUTTONS = {"OK": 1, "Cancel": 2, "Retry": 4, "Yes": 6, "No": 7}
@@ -41,7 +40,7 @@ def wait_until(condition, what, timeout=PATIENCE):
             return value
         if time.monotonic() > end:
             raise TimeoutError(f"waited {timeout} s for {what}; last found {found}")
-        time.sleep(0.02)
+        time.sleep(0.05)
 
 
 class Control:
@@ -356,9 +355,9 @@ class App:
         self.box = MessageBox(self)
         machine.copy_in(TAMBLIN, self.PROGRAM)
 
-    @functools.cached_property
+    @property
     def operator(self):
-        return Operator(self.machine)
+        return self.machine.operator
 
     def write_ini(self, *lines):
         """tamb.ini, one line per argument, in the system's code page."""

@@ -7,11 +7,8 @@ from more_windows import LB_GETHORIZONTALEXTENT
 from set_up_scene import (  # noqa: F401
     app,
     assert_main_shows,
-    bare,
-    bare_machines,
-    fresh,
+    drives,
     leave_main,
-    machine,
     make_known,
     shown_windows,
     start_main,

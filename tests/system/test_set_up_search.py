@@ -9,15 +9,12 @@ from set_up_scene import (  # noqa: F401
     NO_HOST,
     NOTHING_NEW,
     REGISTER_QUESTION,
-    BareMachine,
+    SPARE,
     app,
     assert_main_shows,
-    bare,
-    bare_machines,
-    fresh,
+    drives,
     fresh_settings,
     leave_main,
-    machine,
     make_known,
     shown_windows,
     start_main,
@@ -197,7 +194,7 @@ def large(machine):
             for inner in range(50):
                 (folders / f"{outer:02}" / f"{inner:02}").mkdir(parents=True)
             (folders / f"{outer:02}" / "file.txt").write_bytes(b"")
-    drives = [machine.path(letter + ":\\") for letter in BareMachine.SPARE]
+    drives = [machine.path(letter + ":\\") for letter in SPARE]
     for drive in drives:
         drive.rmdir()
         drive.symlink_to(folders)
@@ -272,7 +269,7 @@ def test_the_counters_live_during_the_search(app, large):
     start_wizard(app)
     search(app)
     wait_searching(app)
-    assert app.search.drive.text() in [letter + ":\\" for letter in "C" + BareMachine.SPARE.upper()]
+    assert app.search.drive.text() in [letter + ":\\" for letter in "C" + SPARE.upper()]
     first = int(app.search.folder_count.text())
     wait_until(lambda: int(app.search.folder_count.text()) > first, "the folders to be counted on")
     assert app.search.folder_count.text().startswith(" ")
@@ -289,7 +286,7 @@ def test_a_search_after_a_cancelled_one_finds_everything(app, large):
     app.search.cancel.press()
     app.answer(CANCELLED, "OK")
     wait_only(app, app.wizard)
-    for letter in BareMachine.SPARE[1:]:
+    for letter in SPARE[1:]:
         empty_again(large.path(letter + ":\\"))
     search(app)
     wait_only(app, app.main)

@@ -17,6 +17,7 @@
 #include "file_operations.h"
 #include "json.h"
 #include "message_operations.h"
+#include "process_operations.h"
 #include "window_operations.h"
 
 namespace {
@@ -170,6 +171,10 @@ const std::map<std::string, Operation>& Operations() {
         {"processes",
          [](const Arguments&) {
              return Processes();
+         }},
+        {"end-programs",
+         [](const Arguments&) {
+             return EndPrograms();
          }},
     };
     return operations;

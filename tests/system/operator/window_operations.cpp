@@ -1,9 +1,6 @@
 #include "window_operations.h"
 
-#include <tlhelp32.h>
-
 #include <algorithm>
-#include <memory>
 #include <stdexcept>
 
 #include "json.h"
@@ -269,20 +266,6 @@ std::string Focus() {
         return "null";
     }
     return OneWindow(info.hwndFocus);
-}
-
-std::string Processes() {
-    const std::unique_ptr<void, decltype(&CloseHandle)> snapshot(
-        CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0), CloseHandle);
-    PROCESSENTRY32W entry{};
-    entry.dwSize = sizeof entry;
-    std::vector<std::string> processes;
-    for (BOOL more = Process32FirstW(snapshot.get(), &entry); more != 0;
-         more = Process32NextW(snapshot.get(), &entry)) {
-        processes.push_back(JsonObject(
-            {{"process", JsonNumber(entry.th32ProcessID)}, {"name", JsonText(entry.szExeFile)}}));
-    }
-    return JsonArray(processes);
 }
 
 } // namespace tamblin

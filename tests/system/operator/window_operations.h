@@ -48,7 +48,4 @@ std::string EndSession(HWND window);
 // The control that has the keyboard focus in the thread of the active window.
 std::string Focus();
 
-// The programs running: number and file name.
-std::string Processes();
-
 } // namespace tamblin
