@@ -18,9 +18,9 @@ function(tamblin_add_test name label)
 endfunction()
 
 # For tests that keep a processor busy from beginning to end: ./test runs four times as many at a time
-# as there are processors, because most wait for windows more than they compute. They begin first.
+# as there are processors, because most wait for windows more than they compute.
 function(tamblin_test_computes name)
-    set_tests_properties(${name} PROPERTIES PROCESSORS 4 COST 100)
+    set_tests_properties(${name} PROPERTIES PROCESSORS 4)
 endfunction()
 
 # GoogleTest as the system has it for the target, else from its source (Debian's for cross builds).

@@ -4,6 +4,8 @@
 
 #include <tlhelp32.h>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -27,14 +29,14 @@ std::vector<PROCESSENTRY32W> RunningProcesses() {
     return processes;
 }
 
-bool IsOfWindows(HANDLE process) {
-    wchar_t program[MAX_PATH];
-    DWORD length = MAX_PATH;
-    wchar_t windows[MAX_PATH];
-    const UINT prefix = GetWindowsDirectoryW(windows, MAX_PATH);
-    return QueryFullProcessImageNameW(process, 0, program, &length) != 0 && length > prefix &&
-           CompareStringOrdinal(program, static_cast<int>(prefix), windows,
-                                static_cast<int>(prefix), TRUE) == CSTR_EQUAL;
+// What the system itself is made of. A program that comes with it, such as an editor, is none of
+// it.
+bool IsSystem(const PROCESSENTRY32W& entry) {
+    constexpr const wchar_t* names[] = {L"conhost.exe",   L"explorer.exe", L"plugplay.exe",
+                                        L"rpcss.exe",     L"services.exe", L"svchost.exe",
+                                        L"winedevice.exe"};
+    return std::any_of(std::begin(names), std::end(names),
+                       [&](const wchar_t* name) { return lstrcmpiW(entry.szExeFile, name) == 0; });
 }
 
 } // namespace
@@ -50,12 +52,12 @@ std::string Processes() {
 
 std::string EndPrograms() {
     for (const PROCESSENTRY32W& entry : RunningProcesses()) {
+        if (IsSystem(entry) || entry.th32ProcessID == GetCurrentProcessId()) {
+            continue;
+        }
         const Handle process(
-            OpenProcess(PROCESS_TERMINATE | PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE, FALSE,
-                        entry.th32ProcessID),
-            CloseHandle);
-        if (process != nullptr && entry.th32ProcessID != GetCurrentProcessId() &&
-            !IsOfWindows(process.get())) {
+            OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, entry.th32ProcessID), CloseHandle);
+        if (process != nullptr) {
             TerminateProcess(process.get(), 1);
             WaitForSingleObject(process.get(), INFINITE);
         }

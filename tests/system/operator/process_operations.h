@@ -8,7 +8,7 @@ namespace tamblin {
 // The programs running: number and file name.
 std::string Processes();
 
-// Ends every program but this one and those of Windows itself, at once.
+// Ends every program but this one and what the system is made of, at once.
 std::string EndPrograms();
 
 } // namespace tamblin
