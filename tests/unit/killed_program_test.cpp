@@ -1,0 +1,392 @@
+// The program is killed in the middle of a command, before each of the calls of Windows that change
+// something on the disk, one after the other. Every file that was there is then the former one or
+// the new one, whole, and the same command once more finishes the job.
+//
+// Each test starts itself as a process of its own for every call; an environment variable tells
+// that process at which call it ends.
+#ifdef _WIN32
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstring>
+#include <filesystem>
+#include <map>
+
+#include "platform/win32/win32_desktop_shell.h"
+#include "platform/win32/win32_file_system.h"
+#include "support/event_loop_fake.h"
+#include "support/message_boxes_fake.h"
+#include "support/native_ansi_code_page.h"
+#include "support/program_starter_fake.h"
+#include "support/temporary_folder.h"
+#include "support/unlha_fake.h"
+#include "support/work_progress_fake.h"
+#include "unit/rules_fixture.h"
+
+namespace tamblin {
+namespace {
+
+constexpr wchar_t callVariable[] = L"TAMBLIN_TEST_KILLED_AT_CALL";
+constexpr wchar_t folderVariable[] = L"TAMBLIN_TEST_KILLED_IN";
+constexpr UINT killed = 77;
+constexpr UINT finished = 78;
+
+// --- The end of a process at one of its calls ------------------------------------------------
+
+unsigned long callsLeft = 0; // 0: none ends it
+
+void CountCall() {
+    if (callsLeft > 0 && --callsLeft == 0)
+        TerminateProcess(GetCurrentProcess(), killed);
+}
+
+// Where the program keeps the address of a function of Windows.
+ULONG_PTR* ImportedAddress(const char* name) {
+    const auto base = reinterpret_cast<BYTE*>(GetModuleHandleW(nullptr));
+    const auto dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    for (auto* dll =
+             reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+         dll->Name != 0; ++dll) {
+        auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + dll->OriginalFirstThunk);
+        auto* addresses = reinterpret_cast<IMAGE_THUNK_DATA*>(base + dll->FirstThunk);
+        for (; names->u1.AddressOfData != 0; ++names, ++addresses) {
+            if (IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal))
+                continue;
+            const auto* import =
+                reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + names->u1.AddressOfData);
+            if (std::strcmp(reinterpret_cast<const char*>(import->Name), name) == 0)
+                return reinterpret_cast<ULONG_PTR*>(&addresses->u1.Function);
+        }
+    }
+    return nullptr;
+}
+
+void Import(const char* name, ULONG_PTR function) {
+    ULONG_PTR* const address = ImportedAddress(name);
+    if (address == nullptr)
+        ExitProcess(1);
+    DWORD protection = 0;
+    VirtualProtect(address, sizeof *address, PAGE_READWRITE, &protection);
+    *address = function;
+    VirtualProtect(address, sizeof *address, protection, &protection);
+}
+
+// A killed program's files need not have reached the disk, which would take most of the time.
+BOOL WINAPI FlushNothing(HANDLE) {
+    CountCall();
+    return TRUE;
+}
+
+class WithoutFlushing {
+  public:
+    WithoutFlushing() : real(*ImportedAddress("FlushFileBuffers")) {
+        Import("FlushFileBuffers", reinterpret_cast<ULONG_PTR>(&FlushNothing));
+    }
+    ~WithoutFlushing() { Import("FlushFileBuffers", real); }
+    WithoutFlushing(const WithoutFlushing&) = delete;
+    WithoutFlushing& operator=(const WithoutFlushing&) = delete;
+
+  private:
+    ULONG_PTR real;
+};
+
+template <int Number, typename Function>
+struct Counted;
+
+template <int Number, typename Result, typename... Arguments>
+struct Counted<Number, Result(WINAPI*)(Arguments...)> {
+    static inline Result(WINAPI* real)(Arguments...) = nullptr;
+    static Result WINAPI Call(Arguments... arguments) {
+        CountCall();
+        return real(arguments...);
+    }
+};
+
+// From now on the program's calls of the function are counted. Each has a number of its own.
+template <int Number, typename Function>
+void CountCallsOf(const char* name, Function function) {
+    using ThisCounted = Counted<Number, Function>;
+    ThisCounted::real = function;
+    Import(name, reinterpret_cast<ULONG_PTR>(&ThisCounted::Call));
+}
+
+void CountCallsThatChangeTheDisk() {
+    CountCallsOf<1>("CreateFileW", CreateFileW);
+    CountCallsOf<2>("WriteFile", WriteFile);
+    CountCallsOf<3>("SetFileInformationByHandle", SetFileInformationByHandle);
+    CountCallsOf<4>("SetFileAttributesW", SetFileAttributesW);
+    CountCallsOf<5>("MoveFileExW", MoveFileExW);
+    CountCallsOf<6>("CopyFileW", CopyFileW);
+    CountCallsOf<7>("DeleteFileW", DeleteFileW);
+    CountCallsOf<8>("CreateDirectoryW", CreateDirectoryW);
+    CountCallsOf<9>("RemoveDirectoryW", RemoveDirectoryW);
+    CountCallsOf<10>("SetCurrentDirectoryW", SetCurrentDirectoryW);
+}
+
+// --- A computer with the program, a host and a package --------------------------------------
+
+constexpr char formerSettings[] = "# mine\r\nVERSION=Ver.0.60\r\nVMRFOLDER=C:\\gone\r\n";
+constexpr char formerStartUp[] = "H001currentobl=other.obl\r\nX=1\r\n";
+constexpr char formerDefinitions[] = "#mine\r\na,b,1\r\n";
+constexpr char mergedDefinitions[] = "#mine\r\na,b,2\r\nc,d,2\r\n";
+const std::map<std::wstring, std::string> package = {{L"mio.obl", "mio 1"},
+                                                     {L"mio\\face.bmp", "mio 2"},
+                                                     {L"mio\\dat\\voice.wav", "mio 3"},
+                                                     {L"mio\\KVA.DEF", "a,b,2\r\nc,d,2\r\n"},
+                                                     {L"old.obl", "mio 4"}};
+
+struct RealScene {
+    explicit RealScene(const std::wstring& topFolder) : top(topFolder) {}
+
+    // As it is before the command. A former one goes.
+    void Furnish() {
+        files.SetCurrentFolder(top);
+        for (const std::wstring& folder : {Host(), top.substr(0, 3) + L"TAMTMP"})
+            std::filesystem::remove_all(folder);
+        for (const wchar_t* folder :
+             {L"\\Host", L"\\Host\\abc", L"\\Host\\mio", L"\\Packs", L"\\Tamblin"})
+            if (!files.Find(top + folder))
+                files.MakeFolder(top + folder);
+        for (const auto& [path, bytes] : Former())
+            files.Write(top + path, bytes);
+        if (files.Find(top + L"\\Tamblin\\tamb.bak"))
+            files.Delete(top + L"\\Tamblin\\tamb.bak");
+    }
+
+    static const std::map<std::wstring, std::string>& Former() {
+        static const std::map<std::wstring, std::string> former = {
+            {L"\\Host\\ombrel.exe", "the former program"},
+            {L"\\Host\\ombrel.rc", formerStartUp},
+            {L"\\Host\\kva.def", formerDefinitions},
+            {L"\\Host\\kva.tmp", "from an earlier merge"},
+            {L"\\Host\\abc.obl", "definition"},
+            {L"\\Host\\abc\\face.bmp", "picture"},
+            {L"\\Host\\old.obl", "to be replaced"},
+            {L"\\Packs\\ombrel.exe", "a newer program"},
+            {L"\\Packs\\p.lzh", "archive"},
+            {L"\\Tamblin\\tamb.ini", formerSettings}};
+        return former;
+    }
+
+    // The main window as it is when the user gives the command.
+    void Open() {
+        state = {};
+        state.DefaultFolder = Host();
+        state.ViewFolder = top + L"\\Packs";
+        state.KvaOption = L"ON";
+        Register(state, Host());
+        unlha.onUnpack = [&](const std::wstring&) {
+            Unpack();
+            return std::int16_t{0};
+        };
+        main.Load();
+        Select(main.Model().installed.names, {L"abc"});
+    }
+
+    // Which call unpacks what is not asked here.
+    void Unpack() {
+        const auto left = std::exchange(callsLeft, 0);
+        const std::wstring staging = top.substr(0, 3) + L"TAMTMP\\";
+        files.MakeFolder(staging + L"mio");
+        files.MakeFolder(staging + L"mio\\dat");
+        for (const auto& [path, bytes] : package)
+            files.Write(staging + path, bytes);
+        callsLeft = left;
+    }
+
+    std::wstring Host() const { return top + L"\\Host"; }
+    bool Holds(const std::wstring& path, std::string_view bytes) {
+        return files.Find(top + path) && files.Read(top + path) == bytes;
+    }
+    // False when something else stands there, or nothing.
+    bool HoldsFormer(const std::wstring& path) { return Holds(path, Former().at(path)); }
+
+    std::wstring top;
+    Win32FileSystem files{{Patience::Milliseconds{0}, [](Patience::Milliseconds) {
+                           }}};
+    Win32DesktopShell shell;
+    ProgramStarterFake starter;
+    MessageBoxesFake messages;
+    EventLoopFake events;
+    UnlhaFake unlha;
+    NativeAnsiCodePage ansi;
+    WorkProgressFake progress;
+    Platform platform{files, shell, starter,  messages,          events,
+                      unlha, ansi,  progress, top + L"\\Tamblin"};
+    SettingsState state;
+    SettingsFile settings{platform, state};
+    MainScreen main{platform, state, settings};
+    InstallScreenFake screen;
+};
+
+// --- The commands and what they may leave ---------------------------------------------------
+
+struct KilledCommand {
+    const char* name;
+    void (*run)(RealScene& scene);
+    void (*checkKilled)(RealScene& scene);
+    void (*checkFinished)(RealScene& scene);
+    unsigned atLeast; // so many calls change the disk
+};
+
+void PrintTo(const KilledCommand& command, std::ostream* out) {
+    *out << command.name;
+}
+
+bool HoldsNewSettings(RealScene& scene) {
+    const std::string bytes = scene.files.Read(scene.top + L"\\Tamblin\\tamb.ini");
+    return bytes.starts_with("# mine\r\nVERSION=Ver.0.61\r\nVMRFOLDER=") &&
+           bytes.ends_with("\r\n") && bytes.find("\r\nVIEWFOLDER=") == std::string::npos;
+}
+
+void ExpectRestKept(RealScene& scene, const std::vector<std::wstring>& changed) {
+    for (const auto& [path, bytes] : RealScene::Former())
+        if (std::find(changed.begin(), changed.end(), path) == changed.end()) {
+            EXPECT_TRUE(scene.Holds(path, bytes)) << std::string(path.begin(), path.end());
+        }
+}
+
+const KilledCommand commands[] = {
+    {"Save", [](RealScene& scene) { scene.main.ExitPressed(); },
+     [](RealScene& scene) {
+         EXPECT_TRUE(scene.HoldsFormer(L"\\Tamblin\\tamb.ini") || HoldsNewSettings(scene));
+         ExpectRestKept(scene, {L"\\Tamblin\\tamb.ini"});
+     },
+     [](RealScene& scene) {
+         EXPECT_TRUE(HoldsNewSettings(scene));
+         EXPECT_FALSE(scene.files.Find(scene.top + L"\\Tamblin\\tamb.bak"));
+     },
+     10},
+    {"Launch",
+     [](RealScene& scene) {
+         if (!scene.files.Find(scene.Host() + L"\\ombrel_rc.bak"))
+             scene.main.LaunchPressed();
+     },
+     [](RealScene& scene) {
+         EXPECT_TRUE(scene.HoldsFormer(L"\\Host\\ombrel.rc") ||
+                     scene.Holds(L"\\Host\\ombrel_rc.bak", formerStartUp));
+         ExpectRestKept(scene, {L"\\Host\\ombrel.rc"});
+     },
+     [](RealScene&) {}, 5},
+    {"Update",
+     [](RealScene& scene) {
+         scene.main.Model().buttons[3] = true;
+         scene.main.UpdateHostPressed();
+     },
+     [](RealScene& scene) {
+         EXPECT_TRUE(scene.HoldsFormer(L"\\Host\\ombrel.exe") ||
+                     scene.Holds(L"\\Host\\ombrel.exe", "a newer program"));
+         ExpectRestKept(scene, {L"\\Host\\ombrel.exe"});
+     },
+     [](RealScene& scene) { EXPECT_TRUE(scene.Holds(L"\\Host\\ombrel.exe", "a newer program")); },
+     6},
+    {"InstallWithMerge",
+     [](RealScene& scene) {
+         Select(scene.main.Model().browser.Files(), {L"p.lzh"});
+         scene.main.InstallPressed(scene.screen);
+     },
+     [](RealScene& scene) {
+         EXPECT_TRUE(scene.HoldsFormer(L"\\Host\\kva.def") ||
+                     (scene.Holds(L"\\Host\\kva.def", mergedDefinitions) &&
+                      scene.Holds(L"\\Host\\kva.tmp", formerDefinitions)));
+         EXPECT_TRUE(scene.HoldsFormer(L"\\Host\\old.obl") ||
+                     scene.Holds(L"\\Host\\old.obl", "mio 4"));
+         for (const auto& [path, bytes] : package)
+             if (path != L"old.obl" && scene.files.Find(scene.Host() + L"\\" + path)) {
+                 EXPECT_TRUE(scene.Holds(L"\\Host\\" + path, bytes));
+             }
+         ExpectRestKept(scene, {L"\\Host\\kva.def", L"\\Host\\kva.tmp", L"\\Host\\old.obl"});
+     },
+     [](RealScene& scene) {
+         for (const auto& [path, bytes] : package)
+             EXPECT_TRUE(scene.Holds(L"\\Host\\" + path, bytes));
+         EXPECT_TRUE(scene.Holds(L"\\Host\\kva.def", mergedDefinitions));
+         EXPECT_FALSE(scene.files.Find(scene.top.substr(0, 3) + L"TAMTMP"));
+     },
+     40},
+};
+
+std::wstring Variable(const wchar_t* name) {
+    wchar_t value[MAX_PATH]{};
+    GetEnvironmentVariableW(name, value, MAX_PATH);
+    return value;
+}
+
+class KilledProgram : public testing::TestWithParam<KilledCommand> {
+  protected:
+    // What a process of the test does instead.
+    void SetUp() override {
+        const std::wstring call = Variable(callVariable);
+        if (call.empty())
+            return;
+        const WithoutFlushing quick;
+        RealScene scene(Variable(folderVariable));
+        scene.Open();
+        CountCallsThatChangeTheDisk();
+        callsLeft = std::stoul(call);
+        const auto failure = ErrorOf([&] { GetParam().run(scene); });
+        callsLeft = 0;
+        TerminateProcess(GetCurrentProcess(), failure ? 1 : finished);
+    }
+
+    // How the process ended.
+    static DWORD RunKilledAt(unsigned call, const std::wstring& folder) {
+        wchar_t program[MAX_PATH]{};
+        GetModuleFileNameW(nullptr, program, MAX_PATH);
+        const std::string test =
+            std::string("Commands/KilledProgram.LosesNothing/") + GetParam().name;
+        std::wstring commandLine = L"\"" + std::wstring(program) + L"\" --gtest_filter=" +
+                                   std::wstring(test.begin(), test.end());
+        SetEnvironmentVariableW(callVariable, std::to_wstring(call).c_str());
+        SetEnvironmentVariableW(folderVariable, folder.c_str());
+        STARTUPINFOW start{};
+        start.cb = sizeof start;
+        PROCESS_INFORMATION process{};
+        const BOOL created = CreateProcessW(program, commandLine.data(), nullptr, nullptr, FALSE,
+                                            DETACHED_PROCESS, nullptr, nullptr, &start, &process);
+        SetEnvironmentVariableW(callVariable, nullptr);
+        SetEnvironmentVariableW(folderVariable, nullptr);
+        DWORD code = 0;
+        if (created) {
+            WaitForSingleObject(process.hProcess, INFINITE);
+            GetExitCodeProcess(process.hProcess, &code);
+            CloseHandle(process.hThread);
+            CloseHandle(process.hProcess);
+        }
+        return code;
+    }
+};
+
+TEST_P(KilledProgram, LosesNothing) {
+    const TemporaryFolder folder;
+    const WithoutFlushing quick;
+    unsigned call = 1;
+    for (;; ++call) {
+        SCOPED_TRACE(testing::Message() << "call " << call);
+        RealScene scene(folder.Path());
+        scene.Furnish();
+        const DWORD end = RunKilledAt(call, folder.Path());
+        if (end == finished)
+            break;
+        ASSERT_EQ(end, killed);
+        GetParam().checkKilled(scene);
+        RealScene again(folder.Path());
+        again.Open();
+        EXPECT_EQ(ErrorOf([&] { GetParam().run(again); }), std::nullopt);
+        GetParam().checkFinished(again);
+        again.files.SetCurrentFolder(folder.Path());
+    }
+    EXPECT_GT(call, GetParam().atLeast);
+    RecordProperty("calls", static_cast<int>(call) - 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, KilledProgram, testing::ValuesIn(commands),
+                         [](const auto& command) { return command.param.name; });
+
+} // namespace
+} // namespace tamblin
+
+#endif
