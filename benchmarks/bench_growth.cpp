@@ -1,29 +1,22 @@
 // How the time of each operation grows with the number of characters or files: time per item, as a
 // ratio to the plain file operations that the same number of items needs at the least.
 
-#include <chrono>
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <string>
 
 #include "app/main_screen.h"
 #include "base/text.h"
-#include "growth_world.h"
 #include "install/copy_staged_tree.h"
-#include "install/installed_list.h"
 #include "install/package_staging.h"
 #include "install/selection_rules.h"
 #include "maintenance/folder_check.h"
 #include "support/lzh_writer.h"
+#include "timed_install.h"
 
 namespace tamblin {
 namespace {
-
-double Seconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
 
 // The shortest of a few runs: what the machine does besides only ever adds.
 double BestSeconds(const std::function<void()>& work) {
@@ -37,28 +30,6 @@ std::wstring Numbered(const wchar_t* name, size_t number) {
     return name + std::to_wstring(number);
 }
 
-class ConfirmingScreen : public InstallScreen {
-  public:
-    void SetMainWindowEnabled(bool) override {}
-    void ShowConfirmation(const InstallConfirmation&, std::int16_t& InstallAnswer) override {
-        InstallAnswer = AnswerInstall;
-    }
-    bool MainWindowIsOpen() const override { return true; }
-    void* MainWindowHandle() override { return nullptr; }
-};
-
-// File by file: the shell takes its time over large folders, which is not what is measured here.
-void RemoveTree(FileSystem& files, const std::wstring& folder) {
-    for (const FolderEntry& entry : files.List(folder)) {
-        const std::wstring path = folder + L"\\" + entry.name;
-        if (entry.attributes.folder)
-            RemoveTree(files, path);
-        else
-            files.Delete(path);
-    }
-    files.RemoveFolder(folder);
-}
-
 // A host folder with so many characters. One that is there already is taken as it is.
 std::wstring MakeHost(GrowthWorld& world, size_t characters) {
     const std::wstring host = std::wstring(BenchFolder) + Numbered(L"\\host", characters);
@@ -66,9 +37,7 @@ std::wstring MakeHost(GrowthWorld& world, size_t characters) {
         world.files.MakeFolder(BenchFolder);
     if (world.files.Find(host))
         return host;
-    world.files.MakeFolder(host);
-    world.files.Write(host + L"\\ombrel.exe", "");
-    world.files.Write(host + L"\\ombrel.rc", "");
+    MakeEmptyHost(world.files, host);
     for (size_t number = 0; number < characters; ++number) {
         const std::wstring character = host + Numbered(L"\\character", number);
         world.files.MakeFolder(character);
@@ -76,16 +45,6 @@ std::wstring MakeHost(GrowthWorld& world, size_t characters) {
     }
     return host;
 }
-
-struct Session {
-    Session(GrowthWorld& world, const std::wstring& host) : model(world.platform, state) {
-        state.HostFolderCount = 1;
-        state.HostFolders[1] = state.DefaultFolder = host;
-        FillHostFolderCombo(model.combo, state);
-    }
-    SettingsState state;
-    MainModel model;
-};
 
 void Print(const char* what, size_t items, double seconds, double plain) {
     std::printf("%-28s %8zu %12.2f %10.2f\n", what, items,
@@ -96,7 +55,7 @@ void Print(const char* what, size_t items, double seconds, double plain) {
 void MeasureCharacters(size_t characters) {
     GrowthWorld world;
     const std::wstring host = MakeHost(world, characters);
-    Session session(world, host);
+    Session session(world.platform, host);
     MainModel& model = session.model;
     const double listing = BestSeconds([&] { world.files.List(host); });
     const auto measure = [&](const char* what, const std::function<void()>& work) {
@@ -159,7 +118,7 @@ double SecondsOfRenaming(FileSystem& files, size_t count) {
 void MeasureInstall(size_t count) {
     GrowthWorld world;
     const std::wstring host = MakeHost(world, 0);
-    Session session(world, host);
+    Session session(world.platform, host);
     const double renaming = SecondsOfRenaming(world.files, count);
 
     PrepareStagingFolder(host, world.platform);

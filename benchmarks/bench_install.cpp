@@ -4,30 +4,22 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "app/main_screen.h"
-#include "growth_world.h"
-#include "install/installed_list.h"
 #include "support/lzh_encoder.h"
 #include "support/lzh_test_data.h"
 #include "support/lzh_writer.h"
+#include "timed_install.h"
 
 namespace tamblin {
 namespace {
 
 const std::wstring TopFolder = L"C:\\tamblin-install";
 constexpr size_t FilesPerFolder = 100;
-
-double Seconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
 
 // What is installed: packages of one character each, all files with the same contents.
 struct Load {
@@ -120,30 +112,6 @@ class TimedUnlha : public Unlha {
     Unlha& unlha;
 };
 
-class ConfirmingScreen : public InstallScreen {
-  public:
-    void SetMainWindowEnabled(bool) override {}
-    void ShowConfirmation(const InstallConfirmation&, std::int16_t& InstallAnswer) override {
-        InstallAnswer = AnswerInstall;
-    }
-    bool MainWindowIsOpen() const override { return true; }
-    void* MainWindowHandle() override { return nullptr; }
-};
-
-// File by file: the shell takes its time over large folders, which is not what is measured here.
-void RemoveTree(FileSystem& files, const std::wstring& folder) {
-    if (!files.Find(folder))
-        return;
-    for (const FolderEntry& entry : files.List(folder)) {
-        const std::wstring path = folder + L"\\" + entry.name;
-        if (entry.attributes.folder)
-            RemoveTree(files, path);
-        else
-            files.Delete(path);
-    }
-    files.RemoveFolder(folder);
-}
-
 struct Times {
     double bare = 1e9;
     double install = 1e9;
@@ -156,20 +124,15 @@ void InstallOnce(const Load& load, Times& times) {
     Platform platform{world.files, world.shell, world.starter,  world.messages, world.events,
                       unlha,       world.ansi,  world.progress, L"C:\\"};
     const std::wstring host = TopFolder + L"\\host";
-    world.files.MakeFolder(host);
-    world.files.Write(host + L"\\ombrel.exe", "");
-    world.files.Write(host + L"\\ombrel.rc", "");
-    SettingsState state;
-    MainModel model(platform, state);
-    state.HostFolderCount = 1;
-    state.HostFolders[1] = state.DefaultFolder = host;
-    FillHostFolderCombo(model.combo, state);
-    state.BrowseStartFolder = TopFolder + L"\\packages";
+    MakeEmptyHost(world.files, host);
+    Session session(platform, host);
+    MainModel& model = session.model;
+    session.state.BrowseStartFolder = TopFolder + L"\\packages";
     model.browser.RebuildBrowser();
     for (size_t index = 0; index < load.packages; ++index)
         model.browser.Files().Select(index);
     ConfirmingScreen screen;
-    const double seconds = Seconds([&] { Install(model, state, platform, screen); });
+    const double seconds = Seconds([&] { Install(model, session.state, platform, screen); });
     if (model.installed.names.Size() != load.packages)
         std::printf("only %zu of %zu packages were installed\n", model.installed.names.Size(),
                     load.packages);
@@ -206,7 +169,7 @@ void Measure(const Load& load) {
 } // namespace
 } // namespace tamblin
 
-// With an argument: only one package, of so many small files.
+// With arguments: only packages of so many small files each; one, or so many.
 int main(int argumentCount, char** arguments) {
     using namespace tamblin;
     const std::string small = lzh::RandomText(2800, 1);
@@ -218,8 +181,10 @@ int main(int argumentCount, char** arguments) {
         {"100 packages", 100, 50, small},
         {"1 package of 200 MB", 1, 50, lzh::RandomText(4 << 20, 2)},
     };
-    if (argumentCount > 1)
-        loads = {{"1 package", 1, std::stoul(arguments[1]), small}};
+    if (argumentCount > 1) {
+        const size_t packages = argumentCount > 2 ? std::stoul(arguments[2]) : 1;
+        loads = {{"packages", packages, std::stoul(arguments[1]), small}};
+    }
     try {
         std::printf("%-26s %7s %10s %10s %10s %8s\n", "(us per file)", "files", "bare", "install",
                     "unpacking", "ratio");
