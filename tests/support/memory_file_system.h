@@ -63,8 +63,9 @@ class MemoryFileSystem : public FileSystem {
                  HolderShares shares = HolderShares::Nothing);
     Patience::Milliseconds Waited() const { return waited; }
 
-    // The user may neither look into the folder nor touch what it holds.
+    // The user may neither look into the folder nor touch what it holds, nor may the shell for him.
     void DenyAccess(const std::wstring& folder);
+    void AllowAccess(const std::wstring& folder);
 
     // Another session of the program holds the folder.
     void HoldElsewhere(const std::wstring& folder);
@@ -166,6 +167,7 @@ class MemoryFileSystem : public FileSystem {
 
     bool HoldsCurrentFolder(const Node& folder) const;
     bool IsInUse(const Node& tree) const;
+    static bool HoldsDenied(const Node& tree);
     Node* Present(const Location& location);
     void CheckReplaceable(Node& file);
     void WaitForHolder(Node& node);

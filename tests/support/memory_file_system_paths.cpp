@@ -227,6 +227,11 @@ bool MemoryFileSystem::HoldsCurrentFolder(const Node& folder) const {
     return node != nullptr;
 }
 
+bool MemoryFileSystem::HoldsDenied(const Node& tree) {
+    return tree.denied || std::any_of(tree.children.begin(), tree.children.end(),
+                                      [](const auto& child) { return HoldsDenied(*child.second); });
+}
+
 bool MemoryFileSystem::IsInUse(const Node& tree) const {
     const auto isUnder = [&](const Node* node) {
         while (node && node != &tree)

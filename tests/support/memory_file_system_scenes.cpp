@@ -112,6 +112,10 @@ void MemoryFileSystem::DenyAccess(const std::wstring& folder) {
     ExistingForTest(folder).denied = true;
 }
 
+void MemoryFileSystem::AllowAccess(const std::wstring& folder) {
+    ExistingForTest(folder).denied = false;
+}
+
 void MemoryFileSystem::HoldElsewhere(const std::wstring& folder) {
     ExistingForTest(folder).heldElsewhere = true;
 }
@@ -237,6 +241,11 @@ MemoryFileSystem::Node* MemoryFileSystem::FindForShell(const std::wstring& path)
     const DriveState* drive = location ? DriveOf(*location) : nullptr;
     if (!drive || !drive->ready || location->names.empty() || location->wantsFolder)
         return nullptr;
+    try {
+        CheckAccess(*location);
+    } catch (const RunTimeError&) {
+        return nullptr;
+    }
     return Walk(*location);
 }
 
@@ -246,6 +255,8 @@ void MemoryFileSystem::DeleteTree(const std::wstring& path) {
 }
 
 bool MemoryFileSystem::DeleteUnused(Node& node) {
+    if (node.denied)
+        return false;
     bool allGone = !node.lock && !HoldsCurrentFolder(node);
     std::vector<Node*> children;
     for (const auto& [key, child] : node.children)
@@ -259,7 +270,7 @@ bool MemoryFileSystem::DeleteUnused(Node& node) {
 
 MemoryFileSystem::NodePointer MemoryFileSystem::TakeTree(const std::wstring& path) {
     Node* node = FindForShell(path);
-    if (!node || IsInUse(*node))
+    if (!node || IsInUse(*node) || HoldsDenied(*node))
         return nullptr;
     auto place = node->parent->children.find(UpperCase(node->name));
     NodePointer tree = std::move(place->second);

@@ -246,6 +246,20 @@ TEST_F(MemoryFileSystemTest, DeniedFolderIsSeenAndNotEntered) {
     EXPECT_TRUE(files.Exists(L"C:\\t\\sub\\a"));
 }
 
+TEST_F(MemoryFileSystemTest, DeniedFolderKeepsTheShellOut) {
+    files.AddFile(L"C:\\t\\sub\\a");
+    files.AddFile(L"C:\\t\\b");
+    files.DenyAccess(L"C:\\t\\sub");
+    files.DeleteTree(L"C:\\t\\sub\\a");
+    EXPECT_EQ(files.TakeTree(L"C:\\t"), nullptr);
+    files.DeleteTree(L"C:\\t");
+    EXPECT_TRUE(files.Exists(L"C:\\t\\sub\\a"));
+    EXPECT_FALSE(files.Exists(L"C:\\t\\b"));
+    files.AllowAccess(L"C:\\t\\sub");
+    files.DeleteTree(L"C:\\t");
+    EXPECT_FALSE(files.Exists(L"C:\\t"));
+}
+
 TEST_F(MemoryFileSystemTest, PowerCutLosesWhatWasNotFlushedAndStopsEverything) {
     files.AddFile(L"C:\\loose", "unpacked");
     files.LeaveUnflushed(L"C:\\loose");
