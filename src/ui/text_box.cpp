@@ -35,6 +35,12 @@ void TextBox::SetFont(const TextMeasure& measure) {
                  SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// Selects the text, as the Tab key does.
+void TextBox::TakeAccessKey() {
+    Control::TakeAccessKey();
+    ::SendMessageW(Handle(), EM_SETSEL, 0, -1);
+}
+
 // The system writes a single line at the top of the client area. So the client area is one line
 // high, and what is left above and below it belongs to the frame.
 LRESULT TextBox::Received(UINT message, WPARAM wParam, LPARAM lParam) {

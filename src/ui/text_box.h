@@ -14,6 +14,7 @@ class TextBox : public Control {
     Size NaturalSize(const TextMeasure& measure) const override;
     void SetFont(const TextMeasure& measure) override;
     std::optional<CutOffText> CutOffAt(POINT position) const override;
+    void TakeAccessKey() override;
 
   protected:
     LRESULT Received(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -89,6 +89,20 @@ TEST_F(EveryFormTest, ManualFolder) {
                 elements);
 }
 
+TEST_F(EveryFormTest, TheAccessKeyOfManualFoldersPathSelectsIt) {
+    const Form& form = Shown<Form3>(fake.platform, state, handOver);
+    const HWND path = Find(form, Text, 1);
+    ASSERT_FALSE(TextOf(path).empty());
+    PressAltAnd(L'v');
+    EXPECT_EQ(GetFocus(), path);
+    DWORD first = 1;
+    DWORD last = 0;
+    SendMessageW(path, EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+                 reinterpret_cast<LPARAM>(&last));
+    EXPECT_EQ(first, 0u);
+    EXPECT_EQ(last, TextOf(path).size());
+}
+
 TEST_F(EveryFormTest, ALongPathDoesNotWidenManualFolder) {
     const auto widthOf = [](const Form& form) {
         RECT area{};
