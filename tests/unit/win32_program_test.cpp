@@ -157,6 +157,28 @@ TEST(Win32EventLoop, HandlesWhatWaitsAndReturns) {
     EXPECT_EQ(seen, 2);
 }
 
+TEST(Win32EventLoop, LeavesMessagesWaitingForAFewMilliseconds) {
+    bool heldUp = true; // then a round says nothing
+    while (heldUp) {
+        int seen = 0;
+        Win32EventLoop events([&](MSG& message) {
+            seen += message.message == WM_APP;
+            return true;
+        });
+        const ULONGLONG start = GetTickCount64();
+        events.Yield();
+        PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0);
+        events.Yield();
+        const int seenAtOnce = seen;
+        heldUp = GetTickCount64() - start >= 5;
+        if (!heldUp) {
+            EXPECT_EQ(seenAtOnce, 0);
+        }
+        while (seen == 0)
+            events.Yield();
+    }
+}
+
 TEST(Win32EventLoop, LeavesTheEndOfTheProgramToTheOuterLoop) {
     Win32EventLoop events;
     PostQuitMessage(7);

@@ -17,11 +17,14 @@ class Win32EventLoop : public EventLoop {
 
     explicit Win32EventLoop(Filter messageFilter = {}) : filter(std::move(messageFilter)) {}
 
+    // Asking for messages can take as long as what is done between two yields, so within a few
+    // milliseconds of the last time it is left out: nobody notices.
     // Stops at the message that ends the program, and leaves it for the outer loop.
     void Yield() override;
 
   private:
     Filter filter;
+    ULONGLONG lastYield = 0;
 };
 
 } // namespace tamblin

@@ -62,6 +62,23 @@ TEST_F(OutputWindowTest, HistoryThatAMethodHasWrittenIsNotLeftForTheNext) {
     EXPECT_EQ(History(4096), std::string(4096, ' '));
 }
 
+TEST_F(OutputWindowTest, EntryWithAShorterHistoryLeavesNothingInTheNextLongerOne) {
+    for (const std::size_t history : {65'536u, 4096u, 65'536u}) {
+        Start(history, ' ', 10);
+        EXPECT_EQ(History(history), std::string(history, ' ')) << history;
+        Unpack(10, 'x');
+    }
+}
+
+TEST_F(OutputWindowTest, WhatIsUnpackedBeyondTheEntryIsDropped) {
+    Start(4096, ' ', 10);
+    EXPECT_EQ(window.Limit() - window.Next(), 10);
+    std::fill_n(window.Next(), 60, std::uint8_t{'x'});
+    window.PassOn(window.Next() + 60);
+    EXPECT_TRUE(window.Complete());
+    EXPECT_EQ(text.bytes, std::string(10, 'x'));
+}
+
 TEST_F(OutputWindowTest, HistoryOfALongEntryMovesAlong) {
     Start(4096, ' ', 200'000);
     Unpack(100'000, 'a');
