@@ -12,7 +12,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Box = MessageBoxesFake::Box;
-constexpr auto Inform = MessageBoxesFake::Kind::Inform;
 
 constexpr wchar_t NotFound[] = L"Vimora が見つかりませんでした。";
 constexpr wchar_t NotChanged[] = L"変更されませんでした。";
@@ -86,7 +85,8 @@ TEST_P(MissingHostTest, IsReportedOnceAndNotStored) {
         state.EditIndex = 1;
         fake.messages.shown.clear();
         EXPECT_EQ(RegisterFolder(L"C:\\Half"), Registration::HostMissing);
-        EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotFound}));
+        EXPECT_THAT(fake.messages.shown,
+                    ElementsAre(Box{MessageBoxesFake::Kind::Inform, NotFound}));
         EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
     }
 }
@@ -100,7 +100,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(HostFolderListTest, RegisteredFolderIsNotAddedAgain) {
     EXPECT_EQ(RegisterFolder(L"C:\\A"), Registration::Duplicate);
-    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, AlreadyThere}));
+    EXPECT_THAT(fake.messages.shown,
+                ElementsAre(Box{MessageBoxesFake::Kind::Inform, AlreadyThere}));
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
 }
 
@@ -108,7 +109,7 @@ TEST_F(HostFolderListTest, RegisteredFolderIsNotAddedAgain) {
 TEST_F(HostFolderListTest, RegisteredFolderWithoutHostIsReportedAsMissing) {
     Register(state, L"C:\\Gone");
     EXPECT_EQ(RegisterFolder(L"C:\\Gone"), Registration::HostMissing);
-    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotFound}));
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{MessageBoxesFake::Kind::Inform, NotFound}));
 }
 
 TEST_F(HostFolderListTest, OtherSpellingIsAnotherFolder) {
@@ -135,7 +136,7 @@ TEST_F(HostFolderListTest, EditReplacesTheSlot) {
 TEST_F(HostFolderListTest, EditToTheSameFolderIsNoChange) {
     EditSlot(1);
     EXPECT_EQ(RegisterFolder(L"C:\\A"), Registration::Duplicate);
-    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotChanged}));
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{MessageBoxesFake::Kind::Inform, NotChanged}));
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
 }
 
@@ -143,7 +144,7 @@ TEST_F(HostFolderListTest, EditToAnotherRegisteredFolderStoresItTwice) {
     Register(state, L"C:\\Old");
     EditSlot(2);
     EXPECT_EQ(RegisterFolder(L"C:\\A"), Registration::Duplicate);
-    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, NotChanged}));
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{MessageBoxesFake::Kind::Inform, NotChanged}));
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\A"));
 }
 

@@ -12,10 +12,10 @@
 namespace tamblin {
 namespace {
 
-constexpr ErrorNumber Errors[] = {ErrorNumber::BadFileName,      ErrorNumber::FileNotFound,
-                                  ErrorNumber::DeviceIo,         ErrorNumber::DiskFull,
-                                  ErrorNumber::PermissionDenied, ErrorNumber::DiskNotReady,
-                                  ErrorNumber::PathFileAccess,   ErrorNumber::PathNotFound};
+constexpr ErrorNumber InstallErrors[] = {ErrorNumber::BadFileName,      ErrorNumber::FileNotFound,
+                                         ErrorNumber::DeviceIo,         ErrorNumber::DiskFull,
+                                         ErrorNumber::PermissionDenied, ErrorNumber::DiskNotReady,
+                                         ErrorNumber::PathFileAccess,   ErrorNumber::PathNotFound};
 
 const std::vector<PackedFile> Packed = {{L"mio.obl", "mio 1"},
                                         {L"mio\\face.bmp", "mio 2"},
@@ -273,9 +273,10 @@ TEST_P(InstallFaults, WhileTheStagingFolderIsClearedAreMadeGoodByTheNextClearing
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Errors, InstallFaults, testing::ValuesIn(Errors), [](const auto& error) {
-    return "Error" + std::to_string(static_cast<int>(error.param));
-});
+INSTANTIATE_TEST_SUITE_P(Errors, InstallFaults, testing::ValuesIn(InstallErrors),
+                         [](const auto& error) {
+                             return "Error" + std::to_string(static_cast<int>(error.param));
+                         });
 
 } // namespace
 } // namespace tamblin

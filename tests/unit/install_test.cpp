@@ -15,7 +15,6 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 using Box = MessageBoxesFake::Box;
-constexpr auto Inform = MessageBoxesFake::Kind::Inform;
 
 constexpr wchar_t Failed[] = L"パッケージの解凍に失敗しました。";
 constexpr wchar_t Cancelled[] = L"インストールを中止しました。";
@@ -83,7 +82,8 @@ TEST_F(InstallTest, PutsTheCharacterIntoTheHostFolderAndTheList) {
     EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\dat\\voice.wav"), "sound");
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
     EXPECT_TRUE(files.Exists(L"C:\\Packs\\mio.lzh"));
-    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, Done, MessageIcon::Information}));
+    EXPECT_THAT(fake.messages.shown,
+                ElementsAre(Box{MessageBoxesFake::Kind::Inform, Done, MessageIcon::Information}));
     EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"abc", L"mio"));
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
 }
@@ -326,7 +326,8 @@ TEST_F(InstallTest, CancelLeavesTheHostAndTheSelectionAlone) {
     Install({L"mio.lzh"});
     ExpectHostUntouched();
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
-    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, Cancelled, MessageIcon::Information}));
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{MessageBoxesFake::Kind::Inform, Cancelled,
+                                                     MessageIcon::Information}));
     EXPECT_TRUE(scene.screen.enabled);
     EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
     EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9)); // the rules have run again
@@ -386,7 +387,7 @@ TEST_F(InstallTest, DamagedArchiveEndsTheInstallAtOnce) {
     scene.AddPackage(L"b.lzh", {{L"half\\x"}, {L"half.obl"}}, 0x1234);
     scene.AddPackage(L"c.lzh", Ombrel(L"never"));
     Install({L"a.lzh", L"b.lzh", L"c.lzh"});
-    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Inform, Failed}));
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{MessageBoxesFake::Kind::Inform, Failed}));
     EXPECT_THAT(scene.screen.confirmations, IsEmpty());
     EXPECT_EQ(fake.unlha.calls.size(), 2U);
     ExpectHostUntouched();

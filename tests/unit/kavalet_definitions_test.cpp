@@ -16,7 +16,7 @@ namespace {
 using testing::IsEmpty;
 
 // Lines as " / " separates them in the tables below.
-std::string Lines(std::string_view row) {
+std::string MergedLines(std::string_view row) {
     std::string text;
     while (!row.empty()) {
         const size_t end = std::min(row.find(" / "), row.size());
@@ -36,8 +36,9 @@ struct MergeCase {
 class MergeTest : public testing::TestWithParam<MergeCase> {};
 
 TEST_P(MergeTest, Merges) {
-    EXPECT_EQ(MergedKavaletDefinitions(Lines(GetParam().former), Lines(GetParam().package)),
-              Lines(GetParam().merged));
+    EXPECT_EQ(
+        MergedKavaletDefinitions(MergedLines(GetParam().former), MergedLines(GetParam().package)),
+        MergedLines(GetParam().merged));
 }
 
 INSTANTIATE_TEST_SUITE_P(

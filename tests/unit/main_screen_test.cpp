@@ -15,7 +15,7 @@ using testing::IsEmpty;
 using Box = MessageBoxesFake::Box;
 using Kind = MessageBoxesFake::Kind;
 
-constexpr wchar_t IniPath[] = L"C:\\Tamblin\\tamb.ini";
+constexpr wchar_t SavedSettings[] = L"C:\\Tamblin\\tamb.ini";
 
 class MainScreenTest : public testing::Test {
   protected:
@@ -541,7 +541,7 @@ class LeavingTest : public MainScreenTest, public testing::WithParamInterface<bo
     LeavingTest() {
         main.Load();
         fake.messages.onShow = [this](const Box&) {
-            savedBeforeAsking = files.Exists(IniPath);
+            savedBeforeAsking = files.Exists(SavedSettings);
         };
     }
     bool Leave() { return GetParam() ? main.ExitPressed() : main.CloseBoxPressed(); }
@@ -564,7 +564,7 @@ TEST_P(LeavingTest, RefusalStaysAndHasSavedAllTheSame) {
     fake.messages.answer = false;
     main.ComboSelected(1);
     EXPECT_FALSE(Leave());
-    const std::string ini = files.Contents(IniPath);
+    const std::string ini = files.Contents(SavedSettings);
     EXPECT_THAT(ini, HasSubstr("DEFAULT=C:\\Second\r\n"));
     EXPECT_THAT(ini, HasSubstr("VMRFOLDER=C:\\Host\r\nVMRFOLDER=C:\\Second\r\n"));
     EXPECT_THAT(ini, HasSubstr("VIEWFOLDER=C:\\Packs\\\r\n"));
@@ -576,11 +576,11 @@ TEST_P(LeavingTest, SavesTheFolderThatIsShownWhileTheDesktopIsParked) {
     main.Activate();
     EXPECT_EQ(state.BrowseStartFolder, L"");
     Leave();
-    EXPECT_THAT(files.Contents(IniPath), HasSubstr("VIEWFOLDER=C:\\Packs\\\r\n"));
+    EXPECT_THAT(files.Contents(SavedSettings), HasSubstr("VIEWFOLDER=C:\\Packs\\\r\n"));
 }
 
 TEST_P(LeavingTest, FailedSaveIsFatalAndAsksNothing) {
-    files.AddFolder(IniPath);
+    files.AddFolder(SavedSettings);
     try {
         Leave();
         FAIL();
@@ -595,7 +595,7 @@ TEST_F(MainScreenTest, NothingButLeavingSaves) {
     main.ComboSelected(1);
     main.SettingsPressed();
     main.Activate();
-    EXPECT_FALSE(files.Exists(IniPath));
+    EXPECT_FALSE(files.Exists(SavedSettings));
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 namespace tamblin {
 namespace {
 
+using Box = MessageBoxesFake::Box;
+using Kind = MessageBoxesFake::Kind;
 using testing::ElementsAre;
 
 TEST(PlatformFake, StartsInTheProgramFolder) {
@@ -23,8 +25,6 @@ TEST(MessageBoxesFake, RecordsBoxesAndAnswersInOrder) {
     messages.answer = false;
     EXPECT_FALSE(messages.AskRetryCancel(L"3"));
     messages.Inform(L"4", MessageIcon::Stop);
-    using Kind = MessageBoxesFake::Kind;
-    using Box = MessageBoxesFake::Box;
     EXPECT_THAT(messages.shown, ElementsAre(Box{Kind::AskOkCancel, L"1"}, Box{Kind::AskYesNo, L"2"},
                                             Box{Kind::AskRetryCancel, L"3"},
                                             Box{Kind::Inform, L"4", MessageIcon::Stop}));

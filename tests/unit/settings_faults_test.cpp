@@ -7,11 +7,11 @@
 namespace tamblin {
 namespace {
 
-constexpr wchar_t IniPath[] = L"C:\\Tamblin\\tamb.ini";
-constexpr wchar_t BackupPath[] = L"C:\\Tamblin\\tamb.bak";
+constexpr wchar_t SettingsPath[] = L"C:\\Tamblin\\tamb.ini";
+constexpr wchar_t FormerSettingsPath[] = L"C:\\Tamblin\\tamb.bak";
 constexpr char Former[] = "# mine\r\nVERSION=Ver.0.60\r\nkeep me\r\nVMRFOLDER=C:\\Host\r\n";
 constexpr char Rewritten[] = "# mine\r\nVERSION=Ver.0.61\r\nkeep me\r\nVMRFOLDER=C:\\Host\r\n";
-constexpr ErrorNumber Errors[] = {
+constexpr ErrorNumber SettingsErrors[] = {
     ErrorNumber::BadFileName,      ErrorNumber::FileNotFound,   ErrorNumber::DeviceIo,
     ErrorNumber::DiskFull,         ErrorNumber::DiskNotReady,   ErrorNumber::DeviceUnavailable,
     ErrorNumber::PermissionDenied, ErrorNumber::PathFileAccess, ErrorNumber::PathNotFound};
@@ -29,7 +29,7 @@ class SettingsFaults : public testing::TestWithParam<ErrorNumber> {
             return fake.files.Exists(path) && fake.files.Contents(path) == bytes;
         }
         bool FormerSettingsAreThere() const {
-            return Holds(IniPath, Former) || Holds(IniPath, Rewritten);
+            return Holds(SettingsPath, Former) || Holds(SettingsPath, Rewritten);
         }
 
         PlatformFake fake;
@@ -61,9 +61,9 @@ TEST_P(SettingsFaults, RewriteNeverLosesTheFormerSettings) {
         for (size_t n = 1;; ++n) {
             SCOPED_TRACE(n);
             Scene scene;
-            scene.fake.files.AddFile(IniPath, Former);
+            scene.fake.files.AddFile(SettingsPath, Former);
             if (withBackup)
-                scene.fake.files.AddFile(BackupPath, "older");
+                scene.fake.files.AddFile(FormerSettingsPath, "older");
             const bool failed = SaveWithFault(scene, n, GetParam());
             EXPECT_TRUE(scene.FormerSettingsAreThere());
             if (!failed) {
@@ -71,11 +71,11 @@ TEST_P(SettingsFaults, RewriteNeverLosesTheFormerSettings) {
                 break;
             }
             scene.Save();
-            EXPECT_NE(scene.fake.files.Contents(IniPath).find("VERSION=Ver.0.61\r\n"),
+            EXPECT_NE(scene.fake.files.Contents(SettingsPath).find("VERSION=Ver.0.61\r\n"),
                       std::string::npos);
-            EXPECT_NE(scene.fake.files.Contents(IniPath).find("VMRFOLDER=C:\\Host\r\n"),
+            EXPECT_NE(scene.fake.files.Contents(SettingsPath).find("VMRFOLDER=C:\\Host\r\n"),
                       std::string::npos);
-            EXPECT_FALSE(scene.fake.files.Exists(BackupPath));
+            EXPECT_FALSE(scene.fake.files.Exists(FormerSettingsPath));
         }
     }
 }
@@ -85,8 +85,8 @@ TEST(SettingsPowerCut, LeavesTheFormerSettingsOrTheNewOnes) {
     for (bool cut = true; cut; ++n) {
         SCOPED_TRACE(n);
         SettingsFaults::Scene scene;
-        scene.fake.files.AddFile(IniPath, Former);
-        scene.fake.files.AddFile(BackupPath, "older");
+        scene.fake.files.AddFile(SettingsPath, Former);
+        scene.fake.files.AddFile(FormerSettingsPath, "older");
         scene.fake.files.ForgetOperations();
         scene.fake.files.CutPower(n);
         try {
@@ -95,10 +95,10 @@ TEST(SettingsPowerCut, LeavesTheFormerSettingsOrTheNewOnes) {
         } catch (const MemoryFileSystem::PowerCut&) {
         }
         scene.fake.files.ReturnPower();
-        EXPECT_TRUE(scene.Holds(IniPath, Former) || scene.Holds(IniPath, Rewritten));
+        EXPECT_TRUE(scene.Holds(SettingsPath, Former) || scene.Holds(SettingsPath, Rewritten));
         scene.Save();
-        EXPECT_TRUE(scene.Holds(IniPath, Rewritten));
-        EXPECT_FALSE(scene.fake.files.Exists(BackupPath));
+        EXPECT_TRUE(scene.Holds(SettingsPath, Rewritten));
+        EXPECT_FALSE(scene.fake.files.Exists(FormerSettingsPath));
     }
     EXPECT_GT(n, 6U);
 }
@@ -107,13 +107,13 @@ TEST(SettingsUnderAScanner, AreSaved) {
     for (const auto shares :
          {MemoryFileSystem::HolderShares::Nothing, MemoryFileSystem::HolderShares::Deletion}) {
         SettingsFaults::Scene scene;
-        scene.fake.files.AddFile(IniPath, Former);
-        scene.fake.files.AddFile(BackupPath, "older");
-        scene.fake.files.HoldFor(IniPath, 40, shares);
-        scene.fake.files.HoldFor(BackupPath, 40, shares);
+        scene.fake.files.AddFile(SettingsPath, Former);
+        scene.fake.files.AddFile(FormerSettingsPath, "older");
+        scene.fake.files.HoldFor(SettingsPath, 40, shares);
+        scene.fake.files.HoldFor(FormerSettingsPath, 40, shares);
         scene.Save();
-        EXPECT_TRUE(scene.Holds(IniPath, Rewritten));
-        EXPECT_FALSE(scene.fake.files.Exists(BackupPath));
+        EXPECT_TRUE(scene.Holds(SettingsPath, Rewritten));
+        EXPECT_FALSE(scene.fake.files.Exists(FormerSettingsPath));
     }
 }
 
@@ -125,7 +125,7 @@ TEST_P(SettingsFaults, FreshFileIsWrittenTheNextTime) {
         if (!failed)
             break;
         scene.Save();
-        EXPECT_TRUE(scene.fake.files.Contents(IniPath).starts_with("# Tamblin\r\n"));
+        EXPECT_TRUE(scene.fake.files.Contents(SettingsPath).starts_with("# Tamblin\r\n"));
     }
 }
 
@@ -133,7 +133,7 @@ TEST_P(SettingsFaults, ReadingNeverThrowsAndNeverWrites) {
     for (size_t n = 1;; ++n) {
         SCOPED_TRACE(n);
         Scene scene;
-        scene.fake.files.AddFile(IniPath,
+        scene.fake.files.AddFile(SettingsPath,
                                  "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Host\r\n"
                                  "DEFAULT=C:\\Host\r\nVIEWFOLDER=C:\\Host\\\r\n");
         const auto before = scene.fake.files.Snapshot();
@@ -148,32 +148,33 @@ TEST_P(SettingsFaults, ReadingNeverThrowsAndNeverWrites) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Errors, SettingsFaults, testing::ValuesIn(Errors), [](const auto& error) {
-    return "Error" + std::to_string(static_cast<int>(error.param));
-});
+INSTANTIATE_TEST_SUITE_P(Errors, SettingsFaults, testing::ValuesIn(SettingsErrors),
+                         [](const auto& error) {
+                             return "Error" + std::to_string(static_cast<int>(error.param));
+                         });
 
 TEST(SettingsOnAFullDisk, StayAsTheyWere) {
     PlatformFake fake;
     SettingsState state;
     SettingsFile file(fake.platform, state);
-    fake.files.AddFile(IniPath, Former);
+    fake.files.AddFile(SettingsPath, Former);
     fake.files.SetCapacity(L"C:", sizeof Former + 8);
     HostFolderCombo combo;
     combo.entries = {L"C:\\Host"};
     EXPECT_EQ(ErrorOf([&] { file.SaveSettings(combo, L"C:\\"); }), ErrorNumber::DiskFull);
-    EXPECT_EQ(fake.files.Contents(IniPath), Former);
+    EXPECT_EQ(fake.files.Contents(SettingsPath), Former);
 }
 
 TEST(SettingsInUse, StayAsTheyWere) {
-    for (const wchar_t* path : {IniPath, BackupPath}) {
+    for (const wchar_t* path : {SettingsPath, FormerSettingsPath}) {
         PlatformFake fake;
         SettingsState state;
         SettingsFile file(fake.platform, state);
-        fake.files.AddFile(IniPath, Former);
-        fake.files.AddFile(BackupPath, "older");
+        fake.files.AddFile(SettingsPath, Former);
+        fake.files.AddFile(FormerSettingsPath, "older");
         fake.files.Lock(path);
         EXPECT_EQ(ErrorOf([&] { file.SaveSettings({}, L"C:\\"); }), ErrorNumber::PermissionDenied);
-        EXPECT_EQ(fake.files.Contents(IniPath), Former);
+        EXPECT_EQ(fake.files.Contents(SettingsPath), Former);
     }
 }
 

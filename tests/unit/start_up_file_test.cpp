@@ -89,12 +89,12 @@ TEST(SetStartUpCharacter, DoubledBackslashOfADriveRootReachesTheRoot) {
     EXPECT_EQ(scene.files.Contents(L"C:\\ombrel.rc"), "H001currentobl=abc.obl\r\n");
 }
 
-struct NameRow {
+struct StartUpRow {
     const wchar_t* name;
     const char* line;
 };
 
-class StartUpNames : public testing::TestWithParam<NameRow> {};
+class StartUpNames : public testing::TestWithParam<StartUpRow> {};
 
 TEST_P(StartUpNames, AreWrittenInTheCodePageOfTheSystem) {
     MaintenanceScene scene;
@@ -108,11 +108,11 @@ TEST_P(StartUpNames, AreWrittenInTheCodePageOfTheSystem) {
 
 INSTANTIATE_TEST_SUITE_P(
     SetStartUpCharacter, StartUpNames,
-    testing::Values(NameRow{L"x.obl", "H001currentobl=x.obl.obl\r\n"},
-                    NameRow{L"a b  c", "H001currentobl=a b  c.obl\r\n"},
-                    NameRow{L"a=b,#", "H001currentobl=a=b,#.obl\r\n"},
-                    NameRow{L"表ソ能", "H001currentobl=\x95\\\x83\\\x94\\.obl\r\n"},
-                    NameRow{L"ｱ伺か", "H001currentobl=\xB1\x8E\x66\x82\xA9.obl\r\n"}));
+    testing::Values(StartUpRow{L"x.obl", "H001currentobl=x.obl.obl\r\n"},
+                    StartUpRow{L"a b  c", "H001currentobl=a b  c.obl\r\n"},
+                    StartUpRow{L"a=b,#", "H001currentobl=a=b,#.obl\r\n"},
+                    StartUpRow{L"表ソ能", "H001currentobl=\x95\\\x83\\\x94\\.obl\r\n"},
+                    StartUpRow{L"ｱ伺か", "H001currentobl=\xB1\x8E\x66\x82\xA9.obl\r\n"}));
 
 struct RefusalRow {
     const char* name;

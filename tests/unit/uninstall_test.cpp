@@ -179,13 +179,13 @@ TEST(Uninstall, HostFolderThatVanishedEndsIt) {
     EXPECT_THAT(scene.messages.Texts(), ElementsAre(QuestionText));
 }
 
-struct NameRow {
+struct UninstallRow {
     const wchar_t* host;
     const wchar_t* name;
     const wchar_t* folder;
 };
 
-class UninstallNames : public testing::TestWithParam<NameRow> {};
+class UninstallNames : public testing::TestWithParam<UninstallRow> {};
 
 TEST_P(UninstallNames, LeadToFolderAndDefinitionFile) {
     UninstallScene scene(GetParam().host);
@@ -197,11 +197,11 @@ TEST_P(UninstallNames, LeadToFolderAndDefinitionFile) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Uninstall, UninstallNames,
-                         testing::Values(NameRow{L"C:\\", L"abc", L"C:\\abc"},
-                                         NameRow{L"C:\\VMR\\", L"abc", L"C:\\VMR\\abc"},
-                                         NameRow{L"C:\\VMR", L"a b", L"C:\\VMR\\a b"},
-                                         NameRow{L"C:\\VMR", L"x.obl", L"C:\\VMR\\x.obl"},
-                                         NameRow{L"C:\\VMR", L"表ソ能", L"C:\\VMR\\表ソ能"}));
+                         testing::Values(UninstallRow{L"C:\\", L"abc", L"C:\\abc"},
+                                         UninstallRow{L"C:\\VMR\\", L"abc", L"C:\\VMR\\abc"},
+                                         UninstallRow{L"C:\\VMR", L"a b", L"C:\\VMR\\a b"},
+                                         UninstallRow{L"C:\\VMR", L"x.obl", L"C:\\VMR\\x.obl"},
+                                         UninstallRow{L"C:\\VMR", L"表ソ能", L"C:\\VMR\\表ソ能"}));
 
 TEST(Uninstall, TenThousandSelectedAreEachDeletedOnce) {
     UninstallScene scene;

@@ -30,7 +30,7 @@ std::uint16_t CrcByBits(std::uint16_t crc, const std::uint8_t* bytes, std::size_
     return static_cast<std::uint16_t>(rest);
 }
 
-std::vector<std::uint8_t> Noise(std::size_t size) {
+std::vector<std::uint8_t> NoiseBytes(std::size_t size) {
     std::vector<std::uint8_t> bytes;
     std::uint32_t number = 1;
     while (bytes.size() < size) {
@@ -42,13 +42,13 @@ std::vector<std::uint8_t> Noise(std::size_t size) {
 
 // Long data is taken in blocks of 128 bytes, from three of them on, and otherwise by eight bytes.
 TEST(Crc16, IsRightForEachLengthUpToManyBlocks) {
-    const std::vector<std::uint8_t> bytes = Noise(1'300);
+    const std::vector<std::uint8_t> bytes = NoiseBytes(1'300);
     for (std::size_t size = 0; size <= bytes.size(); ++size)
         ASSERT_EQ(Crc16(0, bytes.data(), size), CrcByBits(0, bytes.data(), size)) << size;
 }
 
 TEST(Crc16, IsRightWhereverTheBytesBegin) {
-    const std::vector<std::uint8_t> bytes = Noise(1'100);
+    const std::vector<std::uint8_t> bytes = NoiseBytes(1'100);
     for (const std::size_t size : {7u, 8u, 383u, 384u, 385u, 511u, 512u, 513u, 1'000u}) {
         for (std::size_t start = 0; start < 64; ++start) {
             const std::uint8_t* first = bytes.data() + start;
@@ -58,7 +58,7 @@ TEST(Crc16, IsRightWhereverTheBytesBegin) {
 }
 
 TEST(Crc16, GoesOnFromEachChecksumBeforeLongData) {
-    const std::vector<std::uint8_t> bytes = Noise(640);
+    const std::vector<std::uint8_t> bytes = NoiseBytes(640);
     for (const std::size_t size : {8u, 130u, 260u, 383u, 384u, 640u}) {
         for (unsigned before = 0; before < 0x10000; before += 251) {
             const auto crc = static_cast<std::uint16_t>(before);

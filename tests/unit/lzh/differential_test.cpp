@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
 
 constexpr int archivesPerRun = 2000;
 
-using Contents = std::map<std::string, std::string>; // checksums by path with "/"
+using Checksums = std::map<std::string, std::string>; // checksums by path with "/"
 
 bool HasProgram(const std::string& name) {
     return std::system(("command -v " + name + " >/dev/null 2>&1").c_str()) == 0;
@@ -41,7 +41,7 @@ class Differential : public testing::Test {
     ~Differential() override { fs::remove_all(folder); }
 
     // What a program makes of the archive, in a folder of its own.
-    Contents UnpackBy(const std::string& command, const std::string& archive) {
+    Checksums UnpackBy(const std::string& command, const std::string& archive) {
         const fs::path target = folder / "out";
         fs::create_directory(target);
         const fs::path file = folder / "a.lzh";
@@ -49,16 +49,16 @@ class Differential : public testing::Test {
         const int code = std::system(("cd '" + target.string() + "' && " + command + " '" +
                                       file.string() + "' >/dev/null 2>&1")
                                          .c_str());
-        Contents contents = ReadTree(target);
+        Checksums contents = ReadTree(target);
         if (code != 0)
             contents["(failure)"] = std::to_string(code);
         fs::remove_all(target);
         return contents;
     }
 
-    static Contents UnpackByUs(const std::string& archive) {
+    static Checksums UnpackByUs(const std::string& archive) {
         const Extraction extraction(archive);
-        Contents contents;
+        Checksums contents;
         for (const auto& [path, file] : extraction.target.files) {
             std::string name(path.begin(), path.end()); // only ASCII names are made up here
             for (char& letter : name)
@@ -71,8 +71,8 @@ class Differential : public testing::Test {
     }
 
   private:
-    static Contents ReadTree(const fs::path& root) {
-        Contents contents;
+    static Checksums ReadTree(const fs::path& root) {
+        Checksums contents;
         for (const auto& item : fs::recursive_directory_iterator(root)) {
             if (!item.is_regular_file())
                 continue;
@@ -160,8 +160,8 @@ TEST_F(Differential, EqualsBsdtar) {
     int compared = 0;
     for (int i = 0; i < archivesPerRun / 2; ++i) {
         const std::string archive = maker.Make({"-lh0-", "-lh5-", "-lh6-", "-lh7-"}, false);
-        const Contents theirs = UnpackBy("bsdtar xf", archive);
-        const Contents ours = UnpackByUs(archive);
+        const Checksums theirs = UnpackBy("bsdtar xf", archive);
+        const Checksums ours = UnpackByUs(archive);
         ASSERT_EQ(ours.count("(failure)"), 0u) << "archive " << i;
         // It refuses some of the codes with one symbol only.
         if (theirs.count("(failure)") > 0)

@@ -20,7 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // By upper-cased path with "/": size and checksum.
-using Contents = std::map<std::string, std::pair<std::size_t, std::string>>;
+using FilesOfSample = std::map<std::string, std::pair<std::size_t, std::string>>;
 
 std::string UpperAscii(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
@@ -34,8 +34,8 @@ std::string ReadFile(const fs::path& path) {
 }
 
 // By archive ("lha213/lh5.lzh").
-std::map<std::string, Contents> ReadList(const fs::path& path) {
-    std::map<std::string, Contents> list;
+std::map<std::string, FilesOfSample> ReadList(const fs::path& path) {
+    std::map<std::string, FilesOfSample> list;
     std::istringstream lines(ReadFile(path));
     std::string line;
     std::getline(lines, line); // headings
@@ -51,8 +51,8 @@ std::map<std::string, Contents> ReadList(const fs::path& path) {
     return list;
 }
 
-Contents ContentsOf(const Extraction& extraction) {
-    Contents contents;
+FilesOfSample ContentsOf(const Extraction& extraction) {
+    FilesOfSample contents;
     for (const auto& [path, file] : extraction.target.files) {
         std::string name(path.begin(), path.end()); // the samples' names are ASCII
         std::replace(name.begin(), name.end(), '\\', '/');
@@ -72,7 +72,7 @@ class Samples : public testing::Test {
     }
 
     fs::path folder;
-    std::map<std::string, Contents> list;
+    std::map<std::string, FilesOfSample> list;
 };
 
 TEST_F(Samples, UnpackToTheListedContents) {
