@@ -202,6 +202,32 @@ INSTANTIATE_TEST_SUITE_P(Win32, HeldFiles,
                                     (shared ? "Shared" : "");
                          });
 
+// Wine lets nobody feel a locked part of a file, so that the error is made here.
+TEST_F(Win32FileSystemTest, WhatMayPassIsTriedAgain) {
+    files.Write(In(L"a"), "1");
+    const auto triesFor = [&](DWORD code) {
+        int tries = 0;
+        const bool succeeded = Persist({Patience::usual,
+                                        [](Patience::Milliseconds) {
+                                        }},
+                                       In(L"a"), [&] {
+                                           SetLastError(code);
+                                           return ++tries == 3;
+                                       });
+        EXPECT_EQ(succeeded, tries == 3);
+        EXPECT_EQ(GetLastError(), succeeded ? ERROR_SUCCESS : code);
+        return tries;
+    };
+    for (const DWORD code : {ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION, ERROR_DELETE_PENDING})
+        EXPECT_EQ(triesFor(code), 3) << code;
+    for (const DWORD code : {ERROR_ACCESS_DENIED, ERROR_FILE_EXISTS, ERROR_ALREADY_EXISTS}) {
+        EXPECT_EQ(triesFor(code), 1) << code; // nobody holds the file
+        const Holder holder(In(L"a"), FILE_SHARE_READ | FILE_SHARE_DELETE);
+        EXPECT_EQ(triesFor(code), 3) << code;
+    }
+    EXPECT_EQ(triesFor(ERROR_DISK_FULL), 1);
+}
+
 // The name is as long as names can be, so that the one beside it has to be shorter.
 TEST_F(Win32FileSystemTest, FileWithALongNameIsReplaced) {
     const std::wstring path = In(std::wstring(255, L'a'));

@@ -191,7 +191,10 @@ std::string Win32FileSystem::Read(const std::wstring& file) try {
         const auto wanted =
             static_cast<DWORD>(std::min<size_t>(bytes.size() - done, LongestTransfer));
         DWORD count = 0;
-        if (!ReadFile(handle.get(), bytes.data() + done, wanted, &count, nullptr))
+        const bool read = Persist(patience, full, [&] {
+            return ReadFile(handle.get(), bytes.data() + done, wanted, &count, nullptr);
+        });
+        if (!read)
             ThrowLastError();
         if (count == 0)
             break;
