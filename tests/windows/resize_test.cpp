@@ -1,5 +1,7 @@
 // After any change of its size a form looks as if it had just been painted, and while its edge is
 // dragged each control is painted once for each size, if at all.
+#include <deque>
+
 #include "app/main_window.h"
 #include "install/confirmation_window.h"
 #include "maintenance/folder_check_window.h"
@@ -175,30 +177,43 @@ RECT PlaceOf(HWND window) {
     return area;
 }
 
+// A control before and after a change of its form's size.
+class WatchedControl {
+  public:
+    explicit WatchedControl(const Control& watched)
+        : control(watched), paintings(watched.Handle()), before(PlaceOf(watched.Handle())) {}
+
+    void ExpectPaintedForItsMove() const {
+        const HWND window = control.Handle();
+        const RECT after = PlaceOf(window);
+        EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE)) << control.Name().number;
+        const bool stayed = EqualRect(&before, &after) || IsRectEmpty(&after);
+        EXPECT_EQ(paintings.count, stayed ? 0 : 1) << GetDlgCtrlID(window);
+        // A list's scroll bars may come, go or change besides.
+        if (control.Name().kind != ControlKind::List) {
+            EXPECT_LE(paintings.frames, stayed ? 0 : 1) << GetDlgCtrlID(window);
+        }
+    }
+
+  private:
+    const Control& control;
+    const PaintCount paintings;
+    const RECT before;
+};
+
 // What flickers is what is painted twice, what is painted without need, and what waits unpainted
 // while the next size comes.
 TEST_F(ResizeTest, PaintsEachControlAtMostOnceForASizeAndAtOnce) {
     ForEachForm([&](Form& form) {
         SetSize(form, 800, 700);
         Settle();
-        for (const Control* control : form.Controls()) {
-            const HWND window = control->Handle();
-            if (!control->IsVisible() || control->Name().kind == ControlKind::Combo)
-                continue;
-            const RECT before = PlaceOf(window);
-            const PaintCount paintings(window);
-            SetSize(form, 830, 720);
-            const RECT after = PlaceOf(window);
-            EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE)) << control->Name().number;
-            const bool stayed = EqualRect(&before, &after) || IsRectEmpty(&after);
-            EXPECT_EQ(paintings.count, stayed ? 0 : 1) << GetDlgCtrlID(window);
-            // A list's scroll bars may come, go or change besides.
-            if (control->Name().kind != ControlKind::List) {
-                EXPECT_LE(paintings.frames, stayed ? 0 : 1) << GetDlgCtrlID(window);
-            }
-            SetSize(form, 800, 700);
-            Settle();
-        }
+        std::deque<WatchedControl> controls;
+        for (const Control* control : form.Controls())
+            if (control->IsVisible() && control->Name().kind != ControlKind::Combo)
+                controls.emplace_back(*control);
+        SetSize(form, 830, 720);
+        for (const WatchedControl& control : controls)
+            control.ExpectPaintedForItsMove();
     });
 }
 
