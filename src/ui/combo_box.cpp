@@ -50,7 +50,15 @@ void ComboBox::SetFont(const TextMeasure& measure) {
     Control::SetFont(measure);
     ::SendMessageW(Handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
                    measure.LineHeight() + measure.Down(2));
-    ::SendMessageW(Handle(), CB_SETITEMHEIGHT, 0, measure.LineHeight() + measure.Down(1));
+    // Asked of the combo box, Wine leaves the open list's rows as they are.
+    ::SendMessageW(Parts().hwndList, LB_SETITEMHEIGHT, 0, measure.LineHeight() + measure.Down(1));
+}
+
+COMBOBOXINFO ComboBox::Parts() const {
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    GetComboBoxInfo(Handle(), &parts);
+    return parts;
 }
 
 void ComboBox::Notified(UINT code) {
@@ -68,10 +76,7 @@ void ComboBox::CloseList() {
 }
 
 std::optional<CutOffText> ComboBox::CutOffAt(POINT) const {
-    COMBOBOXINFO parts{};
-    parts.cbSize = sizeof parts;
-    GetComboBoxInfo(Handle(), &parts);
-    const CutOffText cut{parts.rcItem, Text()};
+    const CutOffText cut{Parts().rcItem, Text()};
     const int needed = form.Measure().Width(cut.text) + form.Measure().Across(2);
     const bool fits = needed <= cut.area.right - cut.area.left;
     return fits || IsDropped() ? std::nullopt : std::optional(cut);

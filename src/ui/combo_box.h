@@ -25,6 +25,7 @@ class ComboBox : public Control {
     std::optional<CutOffText> CutOffAt(POINT position) const override;
 
   private:
+    COMBOBOXINFO Parts() const;
     std::optional<size_t> Selected() const;
     bool IsDropped() const;
     void CloseList();

@@ -331,6 +331,7 @@ bool Form::TakesKey(const MSG& message) {
         return TakesAccessKey(message);
     if (message.message != WM_KEYDOWN || !IsWindowEnabled(handle))
         return false;
+    tip.Remove();
     // The key that has closed a box, or another window, may still be down.
     if ((message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) && IsRepeat(message))
         return true;

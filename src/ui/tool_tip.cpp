@@ -33,6 +33,8 @@ void ToolTip::Relay(HWND owner, const Control& control, const MSG& message, HFON
                 Offer(owner, control.Handle(), *text, font);
         }
     }
+    if (message.message == WM_MOUSEWHEEL || message.message == WM_MOUSEHWHEEL)
+        Remove();
     if (tool)
         ::SendMessageW(window, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
 }

@@ -17,9 +17,10 @@ class ToolTip {
     // Every message of the mouse to a control passes here. The window is made when it is wanted
     // first; `owner` is the form.
     void Relay(HWND owner, const Control& control, const MSG& message, HFONT font);
+    // Until the pointer moves again: what is under it may have become something else.
+    void Remove();
 
   private:
-    void Remove();
     void Offer(HWND owner, HWND control, const CutOffText& text, HFONT font);
 
     HWND window = nullptr;

@@ -360,6 +360,24 @@ TEST_F(ListBoxTest, ComboOffersTheWholeOfAnEntryThatDoesNotFit) {
     EXPECT_EQ(pointAt().text, longName);
 }
 
+TEST_F(ListBoxTest, TheWholeOfAnEntryGoesWhenOthersMayComeUnderThePointer) {
+    std::vector<std::wstring> names;
+    for (int i = 0; i < 50; ++i)
+        names.push_back(std::to_wstring(i) + std::wstring(200, L'表'));
+    form.several.Show(Listed(names));
+    SetFocus(form.several.Handle());
+    const auto pointAt = [&](int x) {
+        SendMessageW(form.several.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(x, 3));
+        return TipsOf(form);
+    };
+    ASSERT_EQ(pointAt(3).text, names.front());
+    SendMessageW(form.several.Handle(), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
+    EXPECT_EQ(TipsOf(form).count, 0);
+    EXPECT_EQ(pointAt(4).text, names.at(static_cast<size_t>(Ask(form.several, LB_GETTOPINDEX))));
+    PressKey(VK_DOWN);
+    EXPECT_EQ(TipsOf(form).count, 0);
+}
+
 TEST_F(ListBoxTest, APathOffersTheWholeOfItsText) {
     const std::wstring longPath = L"C:\\" + std::wstring(200, L'表');
     const auto pointAt = [&] {
@@ -392,6 +410,14 @@ TEST_F(ListBoxTest, ComboShowsEntriesAndSelection) {
     EXPECT_EQ(TextOf(form.combo.Handle()), L"D:\\表");
     form.combo.Show({L"C:\\Vimora", L"D:\\表"}, std::nullopt);
     EXPECT_EQ(TextOf(form.combo.Handle()), L"");
+}
+
+TEST_F(ListBoxTest, OpenComboHasTheRowsOfAList) {
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    ASSERT_TRUE(GetComboBoxInfo(form.combo.Handle(), &parts));
+    EXPECT_EQ(SendMessageW(parts.hwndList, LB_GETITEMHEIGHT, 0, 0),
+              Ask(form.several, LB_GETITEMHEIGHT));
 }
 
 TEST_F(ListBoxTest, ComboReportsWhatTheUserPicks) {
