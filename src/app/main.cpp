@@ -42,8 +42,11 @@ void RunProgram() {
     windows = &application;
 
     Win32WorkProgress progress([&] { return application.BoxOwner(); });
-    const Patience patience = PatienceOfWindows(Patience::usual, [&] { progress.ShowIfLong(); });
-    Win32FileSystem disks(patience);
+    const auto meanwhile = [&] {
+        progress.ShowIfLong();
+    };
+    const Patience patience = PatienceOfWindows(Patience::usual, meanwhile);
+    Win32FileSystem disks(patience, meanwhile);
     ErrorNamingFileSystem files(disks);
     Win32DesktopShell shell(SHFileOperationW, patience);
     Win32ProgramStarter starter;

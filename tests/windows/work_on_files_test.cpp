@@ -7,7 +7,9 @@
 
 #include <fstream>
 
+#include "platform/win32/busy_wait.h"
 #include "platform/win32/win32_file_system.h"
+#include "platform/win32/win32_handle.h"
 #include "platform/win32/win32_work_progress.h"
 #include "support/temporary_folder.h"
 #include "windows/progress_scene.h"
@@ -107,6 +109,63 @@ TEST_F(WorkOnFiles, ShowsTheBarWhileAFileIsWaitedFor) {
         files.Delete(file);
     }
     EXPECT_TRUE(seen);
+    EXPECT_GE(ProgressOwner::paintings, 2);
+}
+
+// A call that lasts until it has been seen three times that windows paint meanwhile.
+TEST_F(WorkOnFiles, PaintsWindowsDuringOneLongCall) {
+    bool busy = false;
+    std::atomic<int> pictures = 0;
+    BusyWatch watch([&] {
+        owner.SendClick();
+        busy = busy || PointerIsBusy();
+        ++pictures;
+    });
+    const ULONGLONG begin = GetTickCount64();
+    const bool succeeded = watch.During([&] {
+        while (pictures < 3 && GetTickCount64() - begin < 10000) {
+            owner.Invalidate();
+            Sleep(5);
+        }
+        SetLastError(ERROR_DISK_FULL);
+        return false;
+    });
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_DISK_FULL});
+    EXPECT_FALSE(succeeded);
+    EXPECT_GE(ProgressOwner::paintings, 3);
+    EXPECT_EQ(ProgressOwner::clicks, 0);
+    EXPECT_TRUE(busy);
+    EXPECT_FALSE(PointerIsBusy());
+    EXPECT_TRUE(watch.During([] { return true; }));
+}
+
+void MakeBigFile(const std::wstring& path, LONGLONG bytes) {
+    const UniqueHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr));
+    ASSERT_NE(file.get(), INVALID_HANDLE_VALUE) << GetLastError();
+    LARGE_INTEGER end{};
+    end.QuadPart = bytes;
+    ASSERT_TRUE(SetFilePointerEx(file.get(), end, nullptr, FILE_BEGIN));
+    ASSERT_TRUE(SetEndOfFile(file.get()));
+}
+
+// As big as it has to be on a quick drive to be long work.
+TEST_F(WorkOnFiles, PaintsWindowsWhileABigFileIsCopied) {
+    const std::wstring first = temporary.Path() + L"\\1";
+    const std::wstring second = temporary.Path() + L"\\2";
+    int pictures = 0;
+    Win32FileSystem files(PatienceOfWindows(), [&] {
+        if (IsHeld(first)) // as long as it is read
+            ++pictures;
+        owner.Invalidate();
+    });
+    for (LONGLONG bytes = 64 << 20; pictures < 3 && bytes <= 1024 << 20; bytes *= 2) {
+        pictures = 0;
+        ProgressOwner::paintings = 0;
+        MakeBigFile(first, bytes);
+        files.Copy(first, second); // new the first time, over another one then
+    }
+    EXPECT_GE(pictures, 3);
     EXPECT_GE(ProgressOwner::paintings, 2);
 }
 

@@ -1,6 +1,22 @@
 #include "platform/win32/busy_wait.h"
 
+#include "platform/win32/win32_handle.h"
+
 namespace tamblin {
+namespace {
+
+constexpr DWORD longWork = 100;       // milliseconds
+constexpr DWORD betweenPictures = 50; // milliseconds
+
+DWORD CodeOf(const std::function<bool()>& call) {
+    return call() ? ERROR_SUCCESS : GetLastError();
+}
+
+DWORD WINAPI RunOnThread(void* call) {
+    return CodeOf(*static_cast<const std::function<bool()>*>(call));
+}
+
+} // namespace
 
 void LetPaint() {
     MSG message;
@@ -28,8 +44,6 @@ bool PaintUntil(HANDLE event, DWORD time) {
 
 void BusyWatch::Tick() {
     constexpr ULONGLONG closely = 250;
-    constexpr ULONGLONG longWork = 100;
-    constexpr ULONGLONG betweenPictures = 50;
     const ULONGLONG now = GetTickCount64();
     if (now - latest > closely)
         begin = now;
@@ -38,7 +52,28 @@ void BusyWatch::Tick() {
         return;
     SetCursor(LoadCursorW(nullptr, IDC_WAIT));
     LetPaint();
+    if (meanwhile)
+        meanwhile();
     painted = latest = GetTickCount64();
+}
+
+bool BusyWatch::During(const std::function<bool()>& call) {
+    std::function<bool()> shared = call;
+    DWORD code = ERROR_SUCCESS;
+    if (const UniqueHandle thread{CreateThread(nullptr, 0, RunOnThread, &shared, 0, nullptr)}) {
+        if (WaitForSingleObject(thread.get(), longWork) == WAIT_TIMEOUT) {
+            const HourglassPointer hourglass;
+            while (!PaintUntil(thread.get(), betweenPictures))
+                if (meanwhile)
+                    meanwhile();
+        }
+        GetExitCodeThread(thread.get(), &code);
+    } else {
+        code = CodeOf(call);
+    }
+    latest = GetTickCount64();
+    SetLastError(code);
+    return code == ERROR_SUCCESS;
 }
 
 } // namespace tamblin

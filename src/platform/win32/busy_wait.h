@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <functional>
+
 namespace tamblin {
 
 class HourglassPointer {
@@ -23,14 +25,21 @@ void LetPaint();
 // Waits until the event (or none) is set or the time, in milliseconds, is up. True when it is set.
 bool PaintUntil(HANDLE event, DWORD time);
 
-// Notices by the operations that follow each other closely that a command has become long work, and
-// lets windows paint from then on.
+// Notices that a command has become long work, and lets windows paint from then on.
 class BusyWatch {
   public:
-    // Before every operation.
+    // `whilePainting` is called as often as windows paint.
+    explicit BusyWatch(std::function<void()> whilePainting = nullptr)
+        : meanwhile(std::move(whilePainting)) {}
+
+    // Before every operation: those that follow each other closely are long work together.
     void Tick();
+    // Makes a call of Windows that may be long work by itself, on a thread of its own. The call
+    // answers whether it succeeded; so does this, and GetLastError() tells why not.
+    bool During(const std::function<bool()>& call);
 
   private:
+    std::function<void()> meanwhile;
     ULONGLONG begin = 0;
     ULONGLONG latest = 0;
     ULONGLONG painted = 0;

@@ -30,9 +30,13 @@ void WriteAll(HANDLE file, std::string_view bytes) {
 }
 
 // Not every file system can flush; what it then cannot report is not an error.
+bool IsFlushed(HANDLE file) {
+    return FlushFileBuffers(file) || GetLastError() == ERROR_INVALID_FUNCTION ||
+           GetLastError() == ERROR_NOT_SUPPORTED;
+}
+
 void Flush(HANDLE file) {
-    if (!FlushFileBuffers(file) && GetLastError() != ERROR_INVALID_FUNCTION &&
-        GetLastError() != ERROR_NOT_SUPPORTED)
+    if (!IsFlushed(file))
         ThrowLastError();
 }
 
@@ -185,16 +189,20 @@ void WriteNewFile(const std::wstring& target, std::string_view bytes, const Pati
     });
 }
 
-void CopyToNewFile(const std::wstring& source, const std::wstring& target,
-                   const Patience& patience) {
+void CopyToNewFile(const std::wstring& source, const std::wstring& target, const Patience& patience,
+                   BusyWatch& busy) {
+    const std::wstring from = PathForWindows(source);
+    const std::wstring to = PathForWindows(target);
     const bool copied = Persist(patience, source, [&] {
-        return CopyFileW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), TRUE);
+        return busy.During([&] { return CopyFileW(from.c_str(), to.c_str(), TRUE) != 0; });
     });
     if (!copied)
         ThrowCopyError(source, target);
     MakeOrDelete(target, [&] {
         const Writable writable(target);
-        Flush(OpenSuccessor(target, OPEN_EXISTING, patience).get());
+        const UniqueHandle file = OpenSuccessor(target, OPEN_EXISTING, patience);
+        if (!busy.During([&] { return IsFlushed(file.get()); }))
+            ThrowLastError();
     });
 }
 
@@ -210,10 +218,11 @@ void SwapInBytes(const std::wstring& target, std::string_view bytes, const Patie
     });
 }
 
-void SwapInCopy(const std::wstring& source, const std::wstring& target, const Patience& patience) {
+void SwapInCopy(const std::wstring& source, const std::wstring& target, const Patience& patience,
+                BusyWatch& busy) {
     const std::wstring successor = FreeNameBeside(target);
     NameTarget(successor, target, [&] {
-        CopyToNewFile(source, successor, patience);
+        CopyToNewFile(source, successor, patience, busy);
         MakeOrDelete(successor, [&] {
             SetBits(successor, FILE_ATTRIBUTE_NORMAL);
             const UniqueHandle file = OpenSuccessor(successor, OPEN_EXISTING, patience);

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "platform/patience.h"
+#include "platform/win32/busy_wait.h"
 #include "platform/win32/win32_handle.h"
 
 namespace tamblin {
@@ -27,12 +28,13 @@ inline constexpr DWORD LongestTransfer = 16U << 20;
 
 // Where nothing is yet.
 void WriteNewFile(const std::wstring& target, std::string_view bytes, const Patience& patience);
-void CopyToNewFile(const std::wstring& source, const std::wstring& target,
-                   const Patience& patience);
+void CopyToNewFile(const std::wstring& source, const std::wstring& target, const Patience& patience,
+                   BusyWatch& busy);
 
 // Where a file is. The last one takes the source away; both are on one drive.
 void SwapInBytes(const std::wstring& target, std::string_view bytes, const Patience& patience);
-void SwapInCopy(const std::wstring& source, const std::wstring& target, const Patience& patience);
+void SwapInCopy(const std::wstring& source, const std::wstring& target, const Patience& patience,
+                BusyWatch& busy);
 void SwapInFile(const std::wstring& source, const std::wstring& target, const Patience& patience);
 
 } // namespace tamblin

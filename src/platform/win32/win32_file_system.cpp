@@ -126,8 +126,9 @@ bool HoldsCurrentFolder(const std::wstring& folder) {
 
 } // namespace
 
-Win32FileSystem::Win32FileSystem(Patience waitsFor)
+Win32FileSystem::Win32FileSystem(Patience waitsFor, std::function<void()> meanwhile)
     : patience(std::move(waitsFor)),
+      busy(std::move(meanwhile)),
       previousErrorMode(SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX)) {}
 
 Win32FileSystem::~Win32FileSystem() {
@@ -224,10 +225,10 @@ void Win32FileSystem::Copy(const std::wstring& from, const std::wstring& to) {
     const std::wstring target = FullFilePath(to);
     CheckNotTheSame(source, target);
     if (BitsOf(target) == INVALID_FILE_ATTRIBUTES) {
-        CopyToNewFile(source, target, patience);
+        CopyToNewFile(source, target, patience, busy);
     } else {
         CheckMayBeReplaced(target, patience);
-        SwapInCopy(source, target, patience);
+        SwapInCopy(source, target, patience, busy);
     }
 }
 

@@ -5,6 +5,8 @@
 // another program holds for a moment is waited for; meanwhile windows paint themselves.
 #pragma once
 
+#include <functional>
+
 #include "platform/file_system.h"
 #include "platform/win32/win32_handle.h"
 #include "platform/win32/win32_held_file.h"
@@ -13,8 +15,10 @@ namespace tamblin {
 
 class Win32FileSystem : public FileSystem {
   public:
-    // `waitsFor` is how long an operation waits for a file that another program holds.
-    explicit Win32FileSystem(Patience waitsFor = PatienceOfWindows());
+    // `waitsFor` is how long an operation waits for a file that another program holds; `meanwhile`
+    // is called again and again during long work.
+    explicit Win32FileSystem(Patience waitsFor = PatienceOfWindows(),
+                             std::function<void()> meanwhile = nullptr);
     ~Win32FileSystem() override;
     Win32FileSystem(const Win32FileSystem&) = delete;
     Win32FileSystem& operator=(const Win32FileSystem&) = delete;
