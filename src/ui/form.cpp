@@ -446,8 +446,24 @@ void Form::TimerRang() {
 
 void Form::SetDensity(unsigned newDpi) {
     dpi = newDpi;
+    WriteAtDensity(dpi);
+    FitTextToScreen();
+}
+
+// Better a smaller text than the user has chosen than controls that cannot be reached. Never
+// smaller than on a screen without scaling.
+void Form::FitTextToScreen() {
+    constexpr unsigned least = 96;
+    unsigned textDpi = dpi;
+    while (textDpi > least && MinimumSize().height > RoomOnScreen().height) {
+        textDpi = std::max(least, textDpi * 15 / 16);
+        WriteAtDensity(textDpi);
+    }
+}
+
+void Form::WriteAtDensity(unsigned textDpi) {
     const HFONT former = font;
-    font = CreateMessageFont(dpi);
+    font = CreateMessageFont(textDpi);
     measure = std::make_unique<TextMeasure>(font);
     for (Control* control : controls)
         control->SetFont(*measure);
@@ -534,6 +550,7 @@ HWND Form::WindowBelow() const {
 
 // The first time a form is shown it stands in the middle of the window below it or of the screen.
 void Form::PutInPlace() {
+    FitTextToScreen();
     const RECT frame = FrameAround(FirstSize());
     const HWND below = WindowBelow();
     const RECT work = WorkAreaOf(below ? below : handle);

@@ -152,6 +152,8 @@ class Form {
     void TimerRang();
     void TakeDroppedFiles(HDROP drop);
     void SetDensity(unsigned newDpi);
+    void FitTextToScreen();
+    void WriteAtDensity(unsigned textDpi);
     void DensityChanged(unsigned newDpi, const RECT& suggested);
     void AppearanceChanged();
     HWND WindowBelow() const;

@@ -123,9 +123,8 @@ TEST_F(EveryFormTest, ALongPathDoesNotWidenManualFolder) {
     EXPECT_EQ(widthOf(form), usual);
 }
 
-// As on 800 pixels at 144 dpi, in proportion.
+// As on 800 by 600 pixels at 144 and at 192 dpi, in proportion.
 TEST_F(EveryFormTest, TextsWrapOnANarrowScreen) {
-    const auto dpi = static_cast<unsigned>(MulDiv(144, GetSystemMetrics(SM_CXSCREEN), 800));
     MainModel model(fake.platform, state);
     model.combo.entries = {L"C:\\Vimora"};
     model.combo.selected = 0;
@@ -134,12 +133,16 @@ TEST_F(EveryFormTest, TextsWrapOnANarrowScreen) {
     for (Form* form : std::initializer_list<Form*>{
              &Shown<Form3>(fake.platform, state, handOver), &Shown<Form5>(state, handOver),
              &Shown<Form8>(state, handOver), &Shown<Form11>(check, nullptr)}) {
-        MoveToDensity(*form, dpi);
-        ShrinkToMinimum(*form);
-        RECT area{};
-        GetWindowRect(form->Handle(), &area);
-        EXPECT_LE(area.right - area.left, GetSystemMetrics(SM_CXSCREEN));
-        EXPECT_EQ(CutOffCaptions(*form) + MisplacedControls(*form), "");
+        for (const int dpi : {144, 192}) {
+            const int inProportion = MulDiv(dpi, GetSystemMetrics(SM_CXSCREEN), 800);
+            MoveToDensity(*form, static_cast<unsigned>(inProportion));
+            ShrinkToMinimum(*form);
+            RECT area{};
+            GetWindowRect(form->Handle(), &area);
+            EXPECT_LE(area.right - area.left, GetSystemMetrics(SM_CXSCREEN));
+            EXPECT_LE(area.bottom - area.top, GetSystemMetrics(SM_CYSCREEN));
+            EXPECT_EQ(CutOffCaptions(*form) + MisplacedControls(*form), "");
+        }
     }
 }
 

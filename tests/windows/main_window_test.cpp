@@ -141,6 +141,18 @@ TEST_F(MainWindowTest, ListsAreWideEnoughForNamesOnANarrowScreen) {
     EXPECT_EQ(CutOffCaptions(*form) + MisplacedControls(*form), "");
 }
 
+// As on 800 by 600 pixels at 192 dpi, in proportion.
+TEST_F(MainWindowTest, AllIsInReachOnASmallScreenOfHighDensity) {
+    Open();
+    MoveToDensity(*form, static_cast<unsigned>(MulDiv(192, GetSystemMetrics(SM_CXSCREEN), 800)));
+    ShrinkToMinimum(*form);
+    EXPECT_EQ(CutOffCaptions(*form) + MisplacedControls(*form), "");
+    RECT area{};
+    GetWindowRect(form->Handle(), &area);
+    EXPECT_LE(area.bottom - area.top, GetSystemMetrics(SM_CYSCREEN));
+    EXPECT_LE(area.right - area.left, GetSystemMetrics(SM_CXSCREEN));
+}
+
 TEST_F(MainWindowTest, OpensOnAboutSixtyPerCentOfTheScreen) {
     Open();
     RECT area{};
