@@ -38,9 +38,13 @@ class Scanner:
             self.lines.append(line.decode().rstrip("\r\n"))
 
     def held(self, path):
-        """How often it has held that file so far."""
-        return self.lines.count(path)
+        """Whether it has held that file."""
+        return path in self.lines
 
-    def wait_held(self, *paths, times=1):
+    def wait_held(self, *paths):
+        """From then on it looks into no folder any more."""
         for path in paths:
-            wait_until(lambda path=path: self.held(path) >= times, f"{path} to be held")
+            wait_until(lambda path=path: self.held(path), f"{path} to be held")
+        self.process.stdin.write(b"\n")
+        self.process.stdin.flush()
+        wait_until(lambda: "watched" in self.lines, "the watch to end")

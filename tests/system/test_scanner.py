@@ -173,7 +173,8 @@ def test_a_save_waits(app):
 
 def test_an_install_gives_up_before_anything_is_replaced_and_can_be_done_again(app):
     machine = app.machine
-    uninstall(app, "nagi")
+    if "nagi" in app.main.list3.entries():
+        uninstall(app, "nagi")
     before = {**machine.tree(HOST), "kva.def": HOST_KAVALET}
     with Scanner(machine, TOO_LONG, HOST) as scanner:
         confirmation = propose(app, "nagi.lzh")

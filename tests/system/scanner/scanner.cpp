@@ -4,8 +4,9 @@
 //     scanner MILLISECONDS delete|keep FOLDER...
 //
 // Other programs may read a file that it holds and, with "delete", delete and rename it. Prints
-// "ready" once it watches, then the path of each file that it holds, in UTF-8. Lets go of all and
-// ends with its input.
+// "ready" once it watches, then the path of each file that it holds, in UTF-8. A line of input ends
+// the watch, since whoever looks into a folder holds it, too, for a moment; "watched" is the
+// answer. Lets go of all and ends with its input.
 #include <windows.h>
 
 #include <atomic>
@@ -77,8 +78,7 @@ class Scanner {
     Scanner(const Scanner&) = delete;
     Scanner& operator=(const Scanner&) = delete;
 
-    void Look() {
-        LetGo();
+    void LookForNewFiles() {
         for (const std::wstring& folder : folders) {
             VisitFiles(folder, [&](const std::wstring& path, const WIN32_FIND_DATAW& found) {
                 if (!known.contains(VersionOf(path, found))) {
@@ -86,6 +86,16 @@ class Scanner {
                 }
             });
         }
+    }
+
+    void LetGo() {
+        std::erase_if(held, [&](const Held& file) {
+            const bool isOver = GetTickCount64() - file.since >= time;
+            if (isOver) {
+                CloseHandle(file.handle);
+            }
+            return isOver;
+        });
     }
 
   private:
@@ -105,16 +115,6 @@ class Scanner {
         Print(path);
     }
 
-    void LetGo() {
-        std::erase_if(held, [&](const Held& file) {
-            const bool isOver = GetTickCount64() - file.since >= time;
-            if (isOver) {
-                CloseHandle(file.handle);
-            }
-            return isOver;
-        });
-    }
-
     std::vector<std::wstring> folders;
     ULONGLONG time;
     DWORD share;
@@ -130,15 +130,25 @@ int wmain(int count, wchar_t** arguments) {
     }
     Scanner scanner({arguments + 3, arguments + count}, std::stoull(arguments[1]),
                     std::wstring(arguments[2]) == L"delete");
+    std::atomic<bool> hasSeenEnough = false;
     std::atomic<bool> ended = false;
     std::thread input([&] {
         while (std::getchar() != EOF) {
+            hasSeenEnough = true;
         }
         ended = true;
     });
     Print(L"ready");
+    bool isWatching = true;
     while (!ended) {
-        scanner.Look();
+        if (isWatching && hasSeenEnough) {
+            isWatching = false;
+            Print(L"watched");
+        }
+        if (isWatching) {
+            scanner.LookForNewFiles();
+        }
+        scanner.LetGo();
         Sleep(2);
     }
     input.join();
