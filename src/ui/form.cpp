@@ -80,6 +80,18 @@ class MoveTogether : public Placement {
     std::vector<HWND> moved;
 };
 
+// Where controls would reach, without moving them.
+class FarthestRight : public Placement {
+  public:
+    void Put(HWND, const Place& place) override {
+        right = std::max(right, place.left + place.width);
+    }
+    int Right() const { return right; }
+
+  private:
+    int right = 0;
+};
+
 bool IsRepeat(const MSG& keyDown) {
     return (HIWORD(keyDown.lParam) & KF_REPEAT) != 0;
 }
@@ -455,10 +467,19 @@ void Form::SetDensity(unsigned newDpi) {
 void Form::FitTextToScreen() {
     constexpr unsigned least = 96;
     unsigned textDpi = dpi;
-    while (textDpi > least && MinimumSize().height > RoomOnScreen().height) {
+    while (textDpi > least && !FitsScreen()) {
         textDpi = std::max(least, textDpi * 15 / 16);
         WriteAtDensity(textDpi);
     }
+}
+
+bool Form::FitsScreen() const {
+    if (!layout)
+        return true;
+    const Size size = MinimumSize();
+    FarthestRight placed;
+    layout->Arrange({0, 0, size.width, size.height}, *measure, placed);
+    return size.height <= RoomOnScreen().height && placed.Right() <= size.width;
 }
 
 void Form::WriteAtDensity(unsigned textDpi) {

@@ -153,6 +153,7 @@ class Form {
     void TakeDroppedFiles(HDROP drop);
     void SetDensity(unsigned newDpi);
     void FitTextToScreen();
+    bool FitsScreen() const;
     void WriteAtDensity(unsigned textDpi);
     void DensityChanged(unsigned newDpi, const RECT& suggested);
     void AppearanceChanged();

@@ -492,6 +492,29 @@ TEST_F(FormTest, CannotBeMadeSmallerThanItsLayout) {
     EXPECT_LE(last.bottom, client.bottom);
 }
 
+class WideForm : public Form {
+  public:
+    explicit WideForm(Application& owner) : Form(owner, 120, L"W", FormFrame::Resizable) {
+        auto row = Row();
+        row->Add(first).Add(second);
+        SetLayout(std::move(row));
+    }
+    Button first{*this, 1, std::wstring(30, L'表')};
+    Button second{*this, 2, std::wstring(30, L'表')};
+};
+
+TEST_F(FormTest, WritesSmallerWhereTheScreenIsTooNarrowAtItsDensity) {
+    auto& form = application.Open<WideForm>(application);
+    form.Show();
+    const int before = form.Measure().LineHeight();
+    MoveToDensity(form, 288);
+    EXPECT_LT(form.Measure().LineHeight(), 3 * before - 4);
+    EXPECT_EQ(MisplacedControls(form), "");
+    RECT window{};
+    GetWindowRect(form.Handle(), &window);
+    EXPECT_LE(window.right - window.left, GetSystemMetrics(SM_CXSCREEN));
+}
+
 TEST_F(FormTest, FollowsTheSystemsChangeOfFontAndColours) {
     auto& form = Open();
     MoveToDensity(form, 192);
