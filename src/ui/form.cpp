@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cwctype>
+#include <limits>
 
 #include "ui/at_exit.h"
 #include "ui/busy_pointer.h"
@@ -80,15 +81,18 @@ class MoveTogether : public Placement {
     std::vector<HWND> moved;
 };
 
-// Where controls would reach, without moving them.
-class FarthestRight : public Placement {
+// How far across controls would reach, without moving them.
+class Reach : public Placement {
   public:
     void Put(HWND, const Place& place) override {
+        left = std::min(left, place.left);
         right = std::max(right, place.left + place.width);
     }
-    int Right() const { return right; }
+    // With as much room on the right as on the left.
+    bool IsWithin(int width) const { return right <= width - left; }
 
   private:
+    int left = std::numeric_limits<int>::max();
     int right = 0;
 };
 
@@ -477,9 +481,9 @@ bool Form::FitsScreen() const {
     if (!layout)
         return true;
     const Size size = MinimumSize();
-    FarthestRight placed;
-    layout->Arrange({0, 0, size.width, size.height}, *measure, placed);
-    return size.height <= RoomOnScreen().height && placed.Right() <= size.width;
+    Reach reach;
+    layout->Arrange({0, 0, size.width, size.height}, *measure, reach);
+    return size.height <= RoomOnScreen().height && reach.IsWithin(size.width);
 }
 
 void Form::WriteAtDensity(unsigned textDpi) {
