@@ -1,10 +1,9 @@
 #include "platform/path_form.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
-#include "base/text.h"
+#include "base/device_name.h"
 
 namespace tamblin {
 namespace {
@@ -24,12 +23,6 @@ bool IsForbidden(wchar_t letter) {
            std::wstring_view(L"*?<>|\":").find(letter) != std::wstring_view::npos;
 }
 
-// Windows counts the superscript digits one, two and three as digits here.
-bool IsPortDigit(wchar_t letter) {
-    return (letter >= L'1' && letter <= L'9') || letter == 0x00B9 || letter == 0x00B2 ||
-           letter == 0x00B3;
-}
-
 bool IsWellFormedName(std::wstring_view name) {
     return name.size() <= longestName && std::none_of(name.begin(), name.end(), IsForbidden) &&
            !IsDeviceName(name);
@@ -41,17 +34,6 @@ bool IsNameSpacePrefix(std::wstring_view path) {
 }
 
 } // namespace
-
-bool IsDeviceName(std::wstring_view name) {
-    std::wstring base = UpperCase(name.substr(0, name.find(L'.')));
-    base.erase(base.find_last_not_of(L' ') + 1);
-    static constexpr std::array<std::wstring_view, 6> devices = {L"CON", L"PRN",    L"AUX",
-                                                                 L"NUL", L"CONIN$", L"CONOUT$"};
-    if (std::find(devices.begin(), devices.end(), base) != devices.end())
-        return true;
-    return base.size() == 4 && (StartsWith(base, L"COM") || StartsWith(base, L"LPT")) &&
-           IsPortDigit(base[3]);
-}
 
 bool IsFullPath(std::wstring_view path) {
     if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]))

@@ -15,7 +15,4 @@ bool IsWellFormedPath(std::wstring_view path);
 // but not "C:", "\a" or "a".
 bool IsFullPath(std::wstring_view path);
 
-// True for a name that Windows takes for a device, whatever its letter case and extension.
-bool IsDeviceName(std::wstring_view name);
-
 } // namespace tamblin

@@ -13,9 +13,6 @@ inline constexpr std::size_t longestPath = 259;
 // The name in UTF-16 units, whatever the platform's wchar_t is.
 std::size_t Utf16Size(std::wstring_view name);
 
-// CON, NUL.txt, COM1, LPT¹ and the like, in any letter case.
-bool IsDeviceName(std::wstring_view name);
-
 bool IsAllowedName(std::wstring_view name);
 
 } // namespace tamblin::lzh

@@ -40,10 +40,6 @@ std::optional<std::wstring> DeletablePath(const std::wstring& path) {
     }
 }
 
-bool IsDots(std::wstring_view name) {
-    return name == L"." || name == L"..";
-}
-
 // Nothing when there is no such thing.
 std::optional<WIN32_FIND_DATAW> FindAt(const std::wstring& fullPath) {
     WIN32_FIND_DATAW found;

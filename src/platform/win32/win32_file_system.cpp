@@ -61,10 +61,6 @@ FolderEntry EntryOf(const WIN32_FIND_DATAW& found) {
     return {found.cFileName, AttributesOf(found), size};
 }
 
-bool IsDots(const wchar_t* name) {
-    return name[0] == L'.' && (name[1] == L'\0' || (name[1] == L'.' && name[2] == L'\0'));
-}
-
 void SortByUpperCase(std::vector<FolderEntry>& entries) {
     struct Keyed {
         std::wstring key;

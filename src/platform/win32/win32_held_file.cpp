@@ -19,10 +19,6 @@ LONG LastStatus() {
     return function ? function() : 0;
 }
 
-bool IsDots(std::wstring_view name) {
-    return name == L"." || name == L"..";
-}
-
 bool IsThere(const std::wstring& fullPath) {
     return GetFileAttributesW(PathForWindows(fullPath).c_str()) != INVALID_FILE_ATTRIBUTES;
 }

@@ -63,6 +63,10 @@ bool EndsInSeparator(const std::wstring& path) {
     return path.ends_with(L'\\') || path.ends_with(L'/');
 }
 
+bool IsDots(std::wstring_view name) {
+    return name == L"." || name == L"..";
+}
+
 DriveState StateOfDrive(const std::wstring& fullPath) {
     const std::wstring root = RootOf(fullPath);
     if (GetDriveTypeW(root.c_str()) == DRIVE_NO_ROOT_DIR)

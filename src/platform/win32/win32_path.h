@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace tamblin {
 
@@ -17,6 +18,9 @@ std::wstring RootOf(const std::wstring& fullPath);
 bool IsRoot(const std::wstring& fullPath);
 
 bool EndsInSeparator(const std::wstring& path);
+
+// What every listing of a folder has besides its entries: "." and "..".
+bool IsDots(std::wstring_view name);
 
 enum class DriveState { Missing, NotReady, Ready };
 
