@@ -1,5 +1,6 @@
 #include "app/dropped_packages.h"
 
+#include "base/character_files.h"
 #include "base/text.h"
 #include "platform/file_lists.h"
 
@@ -15,7 +16,7 @@ constexpr wchar_t SeveralFoldersText[] =
 
 DroppedPackages::DroppedPackages(const std::vector<std::wstring>& paths, FileSystem& files) {
     for (const std::wstring& path : paths) {
-        if (!EndsWithIgnoringCase(path, L".LZH") || !ProbeFile(files, path))
+        if (!IsArchive(path) || !ProbeFile(files, path))
             continue;
         const std::wstring itsFolder(WithoutLast(path, NameOf(path).size()));
         if (names.empty())

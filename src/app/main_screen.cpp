@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "app/dropped_packages.h"
+#include "base/character_files.h"
 #include "base/run_time_error.h"
-#include "base/text.h"
 #include "install/installed_list.h"
 #include "install/package_staging.h"
 #include "install/selection_rules.h"
@@ -119,8 +119,7 @@ bool MainScreen::FilesDropped(const std::vector<std::wstring>& paths) {
 
 bool MainScreen::InstallsFile(size_t row) const {
     const SelectionList& files = model.browser.Files();
-    return row < files.Size() && files.IsSelected(row) &&
-           EndsWithIgnoringCase(files[row], L".LZH") && model.buttons[1];
+    return row < files.Size() && files.IsSelected(row) && IsArchive(files[row]) && model.buttons[1];
 }
 
 void MainScreen::InstallPressed(InstallScreen& screen) {

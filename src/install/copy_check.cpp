@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "base/character_files.h"
 #include "base/run_time_error.h"
-#include "base/text.h"
 #include "install/kavalet_definitions.h"
 
 namespace tamblin {
@@ -39,7 +39,7 @@ class CopyCheck {
             if (entry.attributes.folder) {
                 const bool below = isInHost && platform.files.Find(hostFolder + path);
                 CheckFolder(path + L"\\", below);
-            } else if (!folder.empty() || EndsWithIgnoringCase(path, L".obl")) {
+            } else if (!folder.empty() || IsDefinition(path)) {
                 CheckFile(folder, entry, isInHost);
             }
         }

@@ -1,5 +1,6 @@
 #include "install/copy_staged_tree.h"
 
+#include "base/character_files.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "install/copy_check.h"
@@ -39,7 +40,7 @@ class CopyingVisitor : public StagingVisitor {
         const bool atRoot = folder.empty();
         const std::wstring staged = stagingFolder + folder + name;
         const std::wstring target = hostFolder + folder + name;
-        const bool isCopied = !atRoot || EndsWithIgnoringCase(name, L".obl");
+        const bool isCopied = !atRoot || IsDefinition(name);
         if (isCopied && !alreadyThere.contains(folder + name))
             platform.files.Replace(staged, target);
         else

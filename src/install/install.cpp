@@ -1,5 +1,6 @@
 #include "install/install.h"
 
+#include "base/character_files.h"
 #include "base/name_index.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
@@ -90,7 +91,7 @@ class InstallRun {
         for (size_t index = 0; index < files.Size(); ++index) {
             if (!files.IsSelected(index))
                 continue;
-            if (!EndsWithIgnoringCase(files[index], L".LZH"))
+            if (!IsArchive(files[index]))
                 lists.cannotInstall.Add(files[index]);
             else if (!StageArchive(files[index]))
                 return false;
@@ -131,8 +132,8 @@ class InstallRun {
         };
         for (const std::wstring& file : staged.files) {
             advance();
-            const std::wstring name(WithoutLast(file, 4));
-            if (!EndsWithIgnoringCase(file, L".OBL")) {
+            const std::wstring name = CharacterOf(file);
+            if (!IsDefinition(file)) {
                 DeleteStagedFile(staging + file, platform.files);
             } else if (installed.Find(name) != nullptr) {
                 platform.shell.DeleteTree(staging + name);
@@ -143,7 +144,7 @@ class InstallRun {
         const NameIndex definitions(left.files);
         for (const std::wstring& folder : left.folders) {
             advance();
-            if (definitions.Find(folder + L".obl") == nullptr)
+            if (definitions.Find(DefinitionOf(folder)) == nullptr)
                 platform.shell.DeleteTree(staging + folder);
         }
         DeleteWhatIsLeft(staging, installed);
@@ -155,11 +156,10 @@ class InstallRun {
         const FolderListing left = ListFolder(platform.files, staging);
         const NameIndex definitions(left.files);
         for (const std::wstring& file : left.files)
-            if (!EndsWithIgnoringCase(file, L".OBL") ||
-                installed.Find(std::wstring(WithoutLast(file, 4))) != nullptr)
+            if (!IsDefinition(file) || installed.Find(CharacterOf(file)) != nullptr)
                 DeleteLeft([&] { DeleteStagedFile(staging + file, platform.files); });
         for (const std::wstring& folder : left.folders)
-            if (definitions.Find(folder + L".obl") == nullptr)
+            if (definitions.Find(DefinitionOf(folder)) == nullptr)
                 DeleteLeft([&] { platform.files.RemoveFolder(staging + folder); });
     }
 

@@ -1,19 +1,17 @@
 #include "install/installed_list.h"
 
+#include "base/character_files.h"
 #include "base/name_index.h"
-#include "base/text.h"
 #include "install/selection_rules.h"
 #include "platform/file_lists.h"
 
 namespace tamblin {
 namespace {
 
-constexpr std::wstring_view DefinitionExtension = L".obl";
-
 std::vector<std::wstring> DefinitionFiles(const std::vector<std::wstring>& files) {
     std::vector<std::wstring> definitions;
     for (const std::wstring& file : files)
-        if (EndsWithIgnoringCase(file, DefinitionExtension))
+        if (IsDefinition(file))
             definitions.push_back(file);
     return definitions;
 }
@@ -21,8 +19,7 @@ std::vector<std::wstring> DefinitionFiles(const std::vector<std::wstring>& files
 void FillNames(InstalledList& installed) {
     const NameIndex folders(installed.subfolders);
     for (const std::wstring& file : installed.definitionFiles)
-        if (const std::wstring* folder =
-                folders.Find(WithoutLast(file, DefinitionExtension.size())))
+        if (const std::wstring* folder = folders.Find(CharacterOf(file)))
             installed.names.Add(*folder);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/character_files.h"
 #include "base/text.h"
 
 namespace tamblin {
@@ -17,9 +18,9 @@ bool IsRegisteredHost(const HostFolderCombo& combo, const std::wstring& folder) 
 // host folders, where they belong to the host.
 bool IsOfferedForInstall(const std::wstring& name, const std::wstring& folder,
                          const HostFolderCombo& combo) {
-    if (EndsWithIgnoringCase(name, L".LZH"))
+    if (IsArchive(name))
         return true;
-    if (!EndsWithIgnoringCase(name, L".OBL") && !EqualIgnoringCase(name, HostProgramName))
+    if (!IsDefinition(name) && !EqualIgnoringCase(name, HostProgramName))
         return false;
     return !IsRegisteredHost(combo, folder);
 }

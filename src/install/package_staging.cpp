@@ -2,6 +2,7 @@
 
 #include <unordered_set>
 
+#include "base/character_files.h"
 #include "base/name_index.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
@@ -154,11 +155,11 @@ void PackageJudge::JudgeNewFolders(const std::wstring& archiveName, const Folder
     for (const std::wstring& folder : listing.folders) {
         if (known.contains(folder))
             continue;
-        const std::wstring* file = files.Find(folder + L".obl");
+        const std::wstring* file = files.Find(DefinitionOf(folder));
         if (file == nullptr)
             continue;
         anyDefined = true;
-        const std::wstring name(WithoutLast(*file, 4));
+        const std::wstring name = CharacterOf(*file);
         if (const std::wstring* entry = installed.Find(name))
             lists.alreadyInstalled.Add(Line(*entry, archiveName));
         else

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/character_files.h"
 #include "base/text.h"
 #include "platform/file_lists.h"
 
@@ -14,12 +15,6 @@ constexpr const wchar_t* ReadmeEndings[] = {L".txt", L"-X.txt", L".htm", L".html
 
 bool IsProgram(const std::wstring& file) {
     return EndsWithIgnoringCase(file, L".EXE");
-}
-bool IsArchive(const std::wstring& file) {
-    return EndsWithIgnoringCase(file, L".LZH");
-}
-bool IsDefinition(const std::wstring& file) {
-    return EndsWithIgnoringCase(file, L".OBL");
 }
 
 void EnableForInstalledSelection(ActionButtons& buttons, size_t installedCount) {
@@ -41,7 +36,7 @@ void EnableForOneFile(MainModel& model, const std::wstring& file, size_t install
     buttons[1] = true;
     EnableForInstalledSelection(buttons, installedCount);
     const std::wstring& character = model.installed.names[*model.installed.names.LastSelected()];
-    if (IsDefinition(file) && EqualIgnoringCase(WithoutLast(file, 4), character))
+    if (IsDefinition(file) && EqualIgnoringCase(CharacterOf(file), character))
         buttons[4] = true;
 }
 
@@ -90,7 +85,7 @@ std::vector<std::wstring> ReadmeCandidates(const std::wstring& hostFolder,
 
 std::wstring DeliveredDefinitionFile(const std::wstring& hostFolder,
                                      const std::wstring& character) {
-    return WithBackslash(hostFolder) + character + L"\\dat\\obl\\" + character + L".obl";
+    return WithBackslash(hostFolder) + character + L"\\dat\\obl\\" + DefinitionOf(character);
 }
 
 void DisableCharacterButtons(MainModel& model) {

@@ -1,5 +1,6 @@
 #include "maintenance/folder_check.h"
 
+#include "base/character_files.h"
 #include "base/name_index.h"
 #include "base/text.h"
 #include "install/installed_list.h"
@@ -23,10 +24,10 @@ void FolderCheck::RunCheck(MainModel& model) {
     const NameIndex knownFiles(model.installed.definitionFiles);
     const NameIndex knownFolders(model.installed.subfolders);
     for (const std::wstring& folder : model.installed.subfolders)
-        if (knownFiles.Find(folder + L".obl") == nullptr)
+        if (knownFiles.Find(DefinitionOf(folder)) == nullptr)
             folders.Add(folder);
     for (const std::wstring& file : model.installed.definitionFiles)
-        if (knownFolders.Find(WithoutLast(file, 4)) == nullptr)
+        if (knownFolders.Find(CharacterOf(file)) == nullptr)
             definitionFiles.Add(file);
 }
 

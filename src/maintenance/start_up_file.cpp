@@ -1,6 +1,7 @@
 #include "maintenance/start_up_file.h"
 
 #include "base/byte_lines.h"
+#include "base/character_files.h"
 #include "platform/file_lists.h"
 
 namespace tamblin {
@@ -21,7 +22,7 @@ void SetStartUpCharacter(const MainModel& model, Platform& platform) {
     if (!selected)
         return;
     const std::wstring& character = model.installed.names[*selected];
-    const std::string line = StartUpLine(character + L".obl", platform);
+    const std::string line = StartUpLine(DefinitionOf(character), platform);
     const std::wstring startUpFile = model.combo.Text() + L"\\" + HostStartUpFileName;
     if (FileExists(platform.files, startUpFile))
         platform.files.Delete(startUpFile);

@@ -1,5 +1,6 @@
 #include "maintenance/uninstall.h"
 
+#include "base/character_files.h"
 #include "base/text.h"
 #include "install/installed_list.h"
 
@@ -29,7 +30,7 @@ void Uninstall(MainModel& model, SettingsState& state, Platform& platform) {
     // The shell does not tell what it could not delete. A character that is still there keeps what
     // makes it one.
     if (lastFolder.empty() || !platform.files.Find(lastFolder))
-        platform.files.Delete(lastFolder + L".obl");
+        platform.files.Delete(DefinitionOf(lastFolder));
     platform.messages.Inform(DoneText);
 
     model.buttons[7] = model.buttons[5] = false;

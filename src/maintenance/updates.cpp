@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "base/character_files.h"
 #include "base/text.h"
 #include "install/selection_rules.h"
 #include "platform/file_lists.h"
@@ -48,11 +49,11 @@ void UpdateDefinitionFile(MainModel& model, Platform& platform) {
     const auto name = source ? SpelledName(platform.files, *source) : std::nullopt;
     if (!name)
         return;
-    const std::wstring stem(WithoutLast(*name, 4));
-    if (!platform.messages.AskOkCancel(stem + QuestionEnd))
+    const std::wstring character = CharacterOf(*name);
+    if (!platform.messages.AskOkCancel(character + QuestionEnd))
         return;
     platform.files.Copy(*source, WithBackslash(model.combo.Text()) + *name);
-    platform.messages.Inform(stem + DoneEnd);
+    platform.messages.Inform(character + DoneEnd);
     model.buttons[4] = false;
     platform.files.SetCurrentFolder(platform.programFolder);
 }

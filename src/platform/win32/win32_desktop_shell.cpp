@@ -6,7 +6,6 @@
 #include <shlobj.h>
 
 #include <memory>
-#include <string_view>
 
 #include "base/run_time_error.h"
 #include "base/text.h"

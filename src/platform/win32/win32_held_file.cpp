@@ -1,7 +1,5 @@
 #include "platform/win32/win32_held_file.h"
 
-#include <string_view>
-
 #include "platform/win32/win32_handle.h"
 #include "platform/win32/win32_path.h"
 
