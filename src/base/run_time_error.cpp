@@ -1,5 +1,7 @@
 #include "base/run_time_error.h"
 
+#include "base/text.h"
+
 namespace tamblin {
 
 RunTimeError RunTimeError::AsFatal() const {
@@ -67,7 +69,8 @@ std::wstring RunTimeError::Advice() const {
 }
 
 std::wstring RunTimeError::Report() const {
-    std::wstring report = L"実行時エラー '" + std::to_wstring(static_cast<int>(number)) + L"':";
+    std::wstring report =
+        WithGapFilled(L"実行時エラー '{}':", std::to_wstring(static_cast<int>(number)));
     for (const std::wstring& part : {Text(), path, Advice()})
         if (!part.empty())
             report += L"\n\n" + part;

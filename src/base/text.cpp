@@ -82,6 +82,11 @@ std::wstring WithoutBackslash(std::wstring_view folder) {
     return std::wstring(!isRoot && folder.ends_with(L'\\') ? WithoutLast(folder, 1) : folder);
 }
 
+std::wstring WithGapFilled(std::wstring_view sentence, std::wstring_view filling) {
+    constexpr std::wstring_view gap = L"{}";
+    return std::wstring(sentence).replace(sentence.find(gap), gap.size(), filling);
+}
+
 std::wstring_view NameOf(std::wstring_view path) {
     const size_t backslash = path.rfind(L'\\');
     return backslash == std::wstring_view::npos ? path : path.substr(backslash + 1);

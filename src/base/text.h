@@ -25,6 +25,9 @@ std::wstring WithBackslash(std::wstring_view folder);
 // The folder without its trailing "\"; a drive root ("C:\") keeps it.
 std::wstring WithoutBackslash(std::wstring_view folder);
 
+// A sentence with its one gap, "{}", filled.
+std::wstring WithGapFilled(std::wstring_view sentence, std::wstring_view filling);
+
 // The text after the last "\" of a path.
 std::wstring_view NameOf(std::wstring_view path);
 

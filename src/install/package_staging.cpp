@@ -13,11 +13,11 @@ namespace tamblin {
 namespace {
 
 constexpr wchar_t StagingName[] = L"TAMTMP";
-constexpr wchar_t UndecidedMark[] = L" （判定不能）";
+constexpr wchar_t UndecidedLine[] = L"{} （判定不能）";
 constexpr wchar_t HeldElsewhereText[] =
-    L" は、ほかのユーザーまたは別の Tamblin が使用中です。終わってから、もう一度お試しください。";
+    L"{} は、ほかのユーザーまたは別の Tamblin が使用中です。終わってから、もう一度お試しください。";
 constexpr wchar_t InStagingFolderText[] =
-    L" は作業用フォルダです。中にあるものは削除されるため、別のフォルダへ移してからお試しください"
+    L"{} は作業用フォルダです。中にあるものは削除されるため、別のフォルダへ移してからお試しください"
     L"。";
 
 std::wstring DriveRoot(const std::wstring& hostFolder) {
@@ -33,7 +33,7 @@ std::wstring Line(const std::wstring& name, const std::wstring& archiveName) {
 bool HoldStagingFolder(const std::wstring& folder, Platform& platform) {
     if (platform.files.HoldFolder(folder))
         return true;
-    platform.messages.Inform(folder + HeldElsewhereText);
+    platform.messages.Inform(WithGapFilled(HeldElsewhereText, folder));
     return false;
 }
 
@@ -115,7 +115,7 @@ bool OutsideStagingFolder(const std::vector<std::wstring>& folders, const std::w
         const std::wstring plain = WithSingleBackslashes(WithBackslash(folder));
         if (!EqualIgnoringCase(plain.substr(0, staging.size()), staging))
             continue;
-        platform.messages.Inform(StagingName + std::wstring(InStagingFolderText));
+        platform.messages.Inform(WithGapFilled(InStagingFolderText, StagingName));
         return false;
     }
     return true;
@@ -142,7 +142,7 @@ void PackageJudge::JudgePackage(const std::wstring& archiveName,
     else if (listing.files.size() > filesBefore)
         lists.cannotInstall.Add(archiveName);
     else
-        lists.cannotInstall.Add(archiveName + UndecidedMark);
+        lists.cannotInstall.Add(WithGapFilled(UndecidedLine, archiveName));
 }
 
 void PackageJudge::JudgeNewFolders(const std::wstring& archiveName, const FolderListing& listing,

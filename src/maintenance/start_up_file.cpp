@@ -2,12 +2,14 @@
 
 #include "base/byte_lines.h"
 #include "base/character_files.h"
+#include "base/text.h"
 #include "platform/file_lists.h"
 
 namespace tamblin {
 namespace {
 
 constexpr wchar_t BackupName[] = L"ombrel_rc.bak";
+constexpr wchar_t DoneText[] = L"{}が起動するようにombrel.rcを書き換えました。";
 constexpr char CharacterKey[] = "H001currentobl=";
 
 // Made before the former file is touched: a name that the code page cannot hold ends the command.
@@ -27,7 +29,7 @@ void SetStartUpCharacter(const MainModel& model, Platform& platform) {
     if (FileExists(platform.files, startUpFile))
         platform.files.Delete(startUpFile);
     platform.files.Write(startUpFile, line);
-    platform.messages.Inform(character + L"が起動するようにombrel.rcを書き換えました。");
+    platform.messages.Inform(WithGapFilled(DoneText, character));
 }
 
 void ReplaceStartUpFile(const std::wstring& definitionFile, Platform& platform) {

@@ -12,8 +12,8 @@ namespace {
 
 constexpr wchar_t HostQuestion[] = L"Vimoraをアップデートします。よろしいですか？";
 constexpr wchar_t HostDoneText[] = L"Vimoraのアップデートが完了しました。";
-constexpr wchar_t QuestionEnd[] = L"をアップデートします。よろしいですか？";
-constexpr wchar_t DoneEnd[] = L"のアップデートが完了しました。";
+constexpr wchar_t DefinitionQuestion[] = L"{}をアップデートします。よろしいですか？";
+constexpr wchar_t DefinitionDoneText[] = L"{}のアップデートが完了しました。";
 
 // The file's name as it is spelled on the disk, or nothing when there is no such file.
 std::optional<std::wstring> SpelledName(FileSystem& files, const std::wstring& path) {
@@ -50,10 +50,10 @@ void UpdateDefinitionFile(MainModel& model, Platform& platform) {
     if (!name)
         return;
     const std::wstring character = CharacterOf(*name);
-    if (!platform.messages.AskOkCancel(character + QuestionEnd))
+    if (!platform.messages.AskOkCancel(WithGapFilled(DefinitionQuestion, character)))
         return;
     platform.files.Copy(*source, WithBackslash(model.combo.Text()) + *name);
-    platform.messages.Inform(character + DoneEnd);
+    platform.messages.Inform(WithGapFilled(DefinitionDoneText, character));
     model.buttons[4] = false;
     platform.files.SetCurrentFolder(platform.programFolder);
 }

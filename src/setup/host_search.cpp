@@ -11,6 +11,7 @@ namespace {
 
 constexpr wchar_t CancelledText[] = L"Vimoraフォルダの検出を中止しました。";
 constexpr wchar_t NothingNewText[] = L"新しく、Vimoraを検出することができませんでした。";
+constexpr wchar_t ErrorText[] = L"エラー：{}が発生しました。処理を中止します。";
 constexpr wchar_t OutOfMemoryText[] = L"Vimoraフォルダ検索中にエラーが生じました。";
 
 // The drive root in capitals, the rest as spelled on the disk.
@@ -246,9 +247,8 @@ NextWindow HostSearch::Settle() {
 }
 
 void HostSearch::Report(const RunTimeError& error) {
-    platform.messages.Inform(
-        L"エラー：" + SearchProgress::CounterText(static_cast<std::uint64_t>(error.Number())) +
-        L"が発生しました。処理を中止します。");
+    const auto number = static_cast<std::uint64_t>(error.Number());
+    platform.messages.Inform(WithGapFilled(ErrorText, SearchProgress::CounterText(number)));
 }
 
 } // namespace tamblin

@@ -142,6 +142,11 @@ TEST(WithoutBackslash, TakesOneAwayButForARoot) {
     EXPECT_EQ(WithoutBackslash(L""), L"");
 }
 
+TEST(WithGapFilled, PutsTheFillingWhereTheGapIs) {
+    EXPECT_EQ(WithGapFilled(L"{} is gone", L"a{}b"), L"a{}b is gone");
+    EXPECT_EQ(WithGapFilled(L"all of {}.", L""), L"all of .");
+}
+
 TEST(NameOf, IsWhatFollowsTheLastBackslash) {
     EXPECT_EQ(NameOf(L"C:\\folder\\表.lzh"), L"表.lzh");
     EXPECT_EQ(NameOf(L"name"), L"name");
