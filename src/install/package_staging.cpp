@@ -48,6 +48,12 @@ std::wstring WithSingleBackslashes(const std::wstring& path) {
     return plain;
 }
 
+bool IsOrLiesIn(const std::wstring& path, const std::wstring& folder) {
+    const std::wstring start = WithSingleBackslashes(WithBackslash(folder));
+    const std::wstring plain = WithSingleBackslashes(WithBackslash(path));
+    return EqualIgnoringCase(plain.substr(0, start.size()), start);
+}
+
 class DeletingVisitor : public StagingVisitor {
   public:
     DeletingVisitor(std::wstring folder, FileSystem& fileSystem)
@@ -110,10 +116,14 @@ void LeaveStagingFolder(Platform& platform) noexcept {
 
 bool OutsideStagingFolder(const std::vector<std::wstring>& folders, const std::wstring& hostFolder,
                           Platform& platform) {
-    const std::wstring staging = WithSingleBackslashes(WithBackslash(StagingFolder(hostFolder)));
+    const std::wstring staging = StagingFolder(hostFolder);
+    // Of a link nothing but itself is deleted.
+    const auto present = platform.files.Find(staging);
+    const bool emptied = present && !present->attributes.link;
+    const std::wstring realStaging = emptied ? platform.files.RealPath(staging) : staging;
     for (const std::wstring& folder : folders) {
-        const std::wstring plain = WithSingleBackslashes(WithBackslash(folder));
-        if (!EqualIgnoringCase(plain.substr(0, staging.size()), staging))
+        if (!IsOrLiesIn(folder, staging) &&
+            !(emptied && IsOrLiesIn(platform.files.RealPath(folder), realStaging)))
             continue;
         platform.messages.Inform(WithGapFilled(InStagingFolderText, StagingName));
         return false;

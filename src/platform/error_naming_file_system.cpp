@@ -113,6 +113,10 @@ bool ErrorNamingFileSystem::OnOneDrive(const std::wstring& folder, const std::ws
     return Naming(folder, [&] { return files.OnOneDrive(folder, other); });
 }
 
+std::wstring ErrorNamingFileSystem::RealPath(const std::wstring& folder) {
+    return Naming(folder, [&] { return files.RealPath(folder); });
+}
+
 std::uint64_t ErrorNamingFileSystem::FreeBytes(const std::wstring& folder) {
     return Naming(folder, [&] { return files.FreeBytes(folder); });
 }

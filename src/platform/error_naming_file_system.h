@@ -28,6 +28,7 @@ class ErrorNamingFileSystem : public FileSystem {
     std::wstring CurrentFolder() override;
     void SetCurrentFolder(const std::wstring& folder) override;
     bool OnOneDrive(const std::wstring& folder, const std::wstring& other) override;
+    std::wstring RealPath(const std::wstring& folder) override;
     std::uint64_t FreeBytes(const std::wstring& folder) override;
     std::vector<Drive> Drives() override;
     std::optional<std::wstring> FixedVolumeAt(const std::wstring& folder) override;

@@ -119,6 +119,10 @@ class FileSystem {
 
     // True when moving a file from one folder to the other takes no room.
     virtual bool OnOneDrive(const std::wstring& folder, const std::wstring& other) = 0;
+    // Where the folder is, whatever links and other names of drives the path goes by: two paths
+    // lead to one folder if this is the same for both but for letter case, as `subst` and links
+    // make them. For comparisons only. The path in full when that cannot be found out.
+    virtual std::wstring RealPath(const std::wstring& folder) = 0;
     // How many bytes the user may still write there.
     virtual std::uint64_t FreeBytes(const std::wstring& folder) = 0;
 

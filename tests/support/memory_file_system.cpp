@@ -290,6 +290,22 @@ bool MemoryFileSystem::OnOneDrive(const std::wstring& folder, const std::wstring
            &DriveUnder(ExistingFolder(Locate(other), ErrorNumber::PathNotFound));
 }
 
+std::wstring MemoryFileSystem::RealPath(const std::wstring& folder) {
+    Begin(L"RealPath", folder);
+    const auto location = Parse(folder);
+    const DriveState* const drive = location ? DriveOf(*location) : nullptr;
+    const Node* node = drive && drive->ready ? Follow(Walk(*location)) : nullptr;
+    if (!node)
+        return InFull(folder);
+    std::wstring path;
+    for (; node->parent; node = node->parent)
+        path = L'\\' + node->name + path;
+    for (const auto& [letter, owner] : drives)
+        if (&owner->root == node)
+            path = std::wstring{letter, L':'} + (path.empty() ? L"\\" : path);
+    return path;
+}
+
 std::uint64_t MemoryFileSystem::FreeBytes(const std::wstring& folder) {
     Begin(L"FreeBytes", folder);
     const DriveState& drive = DriveUnder(ExistingFolder(Locate(folder), ErrorNumber::PathNotFound));

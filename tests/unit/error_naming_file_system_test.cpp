@@ -98,6 +98,10 @@ INSTANTIATE_TEST_SUITE_P(Operations, ErrorNaming,
                                                       [](FileSystem& files) {
                                                           files.OnOneDrive(A, B);
                                                       }},
+                                         OperationRow{"RealPath",
+                                                      [](FileSystem& files) {
+                                                          files.RealPath(A);
+                                                      }},
                                          OperationRow{"FreeBytes",
                                                       [](FileSystem& files) {
                                                           files.FreeBytes(A);

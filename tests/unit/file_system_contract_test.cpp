@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+
 namespace tamblin {
 namespace {
 
@@ -786,6 +788,20 @@ TEST_P(FileSystemContract, LinkToAFolderIsNoVolume) {
     if (!disk->MakeLink(In(L"link"), In(L"real")))
         GTEST_SKIP() << "no links here";
     EXPECT_FALSE(files.FixedVolumeAt(In(L"link")));
+}
+
+TEST_P(FileSystemContract, RealPathIsTheSameByWhateverWayOneComes) {
+    files.MakeFolder(In(L"real"));
+    files.MakeFolder(In(L"real\\below"));
+    const std::wstring real = files.RealPath(In(L"real"));
+    EXPECT_TRUE(EqualIgnoringCase(files.RealPath(In(L"REAL\\")), real));
+    EXPECT_TRUE(EqualIgnoringCase(files.RealPath(In(L"real\\Below")), real + L"\\below"));
+    EXPECT_FALSE(EqualIgnoringCase(files.RealPath(folder), real));
+    EXPECT_TRUE(EqualIgnoringCase(files.RealPath(In(L"nosuch")), In(L"nosuch")));
+    EXPECT_EQ(files.RealPath(disk->MissingDrive() + L"\\a"), disk->MissingDrive() + L"\\a");
+    if (!disk->IsWine() && disk->MakeLink(In(L"link"), In(L"real"))) { // which knows drives only
+        EXPECT_TRUE(EqualIgnoringCase(files.RealPath(In(L"link\\below")), real + L"\\below"));
+    }
 }
 
 TEST_P(FileSystemContract, RemovingALinkLeavesWhatItPointsTo) {

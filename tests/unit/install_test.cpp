@@ -485,6 +485,26 @@ TEST_F(InstallTest, WhatLiesInTheStagingFolderIsNeitherUsedNorDeleted) {
     expectRefused();
 }
 
+// A link to the staging folder, or a drive that `subst` has made of it.
+TEST_F(InstallTest, WhatIsReachedByAnotherNameOfTheStagingFolderIsNeitherUsedNorDeleted) {
+    files.AddFile(L"C:\\TAMTMP\\deep\\left.lzh", "archive");
+    files.AddLink(L"C:\\other", L"C:\\TAMTMP\\deep");
+    scene.state.ViewFolder = L"C:\\other";
+    Install({L"left.lzh"});
+    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\deep\\left.lzh"));
+    EXPECT_THAT(fake.unlha.calls, IsEmpty());
+    ASSERT_EQ(fake.messages.shown.size(), 1U);
+    EXPECT_TRUE(StartsWith(fake.messages.shown[0].text, L"TAMTMP は作業用フォルダです。"));
+}
+
+// The link goes, and what it leads to stays.
+TEST_F(InstallTest, WhatALinkInPlaceOfTheStagingFolderLeadsToMayBeUsed) {
+    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+    files.AddLink(L"C:\\TAMTMP", scene.state.ViewFolder);
+    Install({L"mio.lzh"});
+    EXPECT_TRUE(files.Exists(L"C:\\Host\\mio.obl"));
+}
+
 TEST_F(InstallTest, ArchivePickedFromTheStagingFolderIsNeitherUsedNorDeleted) {
     files.AddFile(L"C:\\TAMTMP\\left.lzh", "archive");
     scene.state.ViewFolder = L"C:\\TAMTMP";

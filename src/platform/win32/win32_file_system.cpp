@@ -92,11 +92,15 @@ void CheckNotTheSame(const std::wstring& source, const std::wstring& target) {
                                : ErrorNumber::PermissionDenied);
 }
 
-DWORD VolumeOf(const std::wstring& folder) {
-    const UniqueHandle handle(
+UniqueHandle OpenFolder(const std::wstring& folder) {
+    return UniqueHandle(
         NullIfInvalid(CreateFileW(PathForWindows(folder).c_str(), FILE_READ_ATTRIBUTES,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                   OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)));
+}
+
+DWORD VolumeOf(const std::wstring& folder) {
+    const UniqueHandle handle = OpenFolder(folder);
     BY_HANDLE_FILE_INFORMATION information;
     if (!handle || !GetFileInformationByHandle(handle.get(), &information))
         ThrowFolderError(folder, Attempt::EnterFolder);
@@ -386,6 +390,17 @@ void Win32FileSystem::SetCurrentFolder(const std::wstring& folder) {
 // A folder can be a link to another drive, and a drive be mounted into a folder.
 bool Win32FileSystem::OnOneDrive(const std::wstring& folder, const std::wstring& other) {
     return VolumeOf(FullPath(folder)) == VolumeOf(FullPath(other));
+}
+
+std::wstring Win32FileSystem::RealPath(const std::wstring& folder) {
+    const std::wstring full = FullPath(folder);
+    const UniqueHandle handle = OpenFolder(full);
+    const DWORD room = handle ? GetFinalPathNameByHandleW(handle.get(), nullptr, 0, 0) : 0;
+    std::wstring path(room, L'\0');
+    const DWORD length =
+        room > 0 ? GetFinalPathNameByHandleW(handle.get(), path.data(), room, 0) : 0;
+    path.resize(length < room ? length : 0);
+    return path.empty() ? full : path;
 }
 
 std::uint64_t Win32FileSystem::FreeBytes(const std::wstring& folder) {
