@@ -10,6 +10,7 @@
 #include "app/main_window.h"
 #include "settings/settings_file.h"
 #include "support/platform_fake.h"
+#include "support/processor_time.h"
 #include "ui/application.h"
 #include "ui/control_id.h"
 
@@ -31,18 +32,6 @@ double Milliseconds(const std::function<void()>& work) {
     work();
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
         .count();
-}
-
-// What this thread has worked so far; on a busy machine, and while Wine's server works, it waits
-// besides.
-double ProcessorMilliseconds() {
-    FILETIME created{};
-    FILETIME ended{};
-    ULARGE_INTEGER kernel{};
-    ULARGE_INTEGER user{};
-    GetThreadTimes(GetCurrentThread(), &created, &ended, reinterpret_cast<FILETIME*>(&kernel),
-                   reinterpret_cast<FILETIME*>(&user));
-    return static_cast<double>(kernel.QuadPart + user.QuadPart) / 10000;
 }
 
 class Scene {

@@ -16,6 +16,12 @@ DWORD WINAPI RunOnThread(void* call) {
     return CodeOf(*static_cast<const std::function<bool()>*>(call));
 }
 
+// What the thread works with must outlive it, also when something is thrown meanwhile.
+struct JoinThread {
+    ~JoinThread() { WaitForSingleObject(thread, INFINITE); }
+    HANDLE thread;
+};
+
 } // namespace
 
 void LetPaint() {
@@ -61,6 +67,7 @@ bool BusyWatch::During(const std::function<bool()>& call) {
     std::function<bool()> shared = call;
     DWORD code = ERROR_SUCCESS;
     if (const UniqueHandle thread{CreateThread(nullptr, 0, RunOnThread, &shared, 0, nullptr)}) {
+        const JoinThread join{thread.get()};
         if (WaitForSingleObject(thread.get(), longWork) == WAIT_TIMEOUT) {
             const HourglassPointer hourglass;
             while (!PaintUntil(thread.get(), betweenPictures))
