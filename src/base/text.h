@@ -1,13 +1,13 @@
-// Comparing and cutting names. Upper-casing is per code unit and keeps the length; it covers the
-// letters that Windows' file systems treat as equal, full-width ones included.
+// Comparing and cutting names. Upper-casing keeps a text's length.
 #pragma once
 
 #include <string>
 #include <string_view>
 
+#include "base/upper_case.h"
+
 namespace tamblin {
 
-wchar_t UpperCase(wchar_t letter);
 std::wstring UpperCase(std::wstring_view text);
 
 bool EqualIgnoringCase(std::wstring_view a, std::wstring_view b);

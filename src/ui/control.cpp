@@ -1,8 +1,8 @@
 #include "ui/control.h"
 
 #include <algorithm>
-#include <cwctype>
 
+#include "base/upper_case.h"
 #include "ui/accessibility.h"
 #include "ui/form.h"
 
@@ -120,7 +120,7 @@ void Control::UnderlineAccessKey(HDC target, POINT text) const {
     const TextMeasure& measure = form.Measure();
     const std::wstring caption = Text();
     const auto isKey = [this](wchar_t letter) {
-        return letter < 0x80 && std::towupper(letter) == accessKey;
+        return UpperCase(letter) == accessKey;
     };
     const auto letter = std::find_if(caption.begin(), caption.end(), isKey);
     const LONG left = text.x + measure.Width({caption.begin(), letter});

@@ -1,9 +1,9 @@
 #include "ui/form.h"
 
 #include <algorithm>
-#include <cwctype>
 #include <limits>
 
+#include "base/upper_case.h"
 #include "ui/at_exit.h"
 #include "ui/busy_pointer.h"
 #include "ui/dpi.h"
@@ -376,7 +376,7 @@ bool Form::TakesKey(const MSG& message) {
 }
 
 bool Form::TakesAccessKey(const MSG& message) {
-    const auto key = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(message.wParam)));
+    const wchar_t key = UpperCase(static_cast<wchar_t>(message.wParam));
     const auto found =
         std::find_if(controls.begin(), controls.end(),
                      [key](const Control* control) { return control->AccessKey() == key; });

@@ -46,6 +46,25 @@ TEST_P(FileSystemContract, FindsAFileAsItIsSpelledOnTheDisk) {
     EXPECT_FALSE(entry->attributes.link);
 }
 
+TEST_P(FileSystemContract, FindsEveryLetterByItsUpperCaseForm) {
+    for (unsigned code = L'a'; code < 0x10000; ++code) {
+        const auto letter = static_cast<wchar_t>(code);
+        if (UpperCase(letter) == letter)
+            continue;
+        files.MakeFolder(In(L"x") + letter);
+        ASSERT_TRUE(files.Find(In(L"X") + UpperCase(letter))) << std::hex << code;
+        files.RemoveFolder(In(L"x") + letter);
+    }
+}
+
+TEST_P(FileSystemContract, TellsLettersApartThatOnlyLanguagesTakeForOne) {
+    for (const std::wstring letters :
+         {L"ıI", L"ßẞ", L"ςΣ", L"ſS", L"µΜ", L"\u212Ak", L"\u2126ω", L"がガ"}) {
+        files.Write(In(letters.substr(0, 1)), "");
+        EXPECT_FALSE(files.Find(In(letters.substr(1)))) << letters;
+    }
+}
+
 TEST_P(FileSystemContract, FindsAFolderWithAndWithoutABackslash) {
     files.MakeFolder(In(L"Sub"));
     for (const wchar_t* path : {L"sub", L"sub\\", L"sub\\.", L"sub\\..\\sub", L".\\sub"}) {

@@ -43,9 +43,16 @@ TEST(UpperCase, CoversNumeralsAndCircledLetters) {
     EXPECT_EQ(UpperCase(L"ⓐⓩ"), L"ⒶⓏ");
 }
 
+TEST(UpperCase, CoversLettersThatJapaneseNamesDoNotHave) {
+    EXPECT_EQ(UpperCase(L"ƀǆǳɐʞ"), L"ɃǄǱⱯꞰ");
+    EXPECT_EQ(UpperCase(L"ἀᾳῥͷӏԯաꙁ"), L"ἈᾼῬͶӀԮԱꙀ");
+    EXPECT_EQ(UpperCase(L"აᏸꭰⰰⲁⴀᵹꜣꟁ"), L"ᲐᏰᎠⰀⲀႠꝽꜢꟀ");
+}
+
 TEST(UpperCase, LeavesWhatHasNoCaseAlone) {
     EXPECT_EQ(UpperCase(L"表ソ能かなカナｶﾅ"), L"表ソ能かなカナｶﾅ");
     EXPECT_EQ(UpperCase(L"ΑБÀＡ"), L"ΑБÀＡ");
+    EXPECT_EQ(UpperCase(L"\xD801\xDC28\U0001F600"), L"\xD801\xDC28\U0001F600");
 }
 
 // As file systems do: a letter whose upper-case form is longer stays what it is.
@@ -63,25 +70,19 @@ TEST(UpperCase, KeepsTextsWithNuls) {
 
 #ifdef _WIN32
 
-// Every letter that a Japanese system can write in its file names.
-TEST(UpperCase, AgreesWithWindowsOnJapaneseSystems) {
+// What its file systems go by, and what it offers for comparing names.
+TEST(UpperCase, AgreesWithWindowsOnEveryLetter) {
     using Function = WCHAR(WINAPI*)(WCHAR);
-    const auto windowsUpperCase = reinterpret_cast<Function>(reinterpret_cast<void*>(
+    const auto fileSystemUpperCase = reinterpret_cast<Function>(reinterpret_cast<void*>(
         GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlUpcaseUnicodeChar")));
-    ASSERT_NE(windowsUpperCase, nullptr);
-    int compared = 0;
-    for (unsigned code = 0x20; code < 0xFFFE; ++code) {
+    ASSERT_NE(fileSystemUpperCase, nullptr);
+    for (unsigned code = 0; code < 0x10000; ++code) {
         const auto letter = static_cast<wchar_t>(code);
-        char bytes[4];
-        BOOL isReplaced = FALSE;
-        if (WideCharToMultiByte(932, WC_NO_BEST_FIT_CHARS, &letter, 1, bytes, 4, nullptr,
-                                &isReplaced) == 0 ||
-            isReplaced)
-            continue;
-        ++compared;
-        EXPECT_EQ(UpperCase(letter), windowsUpperCase(letter)) << std::hex << code;
+        const wchar_t upper = UpperCase(letter);
+        EXPECT_EQ(upper, fileSystemUpperCase(letter)) << std::hex << code;
+        EXPECT_EQ(CompareStringOrdinal(&letter, 1, &upper, 1, TRUE), CSTR_EQUAL)
+            << std::hex << code;
     }
-    EXPECT_GT(compared, 7000);
 }
 
 #endif
