@@ -15,8 +15,9 @@
 namespace tamblin {
 
 struct PlatformFake {
-    PlatformFake() {
-        files.AddDrive(L"C:");
+    explicit PlatformFake(const std::wstring& drive = L"C:", DriveType type = DriveType::Fixed) {
+        files.AddDrive(drive, type);
+        platform.programFolder = drive + L"\\Tamblin";
         files.AddFolder(platform.programFolder);
         files.SetCurrentFolder(platform.programFolder);
         files.ForgetOperations();
@@ -32,8 +33,12 @@ struct PlatformFake {
     UnlhaFake unlha;
     NativeAnsiCodePage ansi;
     WorkProgressFake progress;
-    Platform platform{files, shell, starter,  messages,      events,
-                      unlha, ansi,  progress, L"C:\\Tamblin"};
+    Platform platform = PlatformOver(files);
+
+    // The same fakes over other files.
+    Platform PlatformOver(FileSystem& other) {
+        return {other, shell, starter, messages, events, unlha, ansi, progress, L"C:\\Tamblin"};
+    }
 };
 
 } // namespace tamblin

@@ -1,16 +1,10 @@
 // Moving the staged tree into the host folder.
 #include "install/copy_staged_tree.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class CopyStagedTreeTest : public testing::Test {
   protected:

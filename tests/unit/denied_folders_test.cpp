@@ -1,7 +1,6 @@
 // Every command while the user may not use one of the folders, each in turn: nothing is lost, every
 // file is the former one or the one that the command was to make, the failure is 75 or none, and
 // once the folder may be used the same command finishes the job.
-#include <gtest/gtest.h>
 
 #include <algorithm>
 

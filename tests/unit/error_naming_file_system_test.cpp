@@ -6,20 +6,12 @@
 #include <functional>
 
 #include "support/memory_file_system.h"
-#include "unit/case_name.h"
 
 namespace tamblin {
 namespace {
 
 constexpr wchar_t A[] = L"C:\\Vimora\\a";
 constexpr wchar_t B[] = L"C:\\Vimora\\b";
-
-struct OperationRow {
-    const char* name;
-    std::function<void(FileSystem&)> run;
-    ErrorNumber error = ErrorNumber::PathFileAccess;
-    const wchar_t* named = A;
-};
 
 class ErrorNamingScene : public testing::Test {
   protected:
@@ -28,9 +20,9 @@ class ErrorNamingScene : public testing::Test {
         memory.AddFolder(L"C:\\Vimora");
         memory.SetCurrentFolder(L"C:\\Vimora");
     }
-    std::wstring Named(const std::function<void(FileSystem&)>& run) {
+    std::wstring Named(const std::function<void()>& run) {
         try {
-            run(files);
+            run();
         } catch (const RunTimeError& error) {
             return error.Path();
         }
@@ -40,102 +32,43 @@ class ErrorNamingScene : public testing::Test {
     ErrorNamingFileSystem files{memory};
 };
 
-class ErrorNaming : public ErrorNamingScene, public testing::WithParamInterface<OperationRow> {};
-
-TEST_P(ErrorNaming, NamesWhatTheOperationWasAbout) {
-    memory.FailOperation(1, GetParam().error);
-    EXPECT_EQ(Named(GetParam().run), GetParam().named);
+TEST_F(ErrorNamingScene, NamesWhatTheOperationWasAbout) {
+    const auto expectNamed = [&](const wchar_t* named, const std::function<void()>& operation,
+                                 ErrorNumber error = ErrorNumber::PathFileAccess) {
+        memory.ForgetOperations();
+        memory.FailOperation(1, error);
+        EXPECT_EQ(Named(operation), named) << memory.Log().at(0);
+        memory.FailNothing();
+    };
+    expectNamed(A, [&] { files.Find(A); });
+    expectNamed(A, [&] { files.List(A); });
+    expectNamed(A, [&] { files.Read(A); });
+    expectNamed(A, [&] { files.Write(A, ""); });
+    expectNamed(A, [&] { files.Copy(A, B); });
+    expectNamed(A, [&] { files.Rename(A, B); });
+    expectNamed(A, [&] { files.Replace(A, B); });
+    expectNamed(A, [&] { files.CheckReplaceable(A); });
+    expectNamed(A, [&] { files.MakeFolderLike(A, B); });
+    expectNamed(A, [&] { files.HoldFolder(A); });
+    expectNamed(A, [&] { files.OnOneDrive(A, B); });
+    expectNamed(A, [&] { files.RealPath(A); });
+    expectNamed(A, [&] { files.FreeBytes(A); });
+    expectNamed(A, [&] { files.Delete(A); });
+    expectNamed(A, [&] { files.MakeFolder(A); });
+    expectNamed(A, [&] { files.RemoveFolder(A); });
+    expectNamed(A, [&] { files.SetAttributes(A, {}); });
+    expectNamed(A, [&] { files.SetCurrentFolder(A); });
+    expectNamed(A, [&] { files.FixedVolumeAt(A); });
+    expectNamed(
+        B, [&] { files.Copy(A, B); }, ErrorNumber::DiskFull);
+    expectNamed(
+        B, [&] { files.Rename(A, B); }, ErrorNumber::FileAlreadyExists);
 }
 
-INSTANTIATE_TEST_SUITE_P(Operations, ErrorNaming,
-                         testing::Values(OperationRow{"Find",
-                                                      [](FileSystem& files) {
-                                                          files.Find(A);
-                                                      }},
-                                         OperationRow{"List",
-                                                      [](FileSystem& files) {
-                                                          files.List(A);
-                                                      }},
-                                         OperationRow{"Read",
-                                                      [](FileSystem& files) {
-                                                          files.Read(A);
-                                                      }},
-                                         OperationRow{"Write",
-                                                      [](FileSystem& files) {
-                                                          files.Write(A, "");
-                                                      }},
-                                         OperationRow{"Copy",
-                                                      [](FileSystem& files) {
-                                                          files.Copy(A, B);
-                                                      }},
-                                         OperationRow{"CopyToAFullDisk",
-                                                      [](FileSystem& files) { files.Copy(A, B); },
-                                                      ErrorNumber::DiskFull, B},
-                                         OperationRow{"Rename",
-                                                      [](FileSystem& files) {
-                                                          files.Rename(A, B);
-                                                      }},
-                                         OperationRow{"RenameToWhatExists",
-                                                      [](FileSystem& files) { files.Rename(A, B); },
-                                                      ErrorNumber::FileAlreadyExists, B},
-                                         OperationRow{"Replace",
-                                                      [](FileSystem& files) {
-                                                          files.Replace(A, B);
-                                                      }},
-                                         OperationRow{"CheckReplaceable",
-                                                      [](FileSystem& files) {
-                                                          files.CheckReplaceable(A);
-                                                      }},
-                                         OperationRow{"MakeFolderLike",
-                                                      [](FileSystem& files) {
-                                                          files.MakeFolderLike(A, B);
-                                                      }},
-                                         OperationRow{"HoldFolder",
-                                                      [](FileSystem& files) {
-                                                          files.HoldFolder(A);
-                                                      }},
-                                         OperationRow{"OnOneDrive",
-                                                      [](FileSystem& files) {
-                                                          files.OnOneDrive(A, B);
-                                                      }},
-                                         OperationRow{"RealPath",
-                                                      [](FileSystem& files) {
-                                                          files.RealPath(A);
-                                                      }},
-                                         OperationRow{"FreeBytes",
-                                                      [](FileSystem& files) {
-                                                          files.FreeBytes(A);
-                                                      }},
-                                         OperationRow{"Delete",
-                                                      [](FileSystem& files) {
-                                                          files.Delete(A);
-                                                      }},
-                                         OperationRow{"MakeFolder",
-                                                      [](FileSystem& files) {
-                                                          files.MakeFolder(A);
-                                                      }},
-                                         OperationRow{"RemoveFolder",
-                                                      [](FileSystem& files) {
-                                                          files.RemoveFolder(A);
-                                                      }},
-                                         OperationRow{"SetAttributes",
-                                                      [](FileSystem& files) {
-                                                          files.SetAttributes(A, {});
-                                                      }},
-                                         OperationRow{"SetCurrentFolder",
-                                                      [](FileSystem& files) {
-                                                          files.SetCurrentFolder(A);
-                                                      }},
-                                         OperationRow{"FixedVolumeAt",
-                                                      [](FileSystem& files) {
-                                                          files.FixedVolumeAt(A);
-                                                      }}),
-                         CaseName);
-
 TEST_F(ErrorNamingScene, CompletesARelativePath) {
-    EXPECT_EQ(Named([](FileSystem& names) { names.Read(L"mikan.obl"); }), L"C:\\Vimora\\mikan.obl");
-    EXPECT_EQ(Named([](FileSystem& names) { names.Read(L""); }), L"C:\\Vimora");
-    EXPECT_EQ(Named([](FileSystem& names) { names.Read(L"Q:x"); }), L"Q:x");
+    EXPECT_EQ(Named([&] { files.Read(L"mikan.obl"); }), L"C:\\Vimora\\mikan.obl");
+    EXPECT_EQ(Named([&] { files.Read(L""); }), L"C:\\Vimora");
+    EXPECT_EQ(Named([&] { files.Read(L"Q:x"); }), L"Q:x");
 }
 
 TEST_F(ErrorNamingScene, LetsResultsAndNumbersThrough) {

@@ -1,16 +1,10 @@
 // The folder tree and the file list: rows, paths, what is offered, drives that are not ready.
 #include "install/folder_browser.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr wchar_t Desktop[] = L"ﾃﾞｽｸﾄｯﾌﾟ";
 constexpr wchar_t NotReady[] = L"ドライブの準備ができていません。";
@@ -283,12 +277,12 @@ class NotReadyDriveTest : public FolderBrowserTest {
 
 TEST_F(NotReadyDriveTest, RetryRepeatsTheStepUntilTheDriveIsReady) {
     int asked = 0;
-    fake.messages.onShow = [&](const MessageBoxesFake::Box&) {
+    fake.messages.onShow = [&](const Box&) {
         if (++asked == 3)
             files.SetReady(L"D:", true);
     };
     Open(L"D:");
-    const MessageBoxesFake::Box box{MessageBoxesFake::Kind::AskRetryCancel, NotReady};
+    const Box box{MessageBoxesFake::Kind::AskRetryCancel, NotReady};
     EXPECT_THAT(fake.messages.shown, ElementsAre(box, box, box));
     EXPECT_THAT(browser.Rows(), ElementsAre(Desktop, L"C:", L"D:", L"  + d"));
     EXPECT_EQ(browser.ShownFolder(), L"D:\\");

@@ -1,18 +1,10 @@
 // The folder structure check and what its result window does.
 #include "maintenance/folder_check.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/maintenance_scene.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using Box = MessageBoxesFake::Box;
-using Kind = MessageBoxesFake::Kind;
 
 constexpr wchar_t Nothing[] = L"（該当なし）";
 constexpr wchar_t DeleteQuestion[] = L"使用可能状態にないオンブレルの定義ファイルを削除します。";
@@ -30,6 +22,18 @@ struct CheckScene : MaintenanceScene {
         for (const wchar_t* name : names)
             files.AddFile(base + name, "definition");
     }
+    void Expect(const std::vector<std::wstring>& foldersListed,
+                const std::vector<std::wstring>& filesListed) {
+        EXPECT_THAT(check.folders.Entries(), ElementsAreArray(foldersListed));
+        EXPECT_THAT(check.definitionFiles.Entries(), ElementsAreArray(filesListed));
+    }
+    // A list without anything says so and is disabled, as is what goes with it.
+    void ExpectEnabled(bool forFolders, bool forFiles) {
+        EXPECT_EQ(check.foldersEnabled, forFolders);
+        EXPECT_EQ(check.definitionFilesEnabled, forFiles);
+        EXPECT_EQ(check.deleteEnabled, forFiles);
+        EXPECT_EQ(check.generalNoteVisible, !forFolders && !forFiles);
+    }
     void RunAndActivate() {
         Show();
         check.RunCheck(model);
@@ -41,333 +45,238 @@ struct CheckScene : MaintenanceScene {
     FolderCheck check{platform};
 };
 
-TEST(FolderCheck, FindsTheHalvesWithoutAPartnerInListingOrder) {
-    CheckScene scene;
-    scene.AddFolders({L"dat", L"b", L"pair", L"A"});
-    scene.AddDefinitionFiles({L"z.obl", L"pair.obl", L"Y.OBL"});
-    scene.RunAndActivate();
-    EXPECT_THAT(scene.check.folders.Entries(), ElementsAre(L"A", L"b", L"dat"));
-    EXPECT_THAT(scene.check.definitionFiles.Entries(), ElementsAre(L"Y.OBL", L"z.obl"));
-    EXPECT_TRUE(scene.check.definitionFilesEnabled);
-    EXPECT_TRUE(scene.check.deleteEnabled);
-    EXPECT_TRUE(scene.check.foldersEnabled);
-    EXPECT_FALSE(scene.check.generalNoteVisible);
-    EXPECT_THAT(scene.messages.shown, IsEmpty());
+struct FolderCheckTest : testing::Test, CheckScene {};
+using FolderCheckDelete = FolderCheckTest;
+using FolderCheckRecycle = FolderCheckTest;
+
+TEST_F(FolderCheckTest, FindsTheHalvesWithoutAPartnerInListingOrder) {
+    AddFolders({L"dat", L"b", L"pair", L"A"});
+    AddDefinitionFiles({L"z.obl", L"pair.obl", L"Y.OBL"});
+    RunAndActivate();
+    Expect({L"A", L"b", L"dat"}, {L"Y.OBL", L"z.obl"});
+    ExpectEnabled(true, true);
+    EXPECT_THAT(messages.shown, IsEmpty());
 }
 
-struct PairRow {
-    const char* name;
-    const wchar_t* folder;
-    const wchar_t* file;
-    bool partners;
-};
-
-class Partners : public testing::TestWithParam<PairRow> {};
-
-TEST_P(Partners, AreComparedByTheFoldersNameWithExtension) {
-    CheckScene scene;
-    scene.AddFolders({GetParam().folder});
-    scene.AddDefinitionFiles({GetParam().file});
-    scene.RunAndActivate();
-    const bool partners = GetParam().partners;
-    EXPECT_THAT(scene.check.folders.Entries(), ElementsAre(partners ? Nothing : GetParam().folder));
-    EXPECT_THAT(scene.check.definitionFiles.Entries(),
-                ElementsAre(partners ? Nothing : GetParam().file));
+TEST(FolderCheck, PartnersAreComparedByTheFoldersNameWithExtension) {
+    const std::tuple<const wchar_t*, const wchar_t*, bool> pairs[] = {
+        {L"Abc", L"ABC.OBL", true},       {L"ａｂｃ", L"ＡＢＣ.obl", true},
+        {L"表ソ能", L"表ソ能.obl", true}, {L"a b", L"a b.obl", true},
+        {L"x.obl", L"x.obl.obl", true},   {L"x.obl.d", L"x.obl", false},
+        {L"ab", L"abc.obl", false},       {L"a", L".obl", false}};
+    for (const auto& [folder, file, partners] : pairs) {
+        SCOPED_TRACE(folder);
+        CheckScene scene;
+        scene.AddFolders({folder});
+        scene.AddDefinitionFiles({file});
+        scene.RunAndActivate();
+        scene.Expect({partners ? Nothing : folder}, {partners ? Nothing : file});
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    FolderCheck, Partners,
-    testing::Values(PairRow{"LetterCase", L"Abc", L"ABC.OBL", true},
-                    PairRow{"FullWidthLetterCase", L"ａｂｃ", L"ＡＢＣ.obl", true},
-                    PairRow{"Kanji", L"表ソ能", L"表ソ能.obl", true},
-                    PairRow{"Blanks", L"a b", L"a b.obl", true},
-                    PairRow{"ExtensionTwice", L"x.obl", L"x.obl.obl", true},
-                    PairRow{"ExtensionOnTheFolder", L"x.obl.d", L"x.obl", false},
-                    PairRow{"Prefix", L"ab", L"abc.obl", false},
-                    PairRow{"NoName", L"a", L".obl", false}),
-    CaseName);
-
-// On a drive they cannot stand side by side; the lists of a network folder may say that they do.
-TEST(FolderCheck, FolderOfTheSameNameAsADefinitionFileIsNoPartner) {
+TEST_F(FolderCheckTest, FolderOfTheSameNameAsADefinitionFileIsNoPartner) {
     struct BothOfOneName : MemoryFileSystem {
         std::vector<FolderEntry> List(const std::wstring&) override {
             return {{L"x.obl", {.folder = true}}, {L"x.obl", {.archive = true}}};
         }
-    } files;
-    CheckScene scene;
-    scene.Show();
-    Platform& p = scene.platform;
-    Platform platform{files,   p.shell, p.starter,  p.messages, p.events,
-                      p.unlha, p.ansi,  p.progress, {}};
-    FolderCheck check(platform);
-    check.RunCheck(scene.model);
-    EXPECT_THAT(check.folders.Entries(), ElementsAre(L"x.obl"));
-    EXPECT_THAT(check.definitionFiles.Entries(), ElementsAre(L"x.obl"));
+    } both;
+    Show();
+    Platform overBoth = PlatformOver(both);
+    FolderCheck checkOfBoth(overBoth);
+    checkOfBoth.RunCheck(model);
+    EXPECT_THAT(checkOfBoth.folders.Entries(), ElementsAre(L"x.obl"));
+    EXPECT_THAT(checkOfBoth.definitionFiles.Entries(), ElementsAre(L"x.obl"));
 }
 
-TEST(FolderCheck, OtherFilesOfTheHostAreNotReported) {
-    CheckScene scene;
-    scene.AddDefinitionFiles({L"a.oblx", L"b.obl.bak", L"obl"});
-    scene.RunAndActivate();
-    EXPECT_THAT(scene.check.definitionFiles.Entries(), ElementsAre(Nothing));
+TEST_F(FolderCheckTest, HostWithoutCharactersReportsItsFoldersAndNoOtherFiles) {
+    AddFolders({L"dat", L"skin"});
+    AddDefinitionFiles({L"a.oblx", L"b.obl.bak", L"obl"});
+    RunAndActivate();
+    Expect({L"dat", L"skin"}, {Nothing});
+    ExpectEnabled(true, false);
 }
 
-TEST(FolderCheck, HostWithoutCharactersReportsItsOwnFolders) {
-    CheckScene scene;
-    scene.AddFolders({L"dat", L"skin"});
-    scene.RunAndActivate();
-    EXPECT_THAT(scene.check.folders.Entries(), ElementsAre(L"dat", L"skin"));
-    EXPECT_THAT(scene.check.definitionFiles.Entries(), ElementsAre(Nothing));
-    EXPECT_FALSE(scene.check.definitionFilesEnabled);
-    EXPECT_FALSE(scene.check.deleteEnabled);
-    EXPECT_TRUE(scene.check.foldersEnabled);
-    EXPECT_FALSE(scene.check.generalNoteVisible);
+TEST_F(FolderCheckTest, OrphanFilesAloneLeaveTheFolderListDisabled) {
+    AddDefinitionFiles({L"a.obl"});
+    RunAndActivate();
+    Expect({Nothing}, {L"a.obl"});
+    ExpectEnabled(false, true);
 }
 
-TEST(FolderCheck, OrphanFilesAloneLeaveTheFolderListDisabled) {
-    CheckScene scene;
-    scene.AddDefinitionFiles({L"a.obl"});
-    scene.RunAndActivate();
-    EXPECT_THAT(scene.check.folders.Entries(), ElementsAre(Nothing));
-    EXPECT_FALSE(scene.check.foldersEnabled);
-    EXPECT_TRUE(scene.check.definitionFilesEnabled);
-    EXPECT_TRUE(scene.check.deleteEnabled);
-    EXPECT_FALSE(scene.check.generalNoteVisible);
+TEST_F(FolderCheckTest, WithNothingOrphanedBothListsSaySoOnce) {
+    AddCharacter(L"abc");
+    RunAndActivate();
+    check.Activate();
+    Expect({Nothing}, {Nothing});
+    ExpectEnabled(false, false);
 }
 
-TEST(FolderCheck, WithNothingOrphanedBothListsSaySo) {
-    CheckScene scene;
-    scene.AddCharacter(L"abc");
-    scene.RunAndActivate();
-    EXPECT_THAT(scene.check.folders.Entries(), ElementsAre(Nothing));
-    EXPECT_THAT(scene.check.definitionFiles.Entries(), ElementsAre(Nothing));
-    EXPECT_FALSE(scene.check.definitionFilesEnabled);
-    EXPECT_FALSE(scene.check.deleteEnabled);
-    EXPECT_FALSE(scene.check.foldersEnabled);
-    EXPECT_TRUE(scene.check.generalNoteVisible);
+TEST_F(FolderCheckTest, SeesTheHostFolderAsItIsNowAndForgetsTheFormerResult) {
+    AddCharacter(L"abc");
+    AddDefinitionFiles({L"b.obl"});
+    Show();
+    check.RunCheck(model);
+    files.DeleteTree(L"C:\\VMR\\abc.obl");
+    AddDefinitionFiles({L"late.obl"});
+    check.RunCheck(model);
+    Expect({L"abc"}, {L"b.obl", L"late.obl"});
+    files.DeleteTree(L"C:\\VMR");
+    FolderCheck ofNothing(platform);
+    EXPECT_EQ(ErrorOf([&] { ofNothing.RunCheck(model); }), ErrorNumber::PathNotFound);
+    EXPECT_TRUE(ofNothing.folders.Empty());
 }
 
-TEST(FolderCheck, ActivatedAgainItKeepsOnePlaceholder) {
-    CheckScene scene;
-    scene.AddCharacter(L"abc");
-    scene.RunAndActivate();
-    scene.check.Activate();
-    EXPECT_EQ(scene.check.folders.Size(), 1U);
-    EXPECT_EQ(scene.check.definitionFiles.Size(), 1U);
-}
-
-TEST(FolderCheck, SeesTheHostFolderAsItIsNow) {
-    CheckScene scene;
-    scene.AddCharacter(L"abc");
-    scene.Show();
-    scene.files.DeleteTree(L"C:\\VMR\\abc.obl");
-    scene.AddDefinitionFiles({L"late.obl"});
-    scene.check.RunCheck(scene.model);
-    EXPECT_THAT(scene.check.folders.Entries(), ElementsAre(L"abc"));
-    EXPECT_THAT(scene.check.definitionFiles.Entries(), ElementsAre(L"late.obl"));
-}
-
-TEST(FolderCheck, RunAgainForgetsTheFormerResult) {
-    CheckScene scene;
-    scene.AddFolders({L"a"});
-    scene.AddDefinitionFiles({L"b.obl"});
-    scene.Show();
-    scene.check.RunCheck(scene.model);
-    scene.check.RunCheck(scene.model);
-    EXPECT_EQ(scene.check.folders.Size(), 1U);
-    EXPECT_EQ(scene.check.definitionFiles.Size(), 1U);
-}
-
-TEST(FolderCheck, VanishedHostFolderEndsIt) {
-    CheckScene scene;
-    scene.AddCharacter(L"abc");
-    scene.Show();
-    scene.files.DeleteTree(L"C:\\VMR");
-    EXPECT_EQ(ErrorOf([&] { scene.check.RunCheck(scene.model); }), ErrorNumber::PathNotFound);
-    EXPECT_TRUE(scene.check.folders.Empty());
-}
-
-TEST(FolderCheck, TenThousandCharactersTakeOneListing) {
-    CheckScene scene;
+TEST_F(FolderCheckTest, TenThousandCharactersTakeOneListing) {
     for (int number = 10000; number < 20000; ++number) {
-        scene.files.AddFolder(L"C:\\VMR\\d" + std::to_wstring(number));
-        scene.files.AddFile(L"C:\\VMR\\f" + std::to_wstring(number) + L".obl");
-        scene.AddCharacter(L"c" + std::to_wstring(number));
+        files.AddFolder(L"C:\\VMR\\d" + std::to_wstring(number));
+        files.AddFile(L"C:\\VMR\\f" + std::to_wstring(number) + L".obl");
+        AddCharacter(L"c" + std::to_wstring(number));
     }
-    scene.Show();
-    scene.check.RunCheck(scene.model);
-    EXPECT_EQ(scene.files.OperationCount(), 1U);
-    EXPECT_EQ(scene.check.folders.Size(), 10000U);
-    EXPECT_EQ(scene.check.definitionFiles.Size(), 10000U);
+    Show();
+    check.RunCheck(model);
+    EXPECT_EQ(files.OperationCount(), 1U);
+    EXPECT_EQ(check.folders.Size(), 10000U);
+    EXPECT_EQ(check.definitionFiles.Size(), 10000U);
 }
 
-TEST(FolderCheckDelete, DeletesEveryListedFileThoughNoneIsSelected) {
-    CheckScene scene;
-    scene.AddCharacter(L"pair");
-    scene.AddDefinitionFiles({L"a.obl", L"表.obl"});
-    scene.AddFolders({L"dat"});
-    scene.RunAndActivate();
-    auto expected = scene.files.Snapshot();
+TEST_F(FolderCheckDelete, DeletesEveryListedFileThoughNoneIsSelected) {
+    AddCharacter(L"pair");
+    AddDefinitionFiles({L"a.obl", L"表.obl"});
+    AddFolders({L"dat"});
+    RunAndActivate();
+    auto expected = files.Snapshot();
     expected.erase(L"C:\\VMR\\a.obl");
     expected.erase(L"C:\\VMR\\表.obl");
-    scene.check.DeleteDefinitionFiles();
-    EXPECT_EQ(scene.files.Snapshot(), expected);
-    EXPECT_THAT(scene.shell.Recycled(), IsEmpty());
-    EXPECT_THAT(scene.messages.shown, ElementsAre(Box{Kind::AskOkCancel, DeleteQuestion}));
+    check.DeleteDefinitionFiles();
+    EXPECT_EQ(files.Snapshot(), expected);
+    EXPECT_THAT(shell.Recycled(), IsEmpty());
+    EXPECT_THAT(messages.shown, ElementsAre(Box{Kind::AskOkCancel, DeleteQuestion}));
 }
 
-TEST(FolderCheckDelete, EmptiesAndDisablesTheListUntilTheWindowIsActiveAgain) {
-    CheckScene scene;
-    scene.AddDefinitionFiles({L"a.obl"});
-    scene.AddFolders({L"dat"});
-    scene.RunAndActivate();
-    scene.check.DeleteDefinitionFiles();
-    EXPECT_TRUE(scene.check.definitionFiles.Empty());
-    EXPECT_FALSE(scene.check.definitionFilesEnabled);
-    EXPECT_FALSE(scene.check.deleteEnabled);
-    EXPECT_TRUE(scene.check.foldersEnabled);
-    scene.check.Activate();
-    EXPECT_THAT(scene.check.definitionFiles.Entries(), ElementsAre(Nothing));
-    EXPECT_FALSE(scene.check.definitionFilesEnabled);
+TEST_F(FolderCheckDelete, EmptiesAndDisablesTheListUntilTheWindowIsActiveAgain) {
+    AddDefinitionFiles({L"a.obl"});
+    AddFolders({L"dat"});
+    RunAndActivate();
+    check.DeleteDefinitionFiles();
+    EXPECT_TRUE(check.definitionFiles.Empty());
+    EXPECT_FALSE(check.definitionFilesEnabled);
+    EXPECT_FALSE(check.deleteEnabled);
+    EXPECT_TRUE(check.foldersEnabled);
+    check.Activate();
+    EXPECT_THAT(check.definitionFiles.Entries(), ElementsAre(Nothing));
+    EXPECT_FALSE(check.definitionFilesEnabled);
 }
 
-TEST(FolderCheckDelete, CancelChangesNothing) {
-    CheckScene scene;
-    scene.AddDefinitionFiles({L"a.obl"});
-    scene.RunAndActivate();
-    scene.messages.answer = false;
-    scene.check.DeleteDefinitionFiles();
-    EXPECT_TRUE(scene.files.Exists(L"C:\\VMR\\a.obl"));
-    EXPECT_EQ(scene.check.definitionFiles.Size(), 1U);
-    EXPECT_TRUE(scene.check.deleteEnabled);
+TEST_F(FolderCheckDelete, CancelChangesNothing) {
+    AddDefinitionFiles({L"a.obl"});
+    RunAndActivate();
+    messages.answer = false;
+    check.DeleteDefinitionFiles();
+    EXPECT_TRUE(files.Exists(L"C:\\VMR\\a.obl"));
+    EXPECT_EQ(check.definitionFiles.Size(), 1U);
+    EXPECT_TRUE(check.deleteEnabled);
 }
 
-TEST(FolderCheckDelete, DriveRootIsReached) {
+TEST(FolderCheck, DriveRootIsReached) {
     CheckScene scene(L"C:\\");
     scene.AddDefinitionFiles({L"a.obl"});
+    scene.AddFolders({L"表 ソ"});
     scene.RunAndActivate();
     scene.check.DeleteDefinitionFiles();
     EXPECT_FALSE(scene.files.Exists(L"C:\\a.obl"));
-}
-
-struct KeptRow {
-    const char* name;
-    void (*prepare)(MemoryFileSystem& files);
-    ErrorNumber number;
-};
-
-class KeptDefinitionFiles : public testing::TestWithParam<KeptRow> {};
-
-TEST_P(KeptDefinitionFiles, EndTheDeletionWithTheListLeftAsItWas) {
-    CheckScene scene;
-    scene.AddDefinitionFiles({L"a.obl", L"b.obl", L"c.obl"});
-    scene.RunAndActivate();
-    GetParam().prepare(scene.files);
-    EXPECT_EQ(ErrorOf([&] { scene.check.DeleteDefinitionFiles(); }), GetParam().number);
-    EXPECT_FALSE(scene.files.Exists(L"C:\\VMR\\a.obl"));
-    EXPECT_TRUE(scene.files.Exists(L"C:\\VMR\\c.obl"));
-    EXPECT_THAT(scene.check.definitionFiles.Entries(), ElementsAre(L"a.obl", L"b.obl", L"c.obl"));
-    EXPECT_TRUE(scene.check.definitionFilesEnabled);
-    EXPECT_TRUE(scene.check.deleteEnabled);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    FolderCheckDelete, KeptDefinitionFiles,
-    testing::Values(KeptRow{"InUse", [](MemoryFileSystem& files) { files.Lock(L"C:\\VMR\\b.obl"); },
-                            ErrorNumber::PermissionDenied},
-                    KeptRow{"ReadOnly",
-                            [](MemoryFileSystem& files) {
-                                files.AddFile(L"C:\\VMR\\b.obl", "1", {.readOnly = true});
-                            },
-                            ErrorNumber::PathFileAccess},
-                    KeptRow{"AlreadyGone",
-                            [](MemoryFileSystem& files) { files.DeleteTree(L"C:\\VMR\\b.obl"); },
-                            ErrorNumber::FileNotFound}),
-    CaseName);
-
-TEST(FolderCheckMenu, OpensOnlyOverASelection) {
-    CheckScene scene;
-    scene.AddFolders({L"a", L"b"});
-    scene.RunAndActivate();
-    EXPECT_FALSE(scene.check.HasFolderMenu());
-    scene.SelectFolders({L"b"});
-    EXPECT_TRUE(scene.check.HasFolderMenu());
-    scene.SelectFolders({L"a", L"b"});
-    EXPECT_TRUE(scene.check.HasFolderMenu());
-}
-
-TEST(FolderCheckRecycle, MovesExactlyTheSelectedFromTheLastToTheFirst) {
-    CheckScene scene;
-    scene.AddFolders({L"a", L"b", L"c", L"d", L"e"});
-    scene.RunAndActivate();
-    const auto before = scene.files.Snapshot();
-    scene.SelectFolders({L"a", L"c", L"e"});
-    scene.check.MoveFoldersToRecycleBin();
-    EXPECT_THAT(scene.check.folders.Entries(), ElementsAre(L"b", L"d"));
-    EXPECT_EQ(scene.check.folders.SelectedCount(), 0U);
-    EXPECT_TRUE(scene.check.foldersEnabled);
-    EXPECT_THAT(scene.shell.Recycled(), ElementsAre(L"C:\\VMR\\e", L"C:\\VMR\\c", L"C:\\VMR\\a"));
-    EXPECT_THAT(scene.messages.shown, ElementsAre(Box{Kind::AskOkCancel, RecycleQuestion}));
-    for (const wchar_t* folder : {L"C:\\VMR\\a", L"C:\\VMR\\c", L"C:\\VMR\\e"}) {
-        EXPECT_FALSE(scene.files.Exists(folder));
-        EXPECT_TRUE(scene.shell.Restore(folder));
-    }
-    EXPECT_EQ(scene.files.Snapshot(), before);
-}
-
-TEST(FolderCheckRecycle, LastFolderGoneDisablesTheListAndItsNotes) {
-    CheckScene scene;
-    scene.AddFolders({L"a"});
-    scene.AddDefinitionFiles({L"b.obl"});
-    scene.RunAndActivate();
-    scene.SelectFolders({L"a"});
-    scene.check.MoveFoldersToRecycleBin();
-    EXPECT_TRUE(scene.check.folders.Empty());
-    EXPECT_FALSE(scene.check.foldersEnabled);
-    EXPECT_TRUE(scene.check.definitionFilesEnabled);
-}
-
-TEST(FolderCheckRecycle, CancelChangesNothing) {
-    CheckScene scene;
-    scene.AddFolders({L"a"});
-    scene.RunAndActivate();
-    scene.SelectFolders({L"a"});
-    scene.messages.answer = false;
-    scene.check.MoveFoldersToRecycleBin();
-    EXPECT_THAT(scene.files.Log(), IsEmpty());
-    EXPECT_THAT(scene.check.folders.Entries(), ElementsAre(L"a"));
-    EXPECT_TRUE(scene.check.HasFolderMenu());
-}
-
-TEST(FolderCheckRecycle, FolderThatCannotBeMovedLeavesTheListAllTheSame) {
-    CheckScene scene;
-    scene.AddFolders({L"a", L"b"});
-    scene.RunAndActivate();
-    scene.SelectFolders({L"a"});
-    scene.files.Lock(L"C:\\VMR\\a\\inside");
-    scene.check.MoveFoldersToRecycleBin();
-    EXPECT_TRUE(scene.files.Exists(L"C:\\VMR\\a\\inside"));
-    EXPECT_THAT(scene.check.folders.Entries(), ElementsAre(L"b"));
-}
-
-TEST(FolderCheckRecycle, LinkGoesAndItsTargetStays) {
-    CheckScene scene;
-    scene.files.AddFile(L"C:\\Elsewhere\\kept.txt");
-    scene.files.AddLink(L"C:\\VMR\\a", L"C:\\Elsewhere");
-    scene.RunAndActivate();
-    scene.SelectFolders({L"a"});
-    scene.check.MoveFoldersToRecycleBin();
-    EXPECT_FALSE(scene.files.Exists(L"C:\\VMR\\a"));
-    EXPECT_TRUE(scene.files.Exists(L"C:\\Elsewhere\\kept.txt"));
-}
-
-TEST(FolderCheckRecycle, DriveRootIsReached) {
-    CheckScene scene(L"C:\\");
-    scene.AddFolders({L"表 ソ"});
-    scene.RunAndActivate();
     scene.SelectFolders({L"表 ソ"});
     scene.check.MoveFoldersToRecycleBin();
     EXPECT_THAT(scene.shell.Recycled(), ElementsAre(L"C:\\表 ソ"));
+}
+
+TEST(FolderCheckDeletion, EndsAtAFileThatStaysAndLeavesTheListAsItWas) {
+    using enum ErrorNumber;
+    for (const ErrorNumber number : {PermissionDenied, PathFileAccess, FileNotFound}) {
+        CheckScene scene;
+        scene.AddDefinitionFiles({L"a.obl", L"b.obl", L"c.obl"});
+        scene.RunAndActivate();
+        if (number == PermissionDenied)
+            scene.files.Lock(L"C:\\VMR\\b.obl");
+        else if (number == PathFileAccess)
+            scene.files.AddFile(L"C:\\VMR\\b.obl", "1", {.readOnly = true});
+        else
+            scene.files.DeleteTree(L"C:\\VMR\\b.obl");
+        EXPECT_EQ(ErrorOf([&] { scene.check.DeleteDefinitionFiles(); }), number);
+        EXPECT_FALSE(scene.files.Exists(L"C:\\VMR\\a.obl"));
+        EXPECT_TRUE(scene.files.Exists(L"C:\\VMR\\c.obl"));
+        scene.Expect({Nothing}, {L"a.obl", L"b.obl", L"c.obl"});
+        scene.ExpectEnabled(false, true);
+    }
+}
+
+TEST_F(FolderCheckTest, MenuOpensOnlyOverASelection) {
+    AddFolders({L"a", L"b"});
+    RunAndActivate();
+    EXPECT_FALSE(check.HasFolderMenu());
+    SelectFolders({L"b"});
+    EXPECT_TRUE(check.HasFolderMenu());
+    SelectFolders({L"a", L"b"});
+    EXPECT_TRUE(check.HasFolderMenu());
+}
+
+TEST_F(FolderCheckRecycle, MovesExactlyTheSelectedFromTheLastToTheFirst) {
+    AddFolders({L"a", L"b", L"c", L"d", L"e"});
+    RunAndActivate();
+    const auto before = files.Snapshot();
+    SelectFolders({L"a", L"c", L"e"});
+    check.MoveFoldersToRecycleBin();
+    EXPECT_THAT(check.folders.Entries(), ElementsAre(L"b", L"d"));
+    EXPECT_EQ(check.folders.SelectedCount(), 0U);
+    EXPECT_TRUE(check.foldersEnabled);
+    EXPECT_THAT(shell.Recycled(), ElementsAre(L"C:\\VMR\\e", L"C:\\VMR\\c", L"C:\\VMR\\a"));
+    EXPECT_THAT(messages.shown, ElementsAre(Box{Kind::AskOkCancel, RecycleQuestion}));
+    for (const wchar_t* folder : {L"C:\\VMR\\a", L"C:\\VMR\\c", L"C:\\VMR\\e"}) {
+        EXPECT_FALSE(files.Exists(folder));
+        EXPECT_TRUE(shell.Restore(folder));
+    }
+    EXPECT_EQ(files.Snapshot(), before);
+}
+
+TEST_F(FolderCheckRecycle, LastFolderGoneDisablesTheListAndItsNotes) {
+    AddFolders({L"a"});
+    AddDefinitionFiles({L"b.obl"});
+    RunAndActivate();
+    SelectFolders({L"a"});
+    check.MoveFoldersToRecycleBin();
+    EXPECT_TRUE(check.folders.Empty());
+    EXPECT_FALSE(check.foldersEnabled);
+    EXPECT_TRUE(check.definitionFilesEnabled);
+}
+
+TEST_F(FolderCheckRecycle, CancelChangesNothing) {
+    AddFolders({L"a"});
+    RunAndActivate();
+    SelectFolders({L"a"});
+    messages.answer = false;
+    check.MoveFoldersToRecycleBin();
+    EXPECT_THAT(files.Log(), IsEmpty());
+    EXPECT_THAT(check.folders.Entries(), ElementsAre(L"a"));
+    EXPECT_TRUE(check.HasFolderMenu());
+}
+
+TEST_F(FolderCheckRecycle, FolderThatCannotBeMovedLeavesTheListAllTheSame) {
+    AddFolders({L"a", L"b"});
+    RunAndActivate();
+    SelectFolders({L"a"});
+    files.Lock(L"C:\\VMR\\a\\inside");
+    check.MoveFoldersToRecycleBin();
+    EXPECT_TRUE(files.Exists(L"C:\\VMR\\a\\inside"));
+    EXPECT_THAT(check.folders.Entries(), ElementsAre(L"b"));
+}
+
+TEST_F(FolderCheckRecycle, LinkGoesAndItsTargetStays) {
+    files.AddFile(L"C:\\Elsewhere\\kept.txt");
+    files.AddLink(L"C:\\VMR\\a", L"C:\\Elsewhere");
+    RunAndActivate();
+    SelectFolders({L"a"});
+    check.MoveFoldersToRecycleBin();
+    EXPECT_FALSE(files.Exists(L"C:\\VMR\\a"));
+    EXPECT_TRUE(files.Exists(L"C:\\Elsewhere\\kept.txt"));
 }
 
 } // namespace

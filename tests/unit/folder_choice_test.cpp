@@ -1,16 +1,10 @@
 // Choosing which of the found folders to register, and which is the default.
 #include "setup/folder_choice.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // Folders by one letter each: those registered before a search and those it has found.
 struct ChoiceScene {

@@ -1,16 +1,10 @@
 // Reviewing the registered host folders, the default and the permission.
 #include "settings/folder_management.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // Folders by one letter each; opened from the main window unless a test says otherwise.
 struct ManagementScene {

@@ -1,17 +1,10 @@
 // Registering host folders and showing them in the combo.
 #include "settings/host_folder_list.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using Box = MessageBoxesFake::Box;
 
 constexpr wchar_t NotFound[] = L"Vimora が見つかりませんでした。";
 constexpr wchar_t NotChanged[] = L"変更されませんでした。";

@@ -1,9 +1,6 @@
 // The walk over the fixed drives and the settling of what it found.
 #include "setup/host_search.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <set>
 
 #include "settings/host_folder_list.h"
@@ -13,8 +10,6 @@ namespace tamblin {
 namespace {
 
 using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Not;
 
 constexpr wchar_t CancelledText[] = L"Vimoraフォルダの検出を中止しました。";
@@ -22,14 +17,10 @@ constexpr wchar_t NothingNewText[] = L"新しく、Vimoraを検出すること�
 constexpr wchar_t OutOfMemoryText[] = L"Vimoraフォルダ検索中にエラーが生じました。";
 
 // Drives whose listings stand in the log; the program lies on a drive that is not searched.
-struct SearchScene {
-    SearchScene() {
-        files.AddDrive(L"P:", DriveType::Ram);
-        files.AddFolder(L"P:\\Tamblin");
-        files.AddDrive(L"C:");
-    }
+struct SearchScene : PlatformFake {
+    SearchScene() : PlatformFake(L"P:", DriveType::Ram) { files.AddDrive(L"C:"); }
 
-    NextWindow Run() {
+    NextWindow Search() {
         files.ForgetOperations();
         return search.SearchAllDrives();
     }
@@ -53,229 +44,186 @@ struct SearchScene {
         return folders;
     }
 
-    MemoryFileSystem files;
-    DesktopShellFake shell{files};
-    ProgramStarterFake starter;
-    MessageBoxesFake messages;
-    EventLoopFake events;
-    UnlhaFake unlha;
-    NativeAnsiCodePage ansi;
-    WorkProgressFake progress;
-    Platform platform{files, shell, starter,  messages,      events,
-                      unlha, ansi,  progress, L"P:\\Tamblin"};
     SettingsState state;
     HostSearch search{platform, state};
 };
 
+struct HostSearchTest : testing::Test, SearchScene {};
+using SearchProgressTest = HostSearchTest;
+using HostSearchCancel = HostSearchTest;
+using HostSearchFailure = HostSearchTest;
+
 // --- What is a find -------------------------------------------------------------------------
 
-TEST(HostSearch, FindsAFolderThatHoldsProgramAndStartUpFile) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\Program Files\\Vimora");
-    scene.Run();
-    EXPECT_EQ(scene.state.HostFolders[1], L"C:\\Program Files\\Vimora");
-    EXPECT_EQ(scene.search.Progress().FoundText(), L"1");
+TEST(HostSearch, FolderIsStoredAsItIsSpelledBehindADriveLetterInCapitals) {
+    for (const wchar_t* folder :
+         {L"C:\\Program Files\\Vimora", L"C:\\", L"c:\\my Vimora\\表ソ能.obl"}) {
+        SearchScene scene;
+        AddHost(scene.files, folder);
+        scene.Search();
+        EXPECT_EQ(scene.state.HostFolders[1], L"C" + std::wstring(folder).substr(1));
+        EXPECT_EQ(scene.search.Progress().FoundText(), L"1");
+    }
 }
 
 struct FindRow {
-    const char* name;
     const wchar_t* program;
     const wchar_t* startUpFile;
     bool found;
 };
 
-class Finds : public testing::TestWithParam<FindRow> {};
-
-TEST_P(Finds, NeedBothFiles) {
-    SearchScene scene;
-    scene.files.AddFile(L"C:\\a\\" + std::wstring(GetParam().program));
-    scene.files.AddFile(L"C:\\a\\" + std::wstring(GetParam().startUpFile));
-    scene.Run();
-    EXPECT_EQ(scene.state.WorkingFolderCount, GetParam().found ? 1 : 0);
+TEST(HostSearch, FindNeedsBothFiles) {
+    const FindRow rows[] = {
+        {L"ombrel.exe", L"ombrel.rc", true},     {L"OMBREL.EXE", L"OMBREL.RC", true},
+        {L"ombrel.exe", L"ombrel.txt", false},   {L"ombrel2.exe", L"ombrel.rc", false},
+        {L"ｏmbrel.exe", L"ombrel.rc", false},   {L"ombrel.exe", L"ombrel.rc\\x", false},
+        {L"ombrel.exe\\x", L"ombrel.rc", false},
+    };
+    for (const FindRow& row : rows) {
+        SearchScene scene;
+        scene.files.AddFile(L"C:\\a\\" + std::wstring(row.program));
+        scene.files.AddFile(L"C:\\a\\" + std::wstring(row.startUpFile));
+        scene.Search();
+        EXPECT_EQ(scene.state.WorkingFolderCount, row.found ? 1 : 0)
+            << row.program << " " << row.startUpFile;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    HostSearch, Finds,
-    testing::Values(FindRow{"Both", L"ombrel.exe", L"ombrel.rc", true},
-                    FindRow{"Capitals", L"OMBREL.EXE", L"OMBREL.RC", true},
-                    FindRow{"ProgramAlone", L"ombrel.exe", L"ombrel.txt", false},
-                    FindRow{"StartUpFileAlone", L"ombrel2.exe", L"ombrel.rc", false},
-                    FindRow{"FullWidthProgram", L"ｏmbrel.exe", L"ombrel.rc", false},
-                    FindRow{"StartUpFolder", L"ombrel.exe", L"ombrel.rc\\x", false},
-                    FindRow{"ProgramFolder", L"ombrel.exe\\x", L"ombrel.rc", false}),
-    CaseName);
-
-TEST(HostSearch, HostInADriveRootIsFound) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\");
-    scene.Run();
-    EXPECT_EQ(scene.state.HostFolders[1], L"C:\\");
+TEST_F(HostSearchTest, RegisteredFolderIsNotAddedAgain) {
+    AddHost(files, L"C:\\VMR");
+    Register(state, L"C:\\VMR");
+    EXPECT_EQ(Search(), NextWindow::SetUpWizard);
+    EXPECT_EQ(state.WorkingFolderCount, 1);
+    EXPECT_EQ(search.Progress().FoundText(), L"");
 }
 
-TEST(HostSearch, DriveLetterIsStoredInCapitalsAndTheRestAsSpelled) {
-    SearchScene scene;
-    scene.files.AddDrive(L"D:");
-    AddHost(scene.files, L"d:\\my Vimora\\表ソ能.obl");
-    scene.Run();
-    EXPECT_EQ(scene.state.HostFolders[1], L"D:\\my Vimora\\表ソ能.obl");
+TEST(HostSearch, OtherSpellingsOfARegisteredFolderAreAddedASecondTime) {
+    for (const wchar_t* spelling : {L"c:\\VMR", L"C:\\vmr", L"C:\\VMR\\"}) {
+        SearchScene scene;
+        AddHost(scene.files, L"C:\\VMR");
+        Register(scene.state, spelling);
+        scene.Search();
+        EXPECT_EQ(scene.state.HostFolderCount, 2) << spelling;
+        EXPECT_EQ(scene.state.HostFolders[2], L"C:\\VMR");
+    }
 }
 
-TEST(HostSearch, RegisteredFolderIsNotAddedAgain) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\VMR");
-    Register(scene.state, L"C:\\VMR");
-    EXPECT_EQ(scene.Run(), NextWindow::SetUpWizard);
-    EXPECT_EQ(scene.state.WorkingFolderCount, 1);
-    EXPECT_EQ(scene.search.Progress().FoundText(), L"");
-}
-
-class OtherSpellings : public testing::TestWithParam<const wchar_t*> {};
-
-TEST_P(OtherSpellings, OfARegisteredFolderAreAddedASecondTime) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\VMR");
-    Register(scene.state, GetParam());
-    scene.Run();
-    EXPECT_EQ(scene.state.HostFolderCount, 2);
-    EXPECT_EQ(scene.state.HostFolders[2], L"C:\\VMR");
-}
-
-INSTANTIATE_TEST_SUITE_P(HostSearch, OtherSpellings,
-                         testing::Values(L"c:\\VMR", L"C:\\vmr", L"C:\\VMR\\"));
-
-// As a drive does that stands in the list twice.
-TEST(HostSearch, FindsOfTheSameSearchAreNotCompared) {
+TEST_F(HostSearchTest, FindsOfTheSameSearchAreNotCompared) {
     struct DriveTwice : MemoryFileSystem {
         std::vector<Drive> Drives() override {
             return {{L"c:", DriveType::Fixed}, {L"c:", DriveType::Fixed}};
         }
-    } files;
-    files.AddDrive(L"C:");
-    AddHost(files, L"C:\\VMR");
-    SearchScene scene;
-    Platform& p = scene.platform;
-    Platform platform{files,   p.shell, p.starter,  p.messages, p.events,
-                      p.unlha, p.ansi,  p.progress, L"C:\\"};
-    HostSearch(platform, scene.state).SearchAllDrives();
-    EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\VMR", L"C:\\VMR"));
+    } twice;
+    twice.AddDrive(L"C:");
+    twice.AddFolder(L"C:\\Tamblin");
+    AddHost(twice, L"C:\\VMR");
+    Platform overTwice = PlatformOver(twice);
+    HostSearch(overTwice, state).SearchAllDrives();
+    EXPECT_THAT(Found(), ElementsAre(L"C:\\VMR", L"C:\\VMR"));
 }
 
-TEST(HostSearch, HostsThatDifferOnlyInCaseAreTwoFinds) {
-    SearchScene scene;
-    scene.files.AddDrive(L"D:");
-    AddHost(scene.files, L"C:\\Vmr");
-    AddHost(scene.files, L"D:\\vmr");
-    scene.Run();
-    EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\Vmr", L"D:\\vmr"));
+TEST_F(HostSearchTest, HostsThatDifferOnlyInCaseAreTwoFinds) {
+    files.AddDrive(L"D:");
+    AddHost(files, L"C:\\Vmr");
+    AddHost(files, L"D:\\vmr");
+    Search();
+    EXPECT_THAT(Found(), ElementsAre(L"C:\\Vmr", L"D:\\vmr"));
 }
 
 // --- The walk -------------------------------------------------------------------------------
 
-TEST(HostSearch, SubfoldersAreVisitedFromTheLastToTheFirst) {
-    SearchScene scene;
+TEST_F(HostSearchTest, SubfoldersAreVisitedFromTheLastToTheFirstWithAYieldEach) {
     for (const wchar_t* folder : {L"C:\\a\\1", L"C:\\a\\2", L"C:\\b", L"C:\\c\\3"})
-        scene.files.AddFolder(folder);
-    scene.Run();
-    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\", L"C:\\c", L"C:\\c\\3", L"C:\\b", L"C:\\a",
-                                             L"C:\\a\\2", L"C:\\a\\1"));
+        files.AddFolder(folder);
+    Search();
+    EXPECT_THAT(Visited(), ElementsAre(L"C:\\", L"C:\\c", L"C:\\c\\3", L"C:\\b", L"C:\\a",
+                                       L"C:\\a\\2", L"C:\\a\\1"));
+    EXPECT_EQ(events.yields, 7U);
 }
 
-TEST(HostSearch, FindsBelowAFolderComeBeforeTheFolderItself) {
-    SearchScene scene;
+TEST_F(HostSearchTest, FindsBelowAFolderComeBeforeTheFolderItself) {
     for (const wchar_t* host : {L"C:\\", L"C:\\a", L"C:\\a\\x", L"C:\\b"})
-        AddHost(scene.files, host);
-    scene.Run();
-    EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\b", L"C:\\a\\x", L"C:\\a", L"C:\\"));
+        AddHost(files, host);
+    Search();
+    EXPECT_THAT(Found(), ElementsAre(L"C:\\b", L"C:\\a\\x", L"C:\\a", L"C:\\"));
 }
 
-TEST(HostSearch, YieldsOncePerFolder) {
-    SearchScene scene;
-    for (const wchar_t* folder : {L"C:\\a\\1", L"C:\\a\\2", L"C:\\b"})
-        scene.files.AddFolder(folder);
-    scene.Run();
-    EXPECT_EQ(scene.events.yields, 5U);
-}
-
-TEST(HostSearch, OnlyFixedDrivesAreTouched) {
-    SearchScene scene;
+TEST_F(HostSearchTest, OnlyFixedDrivesAreTouched) {
     const DriveType others[] = {DriveType::Unknown, DriveType::NoRoot, DriveType::Removable,
                                 DriveType::Remote,  DriveType::CdRom,  DriveType::Ram};
     wchar_t letter = L'F';
     for (const DriveType type : others) {
-        scene.files.AddDrive({letter, L':'}, type);
-        AddHost(scene.files, {letter++, L':', L'\\', L'a'});
+        files.AddDrive({letter, L':'}, type);
+        AddHost(files, {letter++, L':', L'\\', L'a'});
     }
-    scene.files.AddDrive(L"Z:", DriveType::Fixed);
-    scene.Run();
-    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\", L"Z:\\"));
-    EXPECT_EQ(scene.state.WorkingFolderCount, 0);
-    EXPECT_EQ(scene.search.Progress().drive, L"Z:\\");
+    files.AddDrive(L"Z:", DriveType::Fixed);
+    Search();
+    EXPECT_THAT(Visited(), ElementsAre(L"C:\\", L"Z:\\"));
+    EXPECT_EQ(state.WorkingFolderCount, 0);
+    EXPECT_EQ(search.Progress().drive, L"Z:\\");
 }
 
-TEST(HostSearch, WithoutFixedDrivesNothingIsSaid) {
-    SearchScene scene;
-    scene.files.RemoveDrive(L"C:");
-    EXPECT_EQ(scene.Run(), NextWindow::SetUpWizard);
-    EXPECT_THAT(scene.messages.shown, IsEmpty());
-    EXPECT_EQ(scene.events.yields, 0U);
+TEST_F(HostSearchTest, WithoutFixedDrivesNothingIsSaid) {
+    files.RemoveDrive(L"C:");
+    EXPECT_EQ(Search(), NextWindow::SetUpWizard);
+    EXPECT_THAT(messages.shown, IsEmpty());
+    EXPECT_EQ(events.yields, 0U);
 }
 
-TEST(HostSearch, EndsInTheProgramFolder) {
-    SearchScene scene;
-    scene.files.SetCurrentFolder(L"C:\\");
-    scene.Run();
-    EXPECT_EQ(scene.files.CurrentFolder(), L"P:\\Tamblin");
+TEST_F(HostSearchTest, ReadsTheDiskOnlyAndEndsInTheProgramFolder) {
+    AddHost(files, L"C:\\a");
+    const auto before = files.Snapshot();
+    files.SetCurrentFolder(L"C:\\");
+    Search();
+    EXPECT_EQ(files.CurrentFolder(), L"P:\\Tamblin");
+    EXPECT_EQ(files.Snapshot(), before);
 }
 
-TEST(HostSearch, HiddenFoldersAndThoseOfTheSystemAreSearched) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\a\\b");
-    AddHost(scene.files, L"C:\\c");
-    scene.files.AddFolder(L"C:\\a", {.hidden = true});
-    scene.files.AddFolder(L"C:\\c", {.system = true});
-    scene.Run();
-    EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\c", L"C:\\a\\b"));
+TEST_F(HostSearchTest, HiddenFoldersAndThoseOfTheSystemAreSearched) {
+    AddHost(files, L"C:\\a\\b");
+    AddHost(files, L"C:\\c");
+    files.AddFolder(L"C:\\a", {.hidden = true});
+    files.AddFolder(L"C:\\c", {.system = true});
+    Search();
+    EXPECT_THAT(Found(), ElementsAre(L"C:\\c", L"C:\\a\\b"));
 }
 
 // Else a host in the recycle bin, when it is the only one, would become the default.
-TEST(HostSearch, WhatIsHiddenAsAPartOfTheSystemIsNotSearched) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\$Recycle.Bin\\S-1-5-21\\$RVIMORA");
-    scene.files.AddFolder(L"C:\\$Recycle.Bin", {.hidden = true, .system = true});
-    EXPECT_EQ(scene.Run(), NextWindow::SetUpWizard);
-    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\"));
-    EXPECT_EQ(scene.state.HostFolderCount, 0);
+TEST_F(HostSearchTest, WhatIsHiddenAsAPartOfTheSystemIsNotSearched) {
+    AddHost(files, L"C:\\$Recycle.Bin\\S-1-5-21\\$RVIMORA");
+    files.AddFolder(L"C:\\$Recycle.Bin", {.hidden = true, .system = true});
+    EXPECT_EQ(Search(), NextWindow::SetUpWizard);
+    EXPECT_THAT(Visited(), ElementsAre(L"C:\\"));
+    EXPECT_EQ(state.HostFolderCount, 0);
 }
 
 // As when a folder is registered by hand: what the two files' attributes are does not matter.
-TEST(HostSearch, HiddenAndSystemFilesAreFindsAndNotCounted) {
-    SearchScene scene;
-    scene.files.AddFile(L"C:\\a\\ombrel.exe", {}, {.hidden = true});
-    scene.files.AddFile(L"C:\\a\\ombrel.rc");
-    scene.files.AddFile(L"C:\\b\\ombrel.exe");
-    scene.files.AddFile(L"C:\\b\\ombrel.rc", {}, {.system = true});
-    scene.files.AddFile(L"C:\\c\\ombrel.exe", {}, {.hidden = true});
-    scene.files.AddFile(L"C:\\c\\ombrel.rc", {}, {.hidden = true});
-    scene.files.AddFile(L"C:\\d\\other", {}, {.hidden = true});
-    scene.Run();
-    EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\c", L"C:\\b", L"C:\\a"));
-    EXPECT_EQ(scene.search.Progress().files, 2U);
-    EXPECT_EQ(scene.search.Progress().folders, 2U);
+TEST_F(HostSearchTest, HiddenAndSystemFilesAreFindsAndNotCounted) {
+    files.AddFile(L"C:\\a\\ombrel.exe", {}, {.hidden = true});
+    files.AddFile(L"C:\\a\\ombrel.rc");
+    files.AddFile(L"C:\\b\\ombrel.exe");
+    files.AddFile(L"C:\\b\\ombrel.rc", {}, {.system = true});
+    files.AddFile(L"C:\\c\\ombrel.exe", {}, {.hidden = true});
+    files.AddFile(L"C:\\c\\ombrel.rc", {}, {.hidden = true});
+    files.AddFile(L"C:\\d\\other", {}, {.hidden = true});
+    Search();
+    EXPECT_THAT(Found(), ElementsAre(L"C:\\c", L"C:\\b", L"C:\\a"));
+    EXPECT_EQ(search.Progress().files, 2U);
+    EXPECT_EQ(search.Progress().folders, 2U);
 }
 
-TEST(HostSearch, LinksAreNotDescendedInto) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\real\\VMR");
-    scene.files.AddLink(L"C:\\real\\root", L"C:\\");
-    scene.files.AddLink(L"C:\\zlink", L"C:\\real");
-    scene.Run();
-    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\", L"C:\\real", L"C:\\real\\VMR"));
-    EXPECT_EQ(scene.state.HostFolderCount, 1);
+TEST_F(HostSearchTest, LinksAreNotDescendedInto) {
+    AddHost(files, L"C:\\real\\VMR");
+    files.AddLink(L"C:\\real\\root", L"C:\\");
+    files.AddLink(L"C:\\zlink", L"C:\\real");
+    Search();
+    EXPECT_THAT(Visited(), ElementsAre(L"C:\\", L"C:\\real", L"C:\\real\\VMR"));
+    EXPECT_EQ(state.HostFolderCount, 1);
 }
 
 // A drive for which the system had no letter left.
-struct VolumeScene : SearchScene {
-    VolumeScene() {
+struct MountedVolumeTest : HostSearchTest {
+    MountedVolumeTest() {
         files.AddDrive(L"V:");
         files.HideLetter(L"V:");
         files.MountVolume(L"C:\\mount", L"V:");
@@ -283,59 +231,41 @@ struct VolumeScene : SearchScene {
     }
 };
 
-TEST(HostSearch, VolumeMountedInAFolderIsSearched) {
-    VolumeScene scene;
-    scene.Run();
-    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\", L"C:\\mount", L"C:\\mount\\VMR"));
-    EXPECT_EQ(scene.state.HostFolders[1], L"C:\\mount\\VMR");
+TEST_F(MountedVolumeTest, IsSearchedOnceHoweverOftenItIsMounted) {
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(Search(), time == 0 ? NextWindow::MainWindow : NextWindow::SetUpWizard);
+        EXPECT_THAT(Visited(), ElementsAre(L"C:\\", L"C:\\mount", L"C:\\mount\\VMR"));
+        EXPECT_EQ(state.HostFolders[1], L"C:\\mount\\VMR");
+        files.MountVolume(L"C:\\zagain", L"V:");
+        files.MountVolume(L"V:\\itself", L"V:");
+        files.MountVolume(L"V:\\back", L"C:");
+    }
 }
 
-TEST(HostSearch, VolumeIsSearchedOnceHoweverOftenItIsMounted) {
-    VolumeScene scene;
-    scene.files.MountVolume(L"C:\\zagain", L"V:");
-    scene.files.MountVolume(L"V:\\itself", L"V:");
-    scene.files.MountVolume(L"V:\\back", L"C:");
-    scene.Run();
-    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\", L"C:\\mount", L"C:\\mount\\VMR"));
-    EXPECT_EQ(scene.Run(), NextWindow::SetUpWizard); // found again, and known by now
-    EXPECT_EQ(scene.Visited().size(), 3U);
+TEST_F(HostSearchTest, MountedVolumeThatIsNotFixedIsNotSearched) {
+    files.AddDrive(L"V:", DriveType::Removable);
+    files.MountVolume(L"C:\\mount", L"V:");
+    Search();
+    EXPECT_THAT(Visited(), ElementsAre(L"C:\\"));
 }
 
-TEST(HostSearch, MountedVolumeThatIsNotFixedIsNotSearched) {
-    SearchScene scene;
-    scene.files.AddDrive(L"V:", DriveType::Removable);
-    scene.files.MountVolume(L"C:\\mount", L"V:");
-    scene.Run();
-    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\"));
-}
-
-TEST(HostSearch, FolderIsListedOnceHoweverManyChildrenItHas) {
-    SearchScene scene;
+TEST_F(HostSearchTest, FolderIsListedOnceHoweverManyChildrenItHas) {
     for (int number = 0; number < 1000; ++number)
-        scene.files.AddFile(L"C:\\many\\" + std::to_wstring(number) + L"\\file");
-    scene.Run();
-    EXPECT_EQ(scene.files.CountLogged(L"List "), 1002U);
-    const auto visited = scene.Visited();
+        files.AddFile(L"C:\\many\\" + std::to_wstring(number) + L"\\file");
+    Search();
+    EXPECT_EQ(files.CountLogged(L"List "), 1002U);
+    const auto visited = Visited();
     EXPECT_EQ(std::set<std::wstring>(visited.begin(), visited.end()).size(), 1002U);
-    EXPECT_EQ(scene.files.OperationCount(), 1004U); // and the drives, and the way back
+    EXPECT_EQ(files.OperationCount(), 1004U); // and the drives, and the way back
 }
 
-TEST(HostSearch, DeepPathsAreFollowedToTheirEnd) {
-    SearchScene scene;
+TEST_F(HostSearchTest, DeepPathsAreFollowedToTheirEnd) {
     std::wstring folder = L"C:";
     for (int depth = 0; depth < 300; ++depth)
         folder += L"\\f" + std::to_wstring(depth);
-    AddHost(scene.files, folder);
-    EXPECT_EQ(scene.Run(), NextWindow::MainWindow);
-    EXPECT_EQ(scene.state.HostFolders[1], folder);
-}
-
-TEST(HostSearch, DiskIsOnlyRead) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\a");
-    const auto before = scene.files.Snapshot();
-    scene.Run();
-    EXPECT_EQ(scene.files.Snapshot(), before);
+    AddHost(files, folder);
+    EXPECT_EQ(Search(), NextWindow::MainWindow);
+    EXPECT_EQ(state.HostFolders[1], folder);
 }
 
 // --- Counters -------------------------------------------------------------------------------
@@ -346,56 +276,46 @@ TEST(SearchProgress, CountersStandBehindABlankAndAreEmptyAtFirst) {
     EXPECT_EQ(SearchProgress::CounterText(300000), L" 300000");
 }
 
-TEST(SearchProgress, CountsFilesAndTheFoldersThatHoldSome) {
-    SearchScene scene;
+TEST_F(SearchProgressTest, CountsFilesAndTheFoldersThatHoldSomeAnewInEachSearch) {
     for (const wchar_t* file : {L"C:\\1", L"C:\\a\\2", L"C:\\a\\3"})
-        scene.files.AddFile(file);
-    scene.files.AddFolder(L"C:\\empty");
-    scene.files.AddFolder(L"C:\\only\\folders");
-    scene.Run();
-    EXPECT_EQ(scene.search.Progress().files, 3U);
-    EXPECT_EQ(scene.search.Progress().folders, 2U);
-    EXPECT_EQ(scene.search.Progress().drive, L"C:\\");
+        files.AddFile(file);
+    files.AddFolder(L"C:\\empty");
+    files.AddFolder(L"C:\\only\\folders");
+    for (int time = 0; time < 2; ++time) {
+        Search();
+        EXPECT_EQ(search.Progress().files, 3U);
+        EXPECT_EQ(search.Progress().folders, 2U);
+        EXPECT_EQ(search.Progress().drive, L"C:\\");
+    }
 }
 
-TEST(SearchProgress, FolderIsCountedAfterTheFoldersBelowIt) {
-    SearchScene scene;
-    scene.files.AddFile(L"C:\\1");
-    scene.files.AddFile(L"C:\\a\\2");
-    scene.files.AddFile(L"C:\\b\\3");
+TEST_F(SearchProgressTest, FolderIsCountedAfterTheFoldersBelowIt) {
+    files.AddFile(L"C:\\1");
+    files.AddFile(L"C:\\a\\2");
+    files.AddFile(L"C:\\b\\3");
     std::vector<std::uint64_t> counts;
-    scene.events.onYield = [&] {
-        counts.push_back(scene.search.Progress().folders);
+    events.onYield = [&] {
+        counts.push_back(search.Progress().folders);
     };
-    scene.Run();
+    Search();
     EXPECT_THAT(counts, ElementsAre(0U, 0U, 1U));
-    EXPECT_EQ(scene.search.Progress().folders, 3U);
+    EXPECT_EQ(search.Progress().folders, 3U);
 }
 
-TEST(SearchProgress, FoundCounterCountsTheNewFindsAlone) {
-    SearchScene scene;
+TEST_F(SearchProgressTest, FoundCounterCountsTheNewFindsAlone) {
     for (const wchar_t* host : {L"C:\\a", L"C:\\b", L"C:\\known"})
-        AddHost(scene.files, host);
-    Register(scene.state, L"C:\\known");
-    EXPECT_EQ(scene.search.Progress().FoundText(), L"");
-    scene.Run();
-    EXPECT_EQ(scene.search.Progress().FoundText(), L"2");
-}
-
-TEST(SearchProgress, StartsAnewWithEachSearch) {
-    SearchScene scene;
-    scene.files.AddFile(L"C:\\1");
-    scene.Run();
-    scene.Run();
-    EXPECT_EQ(scene.search.Progress().files, 1U);
-    EXPECT_EQ(scene.search.Progress().folders, 1U);
+        AddHost(files, host);
+    Register(state, L"C:\\known");
+    EXPECT_EQ(search.Progress().FoundText(), L"");
+    Search();
+    EXPECT_EQ(search.Progress().FoundText(), L"2");
 }
 
 // --- More than ten --------------------------------------------------------------------------
 
-void AddHosts(SearchScene& scene, int count) {
+void AddHosts(MemoryFileSystem& files, int count) {
     for (int number = 0; number < count; ++number)
-        AddHost(scene.files, L"C:\\h" + std::to_wstring(10 + number));
+        AddHost(files, L"C:\\h" + std::to_wstring(10 + number));
 }
 
 void RegisterOthers(SettingsState& state, int count) {
@@ -403,35 +323,25 @@ void RegisterOthers(SettingsState& state, int count) {
         Register(state, L"R:\\r" + std::to_wstring(number));
 }
 
-TEST(HostSearch, EleventhAndTwelfthFindTakeTheTenthSlot) {
-    SearchScene scene;
-    AddHosts(scene, 12); // found from h21 down to h10
-    EXPECT_EQ(scene.Run(), NextWindow::FolderChoice);
-    EXPECT_EQ(scene.state.WorkingFolderCount, 10);
-    EXPECT_EQ(scene.state.HostFolders[9], L"C:\\h13");
-    EXPECT_EQ(scene.state.HostFolders[10], L"C:\\h10");
-    EXPECT_EQ(scene.state.HostFolders[11], L"");
-    EXPECT_EQ(scene.search.Progress().FoundText(), L"12");
+TEST_F(HostSearchTest, EleventhAndTwelfthFindTakeTheTenthSlot) {
+    AddHosts(files, 12); // found from h21 down to h10
+    EXPECT_EQ(Search(), NextWindow::FolderChoice);
+    EXPECT_EQ(state.WorkingFolderCount, 10);
+    EXPECT_EQ(state.HostFolders[9], L"C:\\h13");
+    EXPECT_EQ(state.HostFolders[10], L"C:\\h10");
+    EXPECT_EQ(state.HostFolders[11], L"");
+    EXPECT_EQ(search.Progress().FoundText(), L"12");
 }
 
-TEST(HostSearch, WithTenRegisteredEachFindTakesTheTenthSlot) {
-    SearchScene scene;
-    RegisterOthers(scene.state, 10);
-    AddHosts(scene, 2);
-    EXPECT_EQ(scene.Run(), NextWindow::SetUpWizard);
-    EXPECT_EQ(scene.state.HostFolderCount, 10);
-    EXPECT_EQ(scene.state.HostFolders[9], L"R:\\r9");
-    EXPECT_EQ(scene.state.HostFolders[10], L"C:\\h10");
-    EXPECT_EQ(scene.state.WorkingFolderCount, 10);
-    EXPECT_EQ(scene.search.Progress().FoundText(), L"2");
-}
-
-TEST(HostSearch, FoundCounterGoesOnWhereFindsTakeTheTenthSlot) {
-    SearchScene scene;
-    RegisterOthers(scene.state, 10);
-    AddHosts(scene, 3);
-    scene.Run();
-    EXPECT_EQ(scene.search.Progress().FoundText(), L"3");
+TEST_F(HostSearchTest, WithTenRegisteredEachFindTakesTheTenthSlotAndIsCounted) {
+    RegisterOthers(state, 10);
+    AddHosts(files, 3);
+    EXPECT_EQ(Search(), NextWindow::SetUpWizard);
+    EXPECT_EQ(state.HostFolderCount, 10);
+    EXPECT_EQ(state.HostFolders[9], L"R:\\r9");
+    EXPECT_EQ(state.HostFolders[10], L"C:\\h10");
+    EXPECT_EQ(state.WorkingFolderCount, 10);
+    EXPECT_EQ(search.Progress().FoundText(), L"3");
 }
 
 // --- Settling -------------------------------------------------------------------------------
@@ -449,7 +359,7 @@ class Settling : public testing::TestWithParam<std::tuple<SettleRow, bool>> {
   protected:
     void SetUp() override {
         RegisterOthers(scene.state, Row().registered);
-        AddHosts(scene, Row().hosts);
+        AddHosts(scene.files, Row().hosts);
         scene.state.WizardFromManagement = FromManagement();
         scene.state.ChoiceStage = 7;
     }
@@ -497,17 +407,18 @@ INSTANTIATE_TEST_SUITE_P(HostSearch, Settling,
 
 TEST_P(Settling, SaysAndShowsWhatComesNext) {
     const bool oneNew = Row().next == NextWindow::MainWindow;
-    EXPECT_EQ(scene.Run(), oneNew && FromManagement() ? NextWindow::FolderManagement : Row().next);
+    EXPECT_EQ(scene.Search(),
+              oneNew && FromManagement() ? NextWindow::FolderManagement : Row().next);
     if (*Row().message == 0)
         EXPECT_THAT(scene.messages.shown, IsEmpty());
     else
-        EXPECT_THAT(scene.messages.shown, ElementsAre(MessageBoxesFake::Box{
-                                              MessageBoxesFake::Kind::Inform, Row().message}));
+        EXPECT_THAT(scene.messages.shown,
+                    ElementsAre(Box{MessageBoxesFake::Kind::Inform, Row().message}));
     EXPECT_EQ(scene.state.ChoiceStage, Row().next == NextWindow::FolderChoice ? 1 : 7);
 }
 
 TEST_P(Settling, CountsOneNewFolderAndLeavesMoreToTheChoice) {
-    scene.Run();
+    scene.Search();
     EXPECT_EQ(scene.state.HostFolderCount, Row().countAfter);
     if (!Row().found.empty()) {
         const auto first = scene.state.HostFolders.begin() + 1 + Row().registered;
@@ -517,7 +428,7 @@ TEST_P(Settling, CountsOneNewFolderAndLeavesMoreToTheChoice) {
 
 TEST_P(Settling, FirstSlotBecomesTheDefaultOnlyOnAFirstRun) {
     scene.state.DefaultFolder = L"X:\\former";
-    const bool becomesDefault = scene.Run() == NextWindow::MainWindow;
+    const bool becomesDefault = scene.Search() == NextWindow::MainWindow;
     EXPECT_EQ(becomesDefault, !FromManagement() && Row().next == NextWindow::MainWindow);
     EXPECT_EQ(scene.state.DefaultFolder,
               becomesDefault ? scene.state.HostFolders[1] : L"X:\\former");
@@ -530,7 +441,7 @@ TEST_P(Settling, CallsBeforeItsFirstBoxWithAllCounted) {
         boxesBefore.push_back(scene.messages.shown.size());
         found = scene.search.Progress().FoundText();
     };
-    scene.Run();
+    scene.Search();
     EXPECT_THAT(boxesBefore, ElementsAre(0U));
     EXPECT_EQ(found, scene.search.Progress().FoundText());
 }
@@ -540,7 +451,7 @@ TEST_P(Settling, CancelledItForgetsTheFindsAndReturnsToTheWizard) {
     scene.files.AddDrive(L"D:");
     const auto registered = scene.state.HostFolders;
     scene.CancelAtYield(static_cast<size_t>(Row().hosts) + 2);
-    EXPECT_EQ(scene.Run(), NextWindow::SetUpWizard);
+    EXPECT_EQ(scene.Search(), NextWindow::SetUpWizard);
     EXPECT_THAT(scene.messages.Texts(), ElementsAre(CancelledText));
     EXPECT_EQ(scene.state.HostFolderCount, Row().registered);
     for (size_t slot = 1; slot <= 11; ++slot) {
@@ -551,56 +462,40 @@ TEST_P(Settling, CancelledItForgetsTheFindsAndReturnsToTheWizard) {
 
 // --- Cancelling -----------------------------------------------------------------------------
 
-TEST(HostSearchCancel, FolderAboveIsLeftWithoutALookAndThoseAboveItGetTheirs) {
-    SearchScene scene;
+TEST_F(HostSearchCancel, FolderAboveIsLeftWithoutALookAndThoseAboveItGetTheirs) {
     for (const wchar_t* host : {L"C:\\", L"C:\\b", L"C:\\b\\c", L"C:\\b\\c\\d", L"C:\\a"})
-        AddHost(scene.files, host);
-    scene.CancelAtYield(4); // the visit of d
+        AddHost(files, host);
+    CancelAtYield(4); // the visit of d
     std::vector<std::wstring> found;
-    scene.messages.onShow = [&](const MessageBoxesFake::Box&) {
-        found = scene.Found();
+    messages.onShow = [&](const Box&) {
+        found = Found();
     };
-    EXPECT_EQ(scene.Run(), NextWindow::SetUpWizard);
+    EXPECT_EQ(Search(), NextWindow::SetUpWizard);
     EXPECT_THAT(found, ElementsAre(L"C:\\b", L"C:\\"));
-    EXPECT_THAT(scene.Visited(), Not(Contains(L"C:\\a")));
-    EXPECT_EQ(scene.events.yields, 4U);
-    EXPECT_EQ(scene.search.Progress().folders, 2U);
+    EXPECT_THAT(Visited(), Not(Contains(L"C:\\a")));
+    EXPECT_EQ(events.yields, 4U);
+    EXPECT_EQ(search.Progress().folders, 2U);
 }
 
-TEST(HostSearchCancel, FirstFolderOfADriveIsNotLookedAt) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\");
-    scene.CancelAtYield(1);
-    scene.Run();
-    EXPECT_EQ(scene.search.Progress().files, 0U);
-    EXPECT_THAT(scene.messages.Texts(), ElementsAre(CancelledText));
+TEST_F(HostSearchCancel, FirstFolderOfADriveIsNotLookedAtAndTheNextSearchNotCancelled) {
+    AddHost(files, L"C:\\");
+    files.SetCurrentFolder(L"C:\\");
+    CancelAtYield(1);
+    Search();
+    EXPECT_EQ(search.Progress().files, 0U);
+    EXPECT_THAT(messages.Texts(), ElementsAre(CancelledText));
+    EXPECT_EQ(files.CurrentFolder(), L"P:\\Tamblin");
+    EXPECT_EQ(Search(), NextWindow::MainWindow);
+    EXPECT_EQ(state.HostFolderCount, 1);
 }
 
-TEST(HostSearchCancel, NoFurtherDriveIsSearched) {
-    SearchScene scene;
-    scene.files.AddDrive(L"D:");
-    scene.files.AddFolder(L"C:\\a");
-    scene.CancelAtYield(2);
-    scene.Run();
-    EXPECT_EQ(scene.search.Progress().drive, L"C:\\");
-    EXPECT_THAT(scene.Visited(), Not(Contains(L"D:\\")));
-}
-
-TEST(HostSearchCancel, EndsInTheProgramFolder) {
-    SearchScene scene;
-    scene.files.SetCurrentFolder(L"C:\\");
-    scene.CancelAtYield(1);
-    scene.Run();
-    EXPECT_EQ(scene.files.CurrentFolder(), L"P:\\Tamblin");
-}
-
-TEST(HostSearchCancel, NextSearchIsNotCancelled) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\a");
-    scene.CancelAtYield(1);
-    scene.Run();
-    EXPECT_EQ(scene.Run(), NextWindow::MainWindow);
-    EXPECT_EQ(scene.state.HostFolderCount, 1);
+TEST_F(HostSearchCancel, NoFurtherDriveIsSearched) {
+    files.AddDrive(L"D:");
+    files.AddFolder(L"C:\\a");
+    CancelAtYield(2);
+    Search();
+    EXPECT_EQ(search.Progress().drive, L"C:\\");
+    EXPECT_THAT(Visited(), Not(Contains(L"D:\\")));
 }
 
 // --- Failures -------------------------------------------------------------------------------
@@ -609,168 +504,146 @@ std::wstring ErrorText(int number) {
     return L"エラー： " + std::to_wstring(number) + L"が発生しました。処理を中止します。";
 }
 
-TEST(HostSearchFailure, DriveThatIsNotReadyIsPassedOver) {
-    SearchScene scene;
-    scene.files.AddDrive(L"D:");
-    scene.files.SetReady(L"C:", false);
-    AddHost(scene.files, L"D:\\a");
-    EXPECT_EQ(scene.Run(), NextWindow::MainWindow);
-    EXPECT_EQ(scene.state.HostFolders[1], L"D:\\a");
-    EXPECT_THAT(scene.messages.shown, IsEmpty());
+TEST(HostSearch, DriveThatIsNotReadyIsPassedOver) {
+    for (const auto& [lost, host] : {std::pair{L"C:", L"D:\\a"}, std::pair{L"D:", L"C:\\a"}}) {
+        SearchScene scene;
+        scene.files.AddDrive(L"D:");
+        scene.files.SetReady(lost, false);
+        AddHost(scene.files, host);
+        EXPECT_EQ(scene.Search(), NextWindow::MainWindow);
+        EXPECT_EQ(scene.state.HostFolders[1], host);
+        EXPECT_THAT(scene.messages.shown, IsEmpty());
+    }
 }
 
-TEST(HostSearchFailure, LastDriveThatIsNotReadyEndsTheSearchInPeace) {
-    SearchScene scene;
-    scene.files.AddDrive(L"D:");
-    scene.files.SetReady(L"D:", false);
-    AddHost(scene.files, L"C:\\a");
-    EXPECT_EQ(scene.Run(), NextWindow::MainWindow);
-    EXPECT_THAT(scene.messages.shown, IsEmpty());
-}
-
-TEST(HostSearchFailure, FolderDeletedMeanwhileIsPassedOverAndItsSiblingsAreSearched) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\a");
-    scene.files.AddFolder(L"C:\\b");
-    scene.events.onYield = [&] {
-        if (scene.events.yields == 2)
-            scene.files.DeleteTree(L"C:\\b");
+TEST_F(HostSearchFailure, FolderDeletedMeanwhileIsPassedOverAndItsSiblingsAreSearched) {
+    AddHost(files, L"C:\\a");
+    files.AddFolder(L"C:\\b");
+    events.onYield = [&] {
+        if (events.yields == 2)
+            files.DeleteTree(L"C:\\b");
     };
-    EXPECT_EQ(scene.Run(), NextWindow::MainWindow);
-    EXPECT_THAT(scene.messages.shown, IsEmpty());
-    EXPECT_EQ(scene.state.HostFolders[1], L"C:\\a");
+    EXPECT_EQ(Search(), NextWindow::MainWindow);
+    EXPECT_THAT(messages.shown, IsEmpty());
+    EXPECT_EQ(state.HostFolders[1], L"C:\\a");
 }
 
 // It is locked, say; the drive that it is mounted in is not touched by that.
-TEST(HostSearchFailure, MountedVolumeThatIsNotAvailableIsPassedOver) {
-    SearchScene scene;
-    AddHost(scene.files, L"C:\\a");
-    AddHost(scene.files, L"C:\\c");
-    scene.files.AddFolder(L"C:\\b");
-    scene.files.ForgetOperations();
-    scene.files.FailOperation(4, ErrorNumber::DeviceUnavailable); // b
-    EXPECT_EQ(scene.search.SearchAllDrives(), NextWindow::FolderChoice);
-    EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\c", L"C:\\a"));
-    EXPECT_THAT(scene.messages.shown, IsEmpty());
+TEST_F(HostSearchFailure, MountedVolumeThatIsNotAvailableIsPassedOver) {
+    AddHost(files, L"C:\\a");
+    AddHost(files, L"C:\\c");
+    files.AddFolder(L"C:\\b");
+    files.ForgetOperations();
+    files.FailOperation(4, ErrorNumber::DeviceUnavailable); // b
+    EXPECT_EQ(search.SearchAllDrives(), NextWindow::FolderChoice);
+    EXPECT_THAT(Found(), ElementsAre(L"C:\\c", L"C:\\a"));
+    EXPECT_THAT(messages.shown, IsEmpty());
 }
 
-TEST(HostSearchFailure, DriveThatGoesAwayIsReportedOnceAndLeavesTheFindsAndTheOtherDrives) {
-    SearchScene scene;
-    scene.files.AddDrive(L"D:");
+TEST_F(HostSearchFailure, DriveThatGoesAwayIsReportedOnceAndLeavesTheFindsAndTheOtherDrives) {
+    files.AddDrive(L"D:");
     for (const wchar_t* host : {L"C:\\z", L"C:\\a", L"D:\\d"})
-        AddHost(scene.files, host);
+        AddHost(files, host);
     for (const wchar_t* folder : {L"C:\\b", L"C:\\c"})
-        scene.files.AddFolder(folder);
-    scene.events.onYield = [&] {
-        if (scene.events.yields == 3)
-            scene.files.RemoveDrive(L"C:");
+        files.AddFolder(folder);
+    events.onYield = [&] {
+        if (events.yields == 3)
+            files.RemoveDrive(L"C:");
     };
-    EXPECT_EQ(scene.Run(), NextWindow::FolderChoice);
-    EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\z", L"D:\\d"));
-    EXPECT_THAT(scene.messages.Texts(), ElementsAre(ErrorText(68)));
+    EXPECT_EQ(Search(), NextWindow::FolderChoice);
+    EXPECT_THAT(Found(), ElementsAre(L"C:\\z", L"D:\\d"));
+    EXPECT_THAT(messages.Texts(), ElementsAre(ErrorText(68)));
 }
 
-class SearchFaults : public testing::TestWithParam<int> {
-  protected:
-    // One host in each of three folders; the n-th operation of the search fails.
-    void Fail(size_t n) {
-        for (const wchar_t* host : {L"C:\\a", L"C:\\b", L"C:\\c"})
-            AddHost(scene.files, host);
-        scene.files.ForgetOperations();
-        scene.files.FailOperation(n, static_cast<ErrorNumber>(GetParam()));
-    }
-    SearchScene scene;
-    static constexpr size_t ListDrives = 1, ListRoot = 2, ListB = 4, GoBack = 6;
-};
+// One host in each of three folders; the n-th operation of the search fails.
+struct FailingSearch : SearchScene {
+    enum Operation : size_t { ListDrives = 1, ListRoot = 2, ListB = 4, GoBack = 7 };
 
-INSTANTIATE_TEST_SUITE_P(Numbers, SearchFaults, testing::Values(52, 53, 57, 67, 70, 71, 75, 76));
+    FailingSearch(Operation n, int error) {
+        for (const wchar_t* host : {L"C:\\a", L"C:\\b", L"C:\\c"})
+            AddHost(files, host);
+        files.AddDrive(L"D:");
+        files.ForgetOperations();
+        files.FailOperation(n, static_cast<ErrorNumber>(error));
+        next = search.SearchAllDrives();
+    }
+    NextWindow next;
+};
 
 // A word is said of failing devices alone. Every Windows drive has many folders that a user may not
 // open.
-TEST_P(SearchFaults, FolderThatCannotBeListedIsGivenUpByItself) {
-    Fail(ListB);
-    EXPECT_EQ(scene.Run(), NextWindow::FolderChoice);
-    if (GetParam() == 57 || GetParam() == 71)
-        EXPECT_THAT(scene.messages.Texts(), ElementsAre(ErrorText(GetParam())));
-    else
-        EXPECT_THAT(scene.messages.shown, IsEmpty());
-    EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\c", L"C:\\a"));
-}
-
-// All but 68, with which a drive is passed over.
-class RootFaults : public SearchFaults {};
-
-INSTANTIATE_TEST_SUITE_P(Numbers, RootFaults, testing::Values(7, 52, 53, 57, 70, 71, 75, 76));
-
-TEST_P(RootFaults, EndTheDriverAtOnce) {
-    Fail(ListRoot);
-    scene.files.AddDrive(L"D:");
-    EXPECT_EQ(scene.Run(), NextWindow::Stay);
-    EXPECT_THAT(scene.messages.Texts(), ElementsAre(ErrorText(GetParam())));
-    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\"));
-}
-
-class DriverFaults : public SearchFaults {};
-
-INSTANTIATE_TEST_SUITE_P(Numbers, DriverFaults, testing::Values(7, 52, 53, 57, 68, 70, 71, 75, 76));
-
-TEST_P(DriverFaults, AreTrappedAtItsFirstAndItsLastStepToo) {
-    for (const size_t step : {ListDrives, GoBack}) {
-        SCOPED_TRACE(step);
-        Fail(step);
-        scene.messages.shown.clear();
-        EXPECT_EQ(scene.Run(), NextWindow::Stay);
-        EXPECT_THAT(scene.messages.Texts(), ElementsAre(ErrorText(GetParam())));
-        EXPECT_EQ(scene.state.HostFolderCount, 0);
+TEST(SearchFaults, FolderThatCannotBeListedIsGivenUpByItself) {
+    for (const int error : {52, 53, 57, 67, 70, 71, 75, 76}) {
+        const FailingSearch scene(FailingSearch::ListB, error);
+        EXPECT_EQ(scene.next, NextWindow::FolderChoice);
+        if (error == 57 || error == 71)
+            EXPECT_THAT(scene.messages.Texts(), ElementsAre(ErrorText(error)));
+        else
+            EXPECT_THAT(scene.messages.shown, IsEmpty());
+        EXPECT_THAT(scene.Found(), ElementsAre(L"C:\\c", L"C:\\a"));
     }
 }
 
-TEST(HostSearchFailure, OutOfMemoryStopsTheWholeSearchAndWhatWasFoundIsSettled) {
-    SearchScene scene;
-    scene.files.AddDrive(L"D:");
-    for (const wchar_t* host : {L"C:\\a", L"C:\\b\\x", L"C:\\c", L"D:\\d"})
-        AddHost(scene.files, host);
-    scene.files.ForgetOperations();
-    scene.files.FailOperation(5, ErrorNumber::OutOfMemory); // x
-    EXPECT_EQ(scene.Run(), NextWindow::MainWindow);
-    EXPECT_THAT(scene.messages.Texts(), ElementsAre(OutOfMemoryText));
-    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\", L"C:\\c", L"C:\\b", L"C:\\b\\x"));
-    EXPECT_EQ(scene.state.HostFolders[1], L"C:\\c");
-    EXPECT_TRUE(scene.state.SearchRunning); // only the user clears it
-    EXPECT_EQ(scene.files.CurrentFolder(), L"P:\\Tamblin");
+// But for 68 at a drive's root, with which the drive is passed over.
+
+TEST(SearchFaults, FirstStepRootOfADriveAndLastStepEndTheSearchAtOnce) {
+    for (const int error : {7, 52, 53, 57, 68, 70, 71, 75, 76})
+        for (const auto step :
+             {FailingSearch::ListDrives, FailingSearch::ListRoot, FailingSearch::GoBack}) {
+            if (error == 68 && step == FailingSearch::ListRoot)
+                continue;
+            const FailingSearch scene(step, error);
+            EXPECT_EQ(scene.next, NextWindow::Stay) << step;
+            EXPECT_THAT(scene.messages.Texts(), ElementsAre(ErrorText(error)));
+            EXPECT_EQ(scene.state.HostFolderCount, 0);
+            if (step == FailingSearch::ListRoot) {
+                EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\"));
+            }
+        }
 }
 
-TEST(HostSearchFailure, SearchAfterOneThatRanOutOfMemoryGoesToTheEnd) {
-    SearchScene scene;
-    scene.files.AddFolder(L"C:\\a");
-    AddHost(scene.files, L"C:\\b\\x");
-    scene.files.FailOperation(4, ErrorNumber::OutOfMemory);
-    scene.search.SearchAllDrives();
-    EXPECT_EQ(scene.Run(), NextWindow::MainWindow);
+TEST_F(HostSearchFailure, OutOfMemoryStopsTheWholeSearchAndWhatWasFoundIsSettled) {
+    files.AddDrive(L"D:");
+    for (const wchar_t* host : {L"C:\\a", L"C:\\b\\x", L"C:\\c", L"D:\\d"})
+        AddHost(files, host);
+    files.ForgetOperations();
+    files.FailOperation(5, ErrorNumber::OutOfMemory); // x
+    EXPECT_EQ(Search(), NextWindow::MainWindow);
+    EXPECT_THAT(messages.Texts(), ElementsAre(OutOfMemoryText));
+    EXPECT_THAT(Visited(), ElementsAre(L"C:\\", L"C:\\c", L"C:\\b", L"C:\\b\\x"));
+    EXPECT_EQ(state.HostFolders[1], L"C:\\c");
+    EXPECT_TRUE(state.SearchRunning); // only the user clears it
+    EXPECT_EQ(files.CurrentFolder(), L"P:\\Tamblin");
+}
+
+TEST_F(HostSearchFailure, SearchAfterOneThatRanOutOfMemoryGoesToTheEnd) {
+    files.AddFolder(L"C:\\a");
+    AddHost(files, L"C:\\b\\x");
+    files.FailOperation(4, ErrorNumber::OutOfMemory);
+    search.SearchAllDrives();
+    EXPECT_EQ(Search(), NextWindow::MainWindow);
 }
 
 // The program ends: nothing more is listed, settled or said.
-TEST(HostSearchCancel, AbandonedSearchEndsAtOnceAndSilently) {
-    SearchScene scene;
+TEST_F(HostSearchCancel, AbandonedSearchEndsAtOnceAndSilently) {
     for (const wchar_t* host : {L"C:\\a", L"C:\\b\\x"})
-        AddHost(scene.files, host);
-    scene.events.onYield = [&] {
-        if (scene.events.yields == 2)
-            scene.search.Abandon();
+        AddHost(files, host);
+    events.onYield = [&] {
+        if (events.yields == 2)
+            search.Abandon();
     };
-    EXPECT_EQ(scene.Run(), NextWindow::Stay);
-    EXPECT_THAT(scene.Visited(), ElementsAre(L"C:\\"));
-    EXPECT_THAT(scene.messages.shown, IsEmpty());
+    EXPECT_EQ(Search(), NextWindow::Stay);
+    EXPECT_THAT(Visited(), ElementsAre(L"C:\\"));
+    EXPECT_THAT(messages.shown, IsEmpty());
 }
 
-TEST(HostSearchFailure, OutOfMemoryLeavesTheFolderAboveWithoutALook) {
-    SearchScene scene;
+TEST_F(HostSearchFailure, OutOfMemoryLeavesTheFolderAboveWithoutALook) {
     for (const wchar_t* file : {L"C:\\1", L"C:\\b\\2", L"C:\\b\\x\\3"})
-        scene.files.AddFile(file);
-    scene.files.ForgetOperations();
-    scene.files.FailOperation(4, ErrorNumber::OutOfMemory); // x
-    scene.Run();
-    EXPECT_EQ(scene.search.Progress().files, 1U);
+        files.AddFile(file);
+    files.ForgetOperations();
+    files.FailOperation(4, ErrorNumber::OutOfMemory); // x
+    Search();
+    EXPECT_EQ(search.Progress().files, 1U);
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 // Installing real archives: the whole road from the selected file through the archive reader into
 // the host folder.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "support/lzh_memory_unlha.h"
 #include "support/lzh_writer.h"
@@ -11,8 +9,6 @@ namespace tamblin {
 namespace {
 
 using lzh::LzhWriter;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class InstallArchiveTest : public testing::Test {
   protected:

@@ -2,7 +2,6 @@
 // goes. Whatever fails: no file of the host is lost, none of a package that was to be installed, no
 // archive; the main window can be used again, nothing of the program keeps the staging folder from
 // being deleted, and the same install without the fault completes what was begun.
-#include <gtest/gtest.h>
 
 #include <algorithm>
 

@@ -1,6 +1,5 @@
 // The cost of an install, in listings and operations rather than in time: it grows with the number
 // of files, and no folder is listed again for every file in it.
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <map>

@@ -1,20 +1,12 @@
 // An install from the pressed button to the refreshed list: what is asked, said, copied and left.
 #include "install/install.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::ElementsAreArray;
-using testing::IsEmpty;
-using Box = MessageBoxesFake::Box;
 
 constexpr wchar_t Failed[] = L"パッケージの解凍に失敗しました。";
 constexpr wchar_t Cancelled[] = L"インストールを中止しました。";

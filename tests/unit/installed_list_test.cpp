@@ -1,16 +1,10 @@
 // Which characters of a host folder count as installed, and how they are named.
 #include "install/installed_list.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class InstalledListTest : public testing::Test {
   protected:

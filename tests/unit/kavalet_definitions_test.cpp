@@ -1,9 +1,6 @@
 // Merging a package's launcher entries into kva.def.
 #include "install/kavalet_definitions.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <random>
 #include <utility>
@@ -12,8 +9,6 @@
 
 namespace tamblin {
 namespace {
-
-using testing::IsEmpty;
 
 // Lines as " / " separates them in the tables below.
 std::string MergedLines(std::string_view row) {

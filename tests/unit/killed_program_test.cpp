@@ -6,7 +6,6 @@
 // that process at which call it ends.
 #ifdef _WIN32
 
-#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <cstring>

@@ -1,85 +1,99 @@
 // Starting the host with a character, showing READMEs, the installed list's menu.
 #include "maintenance/launch.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "maintenance/folder_check.h"
 #include "unit/maintenance_scene.h"
 
 namespace tamblin {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using Opened = DesktopShellFake::Opened;
 
-struct CommandLineRow {
-    const wchar_t* host;
-    const wchar_t* commandLine;
+struct LaunchTest : testing::Test, MaintenanceScene {
+    void Launch() { LaunchCharacter(model, platform); }
+    // The line of the start-up file that the host finds.
+    std::string LineOfLaunch() {
+        std::string line;
+        starter.onStart = [&](const std::wstring&) {
+            line = StartUpFile();
+        };
+        Launch();
+        return line;
+    }
+    // What is opened of the folder of the character abc.
+    void ExpectReadmes(const std::vector<std::wstring>& names) {
+        ShowReadme(model, platform);
+        std::vector<Opened> expected;
+        for (const std::wstring& name : names)
+            expected.push_back({L"C:\\VMR\\abc\\" + name, L"C:\\VMR\\abc\\"});
+        EXPECT_THAT(shell.opened, ElementsAreArray(expected));
+    }
+    void AddReadmes(std::initializer_list<const wchar_t*> endings) {
+        for (const wchar_t* ending : endings)
+            files.AddFile(L"C:\\VMR\\abc\\abc" + std::wstring(ending));
+    }
 };
+using ReadmeTest = LaunchTest;
+using InstalledListMenuTest = LaunchTest;
 
-class CommandLines : public testing::TestWithParam<CommandLineRow> {};
-
-TEST_P(CommandLines, QuoteThePathAloneAndEndInTheSwitch) {
-    MaintenanceScene scene(GetParam().host);
-    scene.ShowSelected(L"abc");
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_THAT(scene.starter.started, ElementsAre(GetParam().commandLine));
+TEST(LaunchCharacter, CommandLineQuotesThePathAloneAndEndsInTheSwitch) {
+    const std::pair<const wchar_t*, const wchar_t*> commandLines[] = {
+        {L"C:\\VMR", L"\"C:\\VMR\\ombrel.exe\" /n"},
+        {L"C:\\VMR\\", L"\"C:\\VMR\\ombrel.exe\" /n"},
+        {L"C:\\", L"\"C:\\ombrel.exe\" /n"},
+        {L"C:\\My Host", L"\"C:\\My Host\\ombrel.exe\" /n"},
+        {L"C:\\表ソ能", L"\"C:\\表ソ能\\ombrel.exe\" /n"}};
+    for (const auto& [host, commandLine] : commandLines) {
+        MaintenanceScene scene(host);
+        scene.ShowSelected(L"abc");
+        LaunchCharacter(scene.model, scene.platform);
+        EXPECT_THAT(scene.starter.started, ElementsAre(commandLine));
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    LaunchCharacter, CommandLines,
-    testing::Values(CommandLineRow{L"C:\\VMR", L"\"C:\\VMR\\ombrel.exe\" /n"},
-                    CommandLineRow{L"C:\\VMR\\", L"\"C:\\VMR\\ombrel.exe\" /n"},
-                    CommandLineRow{L"C:\\", L"\"C:\\ombrel.exe\" /n"},
-                    CommandLineRow{L"C:\\My Host", L"\"C:\\My Host\\ombrel.exe\" /n"},
-                    CommandLineRow{L"C:\\表ソ能", L"\"C:\\表ソ能\\ombrel.exe\" /n"}));
-
-TEST(LaunchCharacter, HostFindsTheTemporaryStartUpFileInItsCurrentFolder) {
-    MaintenanceScene scene;
-    scene.files.AddFolder(L"C:\\VMR\\Abc");
-    scene.files.AddFile(L"C:\\VMR\\aBC.OBL");
-    scene.Show();
-    scene.SelectCharacters({L"Abc"});
-    scene.starter.onStart = [&](const std::wstring&) {
-        EXPECT_EQ(scene.files.CurrentFolder(), L"C:\\VMR");
-        EXPECT_EQ(scene.StartUpFile(), "H001currentobl=aBC.OBL\r\n");
-        EXPECT_EQ(scene.files.Contents(scene.Backup()), scene.formerStartUp);
+TEST_F(LaunchTest, HostFindsTheTemporaryStartUpFileInItsCurrentFolder) {
+    files.AddFolder(L"C:\\VMR\\Abc");
+    files.AddFile(L"C:\\VMR\\aBC.OBL");
+    Show();
+    SelectCharacters({L"Abc"});
+    starter.onStart = [&](const std::wstring&) {
+        EXPECT_EQ(files.CurrentFolder(), L"C:\\VMR");
+        EXPECT_EQ(StartUpFile(), "H001currentobl=aBC.OBL\r\n");
+        EXPECT_EQ(files.Contents(Backup()), formerStartUp);
     };
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_EQ(scene.starter.started.size(), 1U);
+    Launch();
+    EXPECT_EQ(starter.started.size(), 1U);
 }
 
-TEST(LaunchCharacter, LeavesTheHostFolderAsItWas) {
-    MaintenanceScene scene;
-    scene.ShowSelected(L"abc");
-    const auto before = scene.files.Snapshot();
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_EQ(scene.files.Snapshot(), before);
-    EXPECT_FALSE(scene.files.Exists(scene.Backup()));
-    EXPECT_THAT(scene.messages.shown, IsEmpty());
+TEST_F(LaunchTest, LeavesTheHostFolderAsItWasAndEndsInTheProgramFolder) {
+    files.AddDrive(L"D:");
+    ShowSelected(L"abc");
+    files.SetCurrentFolder(L"D:\\");
+    const auto before = files.Snapshot();
+    Launch();
+    EXPECT_EQ(files.Snapshot(), before);
+    EXPECT_FALSE(files.Exists(Backup()));
+    EXPECT_THAT(messages.shown, IsEmpty());
+    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
 }
 
-TEST(LaunchCharacter, ReadOnlyStartUpFileSurvivesWithItsAttributes) {
-    MaintenanceScene scene;
+TEST_F(LaunchTest, ReadOnlyStartUpFileSurvivesWithItsAttributes) {
     const FileAttributes attributes{.readOnly = true, .hidden = true};
-    scene.files.AddFile(L"C:\\VMR\\ombrel.rc", "1", attributes);
-    scene.ShowSelected(L"abc");
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_EQ(scene.starter.started.size(), 1U);
-    EXPECT_EQ(scene.StartUpFile(), "1");
-    EXPECT_EQ(scene.files.AttributesOf(L"C:\\VMR\\ombrel.rc"), attributes);
+    files.AddFile(L"C:\\VMR\\ombrel.rc", "1", attributes);
+    ShowSelected(L"abc");
+    Launch();
+    EXPECT_EQ(starter.started.size(), 1U);
+    EXPECT_EQ(StartUpFile(), "1");
+    EXPECT_EQ(files.AttributesOf(L"C:\\VMR\\ombrel.rc"), attributes);
 }
 
-TEST(LaunchCharacter, TouchesTheDiskInTheOrderOfItsSteps) {
-    MaintenanceScene scene;
-    scene.ShowSelected(L"abc");
-    scene.starter.onStart = [&](const std::wstring&) {
-        scene.files.AddToLog(L"Start");
+TEST_F(LaunchTest, TouchesTheDiskInTheOrderOfItsSteps) {
+    ShowSelected(L"abc");
+    starter.onStart = [&](const std::wstring&) {
+        files.AddToLog(L"Start");
     };
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_THAT(scene.files.Log(),
+    Launch();
+    EXPECT_THAT(files.Log(),
                 ElementsAre(L"Find C:\\VMR\\ombrel.exe", L"Find C:\\VMR\\abc.obl",
                             L"Find C:\\VMR\\ombrel.rc", L"SetCurrentFolder C:\\VMR",
                             L"Rename C:\\VMR\\ombrel.rc -> C:\\VMR\\ombrel_rc.bak",
@@ -88,88 +102,62 @@ TEST(LaunchCharacter, TouchesTheDiskInTheOrderOfItsSteps) {
                             L"SetCurrentFolder C:\\Tamblin"));
 }
 
-TEST(LaunchCharacter, EndsInTheProgramFolderWhateverWasCurrent) {
-    MaintenanceScene scene;
-    scene.files.AddDrive(L"D:");
-    scene.ShowSelected(L"abc");
-    scene.files.SetCurrentFolder(L"D:\\");
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_EQ(scene.files.CurrentFolder(), L"C:\\Tamblin");
-}
-
-TEST(LaunchCharacter, FirstOfSeveralSelectedIsStarted) {
-    MaintenanceScene scene;
-    for (const wchar_t* name : {L"a", L"b", L"c"})
-        scene.AddCharacter(name);
-    scene.Show();
-    scene.SelectCharacters({L"b", L"c"});
-    std::string line;
-    scene.starter.onStart = [&](const std::wstring&) {
-        line = scene.StartUpFile();
-    };
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_EQ(line, "H001currentobl=b.obl\r\n");
-}
-
-TEST(LaunchCharacter, PairsByPositionEvenPastADefinitionFileWithoutFolder) {
-    MaintenanceScene scene;
-    scene.files.AddFile(L"C:\\VMR\\aaa.obl");
-    scene.ShowSelected(L"b");
-    std::string line;
-    scene.starter.onStart = [&](const std::wstring&) {
-        line = scene.StartUpFile();
-    };
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_EQ(line, "H001currentobl=aaa.obl\r\n");
-}
-
-TEST(LaunchCharacter, WithoutSelectionNothingHappens) {
-    MaintenanceScene scene;
-    scene.AddCharacter(L"abc");
-    scene.Show();
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_EQ(scene.files.OperationCount(), 0U);
-    EXPECT_THAT(scene.starter.started, IsEmpty());
-}
-
-class MissingForLaunch : public testing::TestWithParam<const wchar_t*> {
-  protected:
-    // Expects that a launch ends before it changes anything.
-    static void ExpectSilentEnd(MaintenanceScene& scene) {
-        scene.files.ForgetOperations();
-        const auto before = scene.files.Snapshot();
-        LaunchCharacter(scene.model, scene.platform);
-        EXPECT_EQ(scene.files.OperationCount(), scene.files.CountLogged(L"Find "));
-        EXPECT_EQ(scene.files.Snapshot(), before);
-        EXPECT_THAT(scene.starter.started, IsEmpty());
-        EXPECT_THAT(scene.messages.shown, IsEmpty());
+TEST_F(LaunchTest, FirstOfSeveralSelectedIsStartedAndItsReadmeShown) {
+    for (const std::wstring name : {L"a", L"abc", L"c"}) {
+        AddCharacter(name);
+        files.AddFile(base + name + L"\\" + name + L".txt");
     }
-};
-
-TEST_P(MissingForLaunch, EndsItSilently) {
-    MaintenanceScene scene;
-    scene.ShowSelected(L"abc");
-    scene.files.DeleteTree(scene.base + GetParam());
-    ExpectSilentEnd(scene);
+    Show();
+    SelectCharacters({L"abc", L"c"});
+    EXPECT_EQ(LineOfLaunch(), "H001currentobl=abc.obl\r\n");
+    ExpectReadmes({L"abc.txt"});
 }
 
-TEST_P(MissingForLaunch, FolderInItsPlaceIsNoFile) {
-    MaintenanceScene scene;
-    scene.ShowSelected(L"abc");
-    scene.files.DeleteTree(scene.base + GetParam());
-    scene.files.AddFolder(scene.base + GetParam());
-    ExpectSilentEnd(scene);
+TEST_F(LaunchTest, PairsByPositionEvenPastADefinitionFileWithoutFolder) {
+    files.AddFile(L"C:\\VMR\\aaa.obl");
+    ShowSelected(L"b");
+    EXPECT_EQ(LineOfLaunch(), "H001currentobl=aaa.obl\r\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(LaunchCharacter, MissingForLaunch,
-                         testing::Values(L"ombrel.exe", L"ombrel.rc", L"abc.obl"));
+TEST_F(LaunchTest, WithoutSelectionNothingHappens) {
+    AddCharacter(L"abc");
+    Show();
+    Launch();
+    ShowReadme(model, platform);
+    EXPECT_EQ(files.OperationCount(), 0U);
+    EXPECT_THAT(starter.started, IsEmpty());
+}
 
-TEST(LaunchCharacter, VanishedHostFolderEndsItSilently) {
-    MaintenanceScene scene;
-    scene.ShowSelected(L"abc");
-    scene.files.DeleteTree(L"C:\\VMR");
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_THAT(scene.starter.started, IsEmpty());
+TEST(LaunchCharacter, WithoutOneOfItsFilesItEndsBeforeItChangesAnything) {
+    for (const wchar_t* missing : {L"ombrel.exe", L"ombrel.rc", L"abc.obl"})
+        for (const bool folderInItsPlace : {false, true}) {
+            SCOPED_TRACE(missing);
+            MaintenanceScene scene;
+            scene.ShowSelected(L"abc");
+            scene.files.DeleteTree(scene.base + missing);
+            if (folderInItsPlace)
+                scene.files.AddFolder(scene.base + missing);
+            scene.files.ForgetOperations();
+            const auto before = scene.files.Snapshot();
+            LaunchCharacter(scene.model, scene.platform);
+            EXPECT_EQ(scene.files.OperationCount(), scene.files.CountLogged(L"Find "));
+            EXPECT_EQ(scene.files.Snapshot(), before);
+            EXPECT_THAT(scene.starter.started, IsEmpty());
+            EXPECT_THAT(scene.messages.shown, IsEmpty());
+        }
+}
+
+TEST_F(LaunchTest, ListingThatHasShrunkOrVanishedSinceEndsItSilently) {
+    AddCharacter(L"a");
+    ShowSelected(L"b");
+    files.DeleteTree(L"C:\\VMR\\b.obl");
+    FolderCheck(platform).RunCheck(model);
+    Launch();
+    EXPECT_THAT(starter.started, IsEmpty());
+    EXPECT_EQ(StartUpFile(), formerStartUp);
+    files.DeleteTree(L"C:\\VMR");
+    Launch();
+    EXPECT_THAT(starter.started, IsEmpty());
 }
 
 class LostDrives : public testing::TestWithParam<bool> {};
@@ -193,162 +181,85 @@ TEST_P(LostDrives, EndItSilently) {
     EXPECT_FALSE(menu->readmeEnabled);
 }
 
-TEST(LaunchCharacter, ListingThatHasShrunkSinceEndsItSilently) {
-    MaintenanceScene scene;
-    scene.AddCharacter(L"a");
-    scene.ShowSelected(L"b");
-    scene.files.DeleteTree(L"C:\\VMR\\b.obl");
-    FolderCheck(scene.platform).RunCheck(scene.model);
-    LaunchCharacter(scene.model, scene.platform);
-    EXPECT_THAT(scene.starter.started, IsEmpty());
-    EXPECT_EQ(scene.StartUpFile(), scene.formerStartUp);
+TEST_F(LaunchTest, LeftoverBackupEndsItBeforeTheStart) {
+    ShowSelected(L"abc");
+    files.AddFile(Backup(), "earlier");
+    const auto before = files.Snapshot();
+    EXPECT_EQ(ErrorOf([&] { LaunchCharacter(model, platform); }), ErrorNumber::FileAlreadyExists);
+    EXPECT_EQ(files.Snapshot(), before);
+    EXPECT_THAT(starter.started, IsEmpty());
 }
 
-TEST(LaunchCharacter, LeftoverBackupEndsItBeforeTheStart) {
-    MaintenanceScene scene;
-    scene.ShowSelected(L"abc");
-    scene.files.AddFile(scene.Backup(), "earlier");
-    const auto before = scene.files.Snapshot();
-    EXPECT_EQ(ErrorOf([&] { LaunchCharacter(scene.model, scene.platform); }),
-              ErrorNumber::FileAlreadyExists);
-    EXPECT_EQ(scene.files.Snapshot(), before);
-    EXPECT_THAT(scene.starter.started, IsEmpty());
+TEST_F(LaunchTest, FailedStartLeavesTheFormerFileAside) {
+    ShowSelected(L"abc");
+    starter.failure = ErrorNumber::FileNotFound;
+    EXPECT_EQ(ErrorOf([&] { LaunchCharacter(model, platform); }), ErrorNumber::FileNotFound);
+    EXPECT_EQ(StartUpFile(), "H001currentobl=abc.obl\r\n");
+    EXPECT_EQ(files.Contents(Backup()), formerStartUp);
 }
 
-TEST(LaunchCharacter, FailedStartLeavesTheFormerFileAside) {
-    MaintenanceScene scene;
-    scene.ShowSelected(L"abc");
-    scene.starter.failure = ErrorNumber::FileNotFound;
-    EXPECT_EQ(ErrorOf([&] { LaunchCharacter(scene.model, scene.platform); }),
-              ErrorNumber::FileNotFound);
-    EXPECT_EQ(scene.StartUpFile(), "H001currentobl=abc.obl\r\n");
-    EXPECT_EQ(scene.files.Contents(scene.Backup()), scene.formerStartUp);
-}
-
-TEST(ShowReadme, OpensEveryCandidateInOrder) {
-    MaintenanceScene scene;
-    for (const wchar_t* ending : {L".html", L".htm", L"-X.txt", L".txt", L".doc"})
-        scene.files.AddFile(L"C:\\VMR\\abc\\abc" + std::wstring(ending));
-    scene.ShowSelected(L"abc");
-    ShowReadme(scene.model, scene.platform);
-    const std::wstring folder = L"C:\\VMR\\abc\\";
-    EXPECT_THAT(
-        scene.shell.opened,
-        ElementsAre(Opened{folder + L"abc.txt", folder}, Opened{folder + L"abc-X.txt", folder},
-                    Opened{folder + L"abc.htm", folder}, Opened{folder + L"abc.html", folder}));
-}
-
-TEST(ShowReadme, MissingCandidatesAreLeftOut) {
-    MaintenanceScene scene;
-    for (const wchar_t* ending : {L".html", L".htm", L".txt"})
-        scene.files.AddFile(L"C:\\VMR\\abc\\abc" + std::wstring(ending));
-    scene.ShowSelected(L"abc");
-    ShowReadme(scene.model, scene.platform);
-    const std::wstring folder = L"C:\\VMR\\abc\\";
-    EXPECT_THAT(scene.shell.opened, ElementsAre(Opened{folder + L"abc.txt", folder},
-                                                Opened{folder + L"abc.htm", folder},
-                                                Opened{folder + L"abc.html", folder}));
+TEST_F(ReadmeTest, OpensEveryCandidateThatIsThereInOrder) {
+    AddReadmes({L".html", L".htm", L".txt", L".doc"});
+    ShowSelected(L"abc");
+    ExpectReadmes({L"abc.txt", L"abc.htm", L"abc.html"});
+    shell.opened.clear();
+    AddReadmes({L"-X.txt"});
+    ExpectReadmes({L"abc.txt", L"abc-X.txt", L"abc.htm", L"abc.html"});
 }
 
 // The name is the one that has been formed, however the disk spells it.
-TEST(ShowReadme, OpensTheNameAsItIsFormed) {
-    MaintenanceScene scene;
-    scene.files.AddFile(L"C:\\VMR\\abc\\ABC-x.TXT");
-    scene.ShowSelected(L"abc");
-    ShowReadme(scene.model, scene.platform);
-    EXPECT_THAT(scene.shell.opened,
-                ElementsAre(Opened{L"C:\\VMR\\abc\\abc-X.txt", L"C:\\VMR\\abc\\"}));
+TEST_F(ReadmeTest, OpensTheNameAsItIsFormed) {
+    files.AddFile(L"C:\\VMR\\abc\\ABC-x.TXT");
+    ShowSelected(L"abc");
+    ExpectReadmes({L"abc-X.txt"});
 }
 
-TEST(ShowReadme, SaysNothingWhenThereIsNone) {
-    MaintenanceScene scene;
-    scene.files.AddFolder(L"C:\\VMR\\abc\\abc.txt");
-    scene.files.AddFile(L"C:\\VMR\\abc\\readme.txt");
-    scene.ShowSelected(L"abc");
-    ShowReadme(scene.model, scene.platform);
-    EXPECT_THAT(scene.shell.opened, IsEmpty());
-    EXPECT_THAT(scene.messages.shown, IsEmpty());
+TEST_F(ReadmeTest, SaysNothingWhenThereIsNone) {
+    files.AddFolder(L"C:\\VMR\\abc\\abc.txt");
+    files.AddFile(L"C:\\VMR\\abc\\readme.txt");
+    ShowSelected(L"abc");
+    ExpectReadmes({});
+    EXPECT_THAT(messages.shown, IsEmpty());
 }
 
-TEST(ShowReadme, TakesTheFirstOfSeveralSelected) {
-    MaintenanceScene scene;
-    for (const std::wstring name : {L"a", L"b"}) {
-        scene.AddCharacter(name);
-        scene.files.AddFile(L"C:\\VMR\\" + name + L"\\" + name + L".txt");
+TEST(ShowReadme, PathsAreFormedOnceWithoutDoubledBackslash) {
+    const std::tuple<const wchar_t*, const wchar_t*, const wchar_t*> readmes[] = {
+        {L"C:\\", L"abc", L"C:\\abc\\abc-X.txt"},
+        {L"C:\\VMR\\", L"abc", L"C:\\VMR\\abc\\abc.htm"},
+        {L"C:\\VMR", L"a b", L"C:\\VMR\\a b\\a b.html"},
+        {L"C:\\VMR", L"x.obl", L"C:\\VMR\\x.obl\\x.obl.txt"},
+        {L"C:\\表", L"ソ能", L"C:\\表\\ソ能\\ソ能-X.txt"}};
+    for (const auto& [host, name, document] : readmes) {
+        MaintenanceScene scene(host);
+        scene.files.AddFile(document);
+        scene.ShowSelected(name);
+        ShowReadme(scene.model, scene.platform);
+        EXPECT_THAT(scene.shell.opened, ElementsAre(Opened{document, scene.base + name + L"\\"}));
     }
-    scene.Show();
-    scene.SelectCharacters({L"a", L"b"});
-    ShowReadme(scene.model, scene.platform);
-    EXPECT_THAT(scene.shell.opened, ElementsAre(Opened{L"C:\\VMR\\a\\a.txt", L"C:\\VMR\\a\\"}));
 }
 
-TEST(ShowReadme, WithoutSelectionNothingHappens) {
-    MaintenanceScene scene;
-    scene.AddCharacter(L"abc");
-    scene.Show();
-    ShowReadme(scene.model, scene.platform);
-    EXPECT_EQ(scene.files.OperationCount(), 0U);
+TEST_F(InstalledListMenuTest, EachKindOfReadmeEnablesItsItemAlone) {
+    AddReadmes({L".doc"});
+    ShowSelected(L"abc");
+    for (const wchar_t* ending : {L".doc", L".txt", L"-X.txt", L".htm", L".html"}) {
+        AddReadmes({ending});
+        const auto menu = MenuForInstalledList(model, platform);
+        ASSERT_TRUE(menu.has_value());
+        EXPECT_EQ(menu->readmeEnabled, ending != std::wstring(L".doc")) << ending;
+        files.DeleteTree(L"C:\\VMR\\abc\\abc" + std::wstring(ending));
+    }
+    EXPECT_THAT(shell.opened, IsEmpty());
 }
 
-struct ReadmeRow {
-    const wchar_t* host;
-    const wchar_t* name;
-    const wchar_t* document;
-};
-
-class ReadmePaths : public testing::TestWithParam<ReadmeRow> {};
-
-TEST_P(ReadmePaths, AreFormedOnceWithoutDoubledBackslash) {
-    MaintenanceScene scene(GetParam().host);
-    scene.files.AddFile(GetParam().document);
-    scene.ShowSelected(GetParam().name);
-    ShowReadme(scene.model, scene.platform);
-    const std::wstring folder = scene.base + GetParam().name + L"\\";
-    EXPECT_THAT(scene.shell.opened, ElementsAre(Opened{GetParam().document, folder}));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    ShowReadme, ReadmePaths,
-    testing::Values(ReadmeRow{L"C:\\", L"abc", L"C:\\abc\\abc-X.txt"},
-                    ReadmeRow{L"C:\\VMR\\", L"abc", L"C:\\VMR\\abc\\abc.htm"},
-                    ReadmeRow{L"C:\\VMR", L"a b", L"C:\\VMR\\a b\\a b.html"},
-                    ReadmeRow{L"C:\\VMR", L"x.obl", L"C:\\VMR\\x.obl\\x.obl.txt"},
-                    ReadmeRow{L"C:\\表", L"ソ能", L"C:\\表\\ソ能\\ソ能-X.txt"}));
-
-class ReadmeEndings : public testing::TestWithParam<const wchar_t*> {};
-
-TEST_P(ReadmeEndings, EachEnablesTheMenuItemAlone) {
-    MaintenanceScene scene;
-    scene.files.AddFile(L"C:\\VMR\\abc\\abc" + std::wstring(GetParam()));
-    scene.ShowSelected(L"abc");
-    const auto menu = MenuForInstalledList(scene.model, scene.platform);
-    ASSERT_TRUE(menu.has_value());
-    EXPECT_TRUE(menu->readmeEnabled);
-    EXPECT_THAT(scene.shell.opened, IsEmpty());
-}
-
-INSTANTIATE_TEST_SUITE_P(InstalledListMenu, ReadmeEndings,
-                         testing::Values(L".txt", L"-X.txt", L".htm", L".html"));
-
-TEST(InstalledListMenu, WithoutReadmeTheItemIsDisabled) {
-    MaintenanceScene scene;
-    scene.files.AddFile(L"C:\\VMR\\abc\\abc.doc");
-    scene.ShowSelected(L"abc");
-    const auto menu = MenuForInstalledList(scene.model, scene.platform);
-    ASSERT_TRUE(menu.has_value());
-    EXPECT_FALSE(menu->readmeEnabled);
-}
-
-TEST(InstalledListMenu, OpensOnlyOverExactlyOneSelected) {
-    MaintenanceScene scene;
-    scene.AddCharacter(L"a");
-    scene.AddCharacter(L"b");
-    scene.Show();
-    EXPECT_FALSE(MenuForInstalledList(scene.model, scene.platform).has_value());
-    scene.SelectCharacters({L"b"});
-    EXPECT_TRUE(MenuForInstalledList(scene.model, scene.platform).has_value());
-    scene.SelectCharacters({L"a", L"b"});
-    EXPECT_FALSE(MenuForInstalledList(scene.model, scene.platform).has_value());
+TEST_F(InstalledListMenuTest, OpensOnlyOverExactlyOneSelected) {
+    AddCharacter(L"a");
+    AddCharacter(L"b");
+    Show();
+    EXPECT_FALSE(MenuForInstalledList(model, platform).has_value());
+    SelectCharacters({L"b"});
+    EXPECT_TRUE(MenuForInstalledList(model, platform).has_value());
+    SelectCharacters({L"a", L"b"});
+    EXPECT_FALSE(MenuForInstalledList(model, platform).has_value());
 }
 
 } // namespace

@@ -1,19 +1,10 @@
 // The main window's events: what they refresh, enable, ask and save.
 #include "app/main_screen.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using Box = MessageBoxesFake::Box;
-using Kind = MessageBoxesFake::Kind;
 
 constexpr wchar_t SavedSettings[] = L"C:\\Tamblin\\tamb.ini";
 

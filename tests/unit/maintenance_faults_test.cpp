@@ -1,7 +1,5 @@
 // Every file operation of every maintenance command fails in turn, with every error that a drive
 // can give; afterwards nothing may be lost beyond what the command's own steps say.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "maintenance/folder_check.h"
 #include "maintenance/launch.h"
@@ -12,9 +10,6 @@
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // What the shell fails to do it tells nobody.
 bool IsDoneByTheShell(const std::wstring& operation) {
@@ -408,7 +403,7 @@ TEST(FullDisk, UpdateKeepsTheFormerProgramAndSaysNothingOfCompletion) {
 
 TEST(UninstallFaults, ListIsEmptyWhenItCannotBeReadAnew) {
     ThreeCharacters scene;
-    scene.messages.onShow = [&](const MessageBoxesFake::Box& box) {
+    scene.messages.onShow = [&](const Box& box) {
         if (box.kind == MessageBoxesFake::Kind::Inform)
             scene.files.DeleteTree(L"C:\\VMR");
     };

@@ -2,17 +2,10 @@
 // is said about them.
 #include "install/package_staging.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::ElementsAreArray;
-using testing::IsEmpty;
 
 TEST(StagingFolder, LiesAtTheRootOfTheHostFoldersDrive) {
     EXPECT_EQ(StagingFolder(L"D:\\Prog\\Host"), L"D:\\TAMTMP");

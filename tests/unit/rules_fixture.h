@@ -2,10 +2,12 @@
 // of which only the rules exist.
 #pragma once
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <map>
 #include <optional>
-
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -20,6 +22,14 @@
 #include "unit/case_name.h"
 
 namespace tamblin {
+
+// What nearly every test of a rule speaks of.
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using Box = MessageBoxesFake::Box;
+using Kind = MessageBoxesFake::Kind;
 
 inline void AddHost(MemoryFileSystem& files, const std::wstring& folder) {
     files.AddFile(WithBackslash(folder) + L"ombrel.exe", "host");

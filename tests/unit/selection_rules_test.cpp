@@ -1,17 +1,10 @@
 // Which buttons the selections in the two lists enable.
 #include "install/selection_rules.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::ElementsAreArray;
-using testing::IsEmpty;
 
 const std::vector<std::wstring> AllFiles = {L"abc.lzh",   L"ABC.OBL",    L"def.lzh", L"ombrel.exe",
                                             L"OTHER.EXE", L"readme.txt", L"xyz.obl", L"ア.obl"};

@@ -1,6 +1,5 @@
 // Saving and reading the settings while the n-th file operation fails: former settings are never
 // lost, every failed save ends the program, and the next save works.
-#include <gtest/gtest.h>
 
 #include "unit/rules_fixture.h"
 

@@ -1,9 +1,6 @@
 // tamb.ini: what each key's reading accepts and stores, and what a save writes, to the byte.
 #include "settings/settings_file.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "base/byte_lines.h"
@@ -11,10 +8,6 @@
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 constexpr wchar_t IniPath[] = L"C:\\Tamblin\\tamb.ini";
 constexpr wchar_t BackupPath[] = L"C:\\Tamblin\\tamb.bak";
@@ -40,6 +33,18 @@ class SettingsFileTest : public testing::Test {
     void GivenHosts(const std::vector<std::wstring>& folders) {
         for (const std::wstring& folder : folders)
             AddHost(files, folder);
+    }
+    // The file or folder that the error names.
+    std::wstring FailToSave(const HostFolderCombo& combo, ErrorNumber number) {
+        try {
+            file.SaveSettings(combo, L"C:\\");
+            ADD_FAILURE();
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.Number(), number);
+            EXPECT_TRUE(error.IsFatal());
+            return error.Path();
+        }
+        return {};
     }
     std::string Ini() const { return files.Contents(IniPath); }
     std::vector<std::wstring> Folders() const {
@@ -67,17 +72,13 @@ TEST_F(SettingsFileTest, MissingFileReadsAsNothing) {
     EXPECT_EQ(state.KvaOption, L"");
 }
 
-TEST_F(SettingsFileTest, FolderOfThatNameIsNoFile) {
-    files.AddFolder(IniPath);
-    EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
-}
-
-TEST_F(SettingsFileTest, EmptyFileHasNoKeys) {
+TEST_F(SettingsFileTest, EmptyFileHasNoKeysAndGetsTheFolders) {
     GivenBytes("");
-    EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
-    EXPECT_FALSE(file.ReadSetting(setting_keys::VmrFolder));
-    EXPECT_FALSE(file.ReadSetting(setting_keys::KvaOption));
+    for (const auto key : {setting_keys::Version, setting_keys::VmrFolder, setting_keys::KvaOption})
+        EXPECT_FALSE(file.ReadSetting(key)) << key;
     EXPECT_EQ(state.KvaOption, L"");
+    file.SaveSettings(Combo({L"C:\\A"}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"VMRFOLDER=C:\\A"}));
 }
 
 TEST_F(SettingsFileTest, IsReadFromTheProgramFolderWhateverIsCurrent) {
@@ -85,11 +86,9 @@ TEST_F(SettingsFileTest, IsReadFromTheProgramFolderWhateverIsCurrent) {
     files.AddFile(L"C:\\Else\\tamb.ini", "VERSION=Ver.9\r\n");
     files.SetCurrentFolder(L"C:\\Else");
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
-}
-
-TEST_F(SettingsFileTest, IsFoundWhenTheProgramFolderIsADriveRoot) {
-    fake.platform.programFolder = L"C:\\";
+    Given({"VERSION=Ver.0.62"});
     files.AddFile(L"C:\\tamb.ini", "VERSION=Ver.0.60\r\n");
+    fake.platform.programFolder = L"C:\\";
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
 }
 
@@ -101,31 +100,18 @@ TEST_F(SettingsFileTest, EveryCallReadsTheFileAnew) {
     EXPECT_EQ(files.CountLogged(L"Read "), 2U);
 }
 
-struct VersionCase {
-    const char* name;
-    const char* line;
-    bool known;
-};
-
-class VersionTest : public SettingsFileTest, public testing::WithParamInterface<VersionCase> {};
-
-TEST_P(VersionTest, IsKnownOrNot) {
-    state.VersionKnown = !GetParam().known;
-    Given({"# Tamblin", GetParam().line});
-    EXPECT_EQ(file.ReadSetting(setting_keys::Version), GetParam().known);
-    EXPECT_EQ(state.VersionKnown, GetParam().known);
+TEST_F(SettingsFileTest, VersionIsKnownOrNot) {
+    const std::pair<const char*, bool> versions[] = {
+        {"Ver.0.60 Beta-2", true}, {"Ver.0.60", true},   {"Ver.0.61", true},   {"Ver.0.62", false},
+        {"ver.0.61", false},       {" Ver.0.61", false}, {"Ver.0.61 ", false}, {"", false}};
+    for (const auto& [version, known] : versions) {
+        SCOPED_TRACE(version);
+        state.VersionKnown = !known;
+        Given({"# Tamblin", std::string("VERSION=") + version});
+        EXPECT_EQ(file.ReadSetting(setting_keys::Version), known);
+        EXPECT_EQ(state.VersionKnown, known);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Versions, VersionTest,
-                         testing::Values(VersionCase{"Beta", "VERSION=Ver.0.60 Beta-2", true},
-                                         VersionCase{"Former", "VERSION=Ver.0.60", true},
-                                         VersionCase{"Own", "VERSION=Ver.0.61", true},
-                                         VersionCase{"Later", "VERSION=Ver.0.62", false},
-                                         VersionCase{"LowerCase", "VERSION=ver.0.61", false},
-                                         VersionCase{"Blank", "VERSION= Ver.0.61", false},
-                                         VersionCase{"TrailingBlank", "VERSION=Ver.0.61 ", false},
-                                         VersionCase{"Empty", "VERSION=", false}),
-                         CaseName);
 
 TEST_F(SettingsFileTest, MissingKeyStoresNothing) {
     state.VersionKnown = true;
@@ -142,30 +128,16 @@ TEST_F(SettingsFileTest, MissingKeyStoresNothing) {
     EXPECT_EQ(state.ViewFolder, L"C:\\OldView");
 }
 
-struct KvaCase {
-    const char* name;
-    const char* line;
-    const wchar_t* option;
-};
-
-class KvaOptionTest : public SettingsFileTest, public testing::WithParamInterface<KvaCase> {};
-
-TEST_P(KvaOptionTest, IsOnOrOffAndNeverASuccess) {
-    Given({GetParam().line});
-    EXPECT_FALSE(file.ReadSetting(setting_keys::KvaOption));
-    EXPECT_EQ(state.KvaOption, GetParam().option);
+TEST_F(SettingsFileTest, KvaOptionIsOnOrOffAndNeverASuccess) {
+    const std::pair<const char*, const wchar_t*> options[] = {
+        {"ON", L"ON"},   {"on", L"ON"}, {"On", L"ON"},   {"oN", L"OFF"},
+        {"OFF", L"OFF"}, {"", L"OFF"},  {" ON", L"OFF"}, {"ON,1", L"OFF"}};
+    for (const auto& [written, read] : options) {
+        Given({std::string("KVAOPTION=") + written});
+        EXPECT_FALSE(file.ReadSetting(setting_keys::KvaOption));
+        EXPECT_EQ(state.KvaOption, read) << written;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(KvaOptions, KvaOptionTest,
-                         testing::Values(KvaCase{"Upper", "KVAOPTION=ON", L"ON"},
-                                         KvaCase{"Lower", "KVAOPTION=on", L"ON"},
-                                         KvaCase{"Capital", "KVAOPTION=On", L"ON"},
-                                         KvaCase{"Mixed", "KVAOPTION=oN", L"OFF"},
-                                         KvaCase{"Off", "KVAOPTION=OFF", L"OFF"},
-                                         KvaCase{"Empty", "KVAOPTION=", L"OFF"},
-                                         KvaCase{"Blank", "KVAOPTION= ON", L"OFF"},
-                                         KvaCase{"Other", "KVAOPTION=ON,1", L"OFF"}),
-                         CaseName);
 
 TEST_F(SettingsFileTest, OnlyTheFirstLineOfAKeyCounts) {
     GivenHosts({L"C:\\Host"});
@@ -179,9 +151,11 @@ TEST_F(SettingsFileTest, OnlyTheFirstLineOfAKeyCounts) {
     EXPECT_EQ(state.KvaOption, L"OFF");
 }
 
-TEST_F(SettingsFileTest, ReadsALastLineWithoutLineEnd) {
-    GivenBytes("KVAOPTION=ON\r\nVERSION=Ver.0.61");
+TEST_F(SettingsFileTest, LastLineWithoutEndIsReadAndSurvives) {
+    GivenBytes("VMRFOLDER=\r\nVERSION=Ver.0.61");
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
+    file.SaveSettings(Combo({}), L"C:\\");
+    EXPECT_EQ(Ini(), Lines({"VERSION=Ver.0.61"}));
 }
 
 struct FolderCase {
@@ -295,8 +269,8 @@ TEST_F(SettingsFileTest, ReadingFoldersForgetsTheFormerOnes) {
     EXPECT_EQ(state.HostFolderCount, 0);
 }
 
-TEST_F(SettingsFileTest, TenOfTwelveFoldersLoad) {
-    std::vector<std::string> lines;
+TEST_F(SettingsFileTest, TenFoldersLoadAndTheRestIsLostAtTheNextSave) {
+    std::vector<std::string> lines(30, "VMRFOLDER=C:\\Gone");
     for (char letter = 'A'; letter <= 'L'; ++letter) {
         AddHost(files, std::wstring(L"C:\\") + static_cast<wchar_t>(letter));
         lines.push_back(std::string("VMRFOLDER=C:\\") + letter);
@@ -307,17 +281,10 @@ TEST_F(SettingsFileTest, TenOfTwelveFoldersLoad) {
     EXPECT_EQ(state.HostFolders[1], L"C:\\A");
     EXPECT_EQ(state.HostFolders[10], L"C:\\J");
     EXPECT_EQ(state.HostFolders[11], L"");
-}
-
-TEST_F(SettingsFileTest, RejectedFoldersLeaveRoomForTen) {
-    std::vector<std::string> lines(30, "VMRFOLDER=C:\\Gone");
-    for (char letter = 'A'; letter <= 'J'; ++letter) {
-        AddHost(files, std::wstring(L"C:\\") + static_cast<wchar_t>(letter));
-        lines.push_back(std::string("VMRFOLDER=C:\\") + letter);
-    }
-    Given(lines);
-    file.ReadSetting(setting_keys::VmrFolder);
-    EXPECT_EQ(state.HostFolderCount, 10);
+    HostFolderCombo combo;
+    FillHostFolderCombo(combo, state);
+    file.SaveSettings(combo, L"C:\\");
+    EXPECT_EQ(Ini(), Lines({lines.begin() + 30, lines.begin() + 40}));
 }
 
 TEST_F(SettingsFileTest, JapaneseFoldersLoad) {
@@ -327,16 +294,20 @@ TEST_F(SettingsFileTest, JapaneseFoldersLoad) {
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\表ソ能\\ｶﾅ"));
 }
 
-// Any failure but a malformed name ends a read with what it has reached, and the later ones too.
-TEST_F(SettingsFileTest, DriveThatIsNotReadyEndsThisReadAndAllLaterOnes) {
+TEST_F(SettingsFileTest, DriveThatIsNotReadyEndsAllReadsAndKeepsTheFileFromBeingRewritten) {
     GivenHosts({L"C:\\A", L"C:\\B"});
     files.AddDrive(L"E:");
     files.SetReady(L"E:", false);
     Given({"VERSION=Ver.0.61", "VMRFOLDER=C:\\A", "VMRFOLDER=E:\\x", "VMRFOLDER=C:\\B"});
+    const std::string former = Ini();
     EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
     EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
     EXPECT_FALSE(state.VersionKnown);
+    files.AddFile(BackupPath, "older");
+    EXPECT_EQ(FailToSave(Combo({L"C:\\A"}), ErrorNumber::FileAlreadyOpen), IniPath);
+    EXPECT_EQ(Ini(), former);
+    EXPECT_EQ(files.Contents(BackupPath), "older");
 }
 
 TEST_F(SettingsFileTest, ViewFolderOnADriveThatIsNotReadyEndsAllLaterReads) {
@@ -355,55 +326,20 @@ TEST_F(SettingsFileTest, FileInUseReadsAsNothing) {
     EXPECT_FALSE(state.VersionKnown);
 }
 
-// What has not been read cannot be written back.
-TEST_F(SettingsFileTest, ReadThatBrokeOffKeepsTheFileFromBeingRewritten) {
-    GivenHosts({L"C:\\A"});
-    files.AddDrive(L"E:");
-    files.SetReady(L"E:", false);
-    Given({"VERSION=Ver.0.61", "VMRFOLDER=C:\\A", "VMRFOLDER=E:\\x", "VMRFOLDER=C:\\B"});
-    const std::string former = Ini();
-    file.ReadSetting(setting_keys::VmrFolder);
-    files.AddFile(BackupPath, "older");
-    try {
-        file.SaveSettings(Combo({L"C:\\A"}, 0), L"C:\\");
-        ADD_FAILURE();
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::FileAlreadyOpen);
-        EXPECT_EQ(error.Path(), IniPath);
-        EXPECT_TRUE(error.IsFatal());
-    }
-    EXPECT_EQ(Ini(), former);
-    EXPECT_EQ(files.Contents(BackupPath), "older");
-}
-
-struct PathRow {
-    const char* name;
-    const wchar_t* folder;
-};
-
 // "D:" would be another folder as soon as the current one has changed.
-class FoldersThatAreNotFullPaths : public SettingsFileTest,
-                                   public testing::WithParamInterface<PathRow> {};
-
-TEST_P(FoldersThatAreNotFullPaths, AreNotFound) {
-    for (const wchar_t* host : {L"C:\\Tamblin", L"C:\\Tamblin\\sub", L"C:\\sub"}) {
-        files.AddFile(std::wstring(host) + L"\\ombrel.exe");
-        files.AddFile(std::wstring(host) + L"\\ombrel.rc");
+TEST_F(SettingsFileTest, FoldersThatAreNotFullPathsAreNotFound) {
+    for (const wchar_t* host : {L"C:\\Tamblin", L"C:\\Tamblin\\sub", L"C:\\sub"})
+        AddHost(files, host);
+    for (const wchar_t* path : {L"C:", L"C:sub", L"C:.", L"sub", L"\\sub", L"."}) {
+        SCOPED_TRACE(path);
+        const std::string folder = fake.ansi.EncodeName(path);
+        Given({"VMRFOLDER=" + folder, "DEFAULT=" + folder});
+        for (const auto key : {setting_keys::VmrFolder, setting_keys::Default})
+            EXPECT_FALSE(file.ReadSetting(key)) << key;
+        EXPECT_EQ(state.HostFolderCount, 0);
+        EXPECT_EQ(state.DefaultFolder, L"");
     }
-    files.SetCurrentFolder(L"C:\\Tamblin");
-    const std::string folder = fake.ansi.EncodeName(GetParam().folder);
-    Given({"VMRFOLDER=" + folder, "DEFAULT=" + folder});
-    for (const auto key : {setting_keys::VmrFolder, setting_keys::Default})
-        EXPECT_FALSE(file.ReadSetting(key)) << key;
-    EXPECT_EQ(state.HostFolderCount, 0);
-    EXPECT_EQ(state.DefaultFolder, L"");
 }
-
-INSTANTIATE_TEST_SUITE_P(SettingsFile, FoldersThatAreNotFullPaths,
-                         testing::Values(PathRow{"Drive", L"C:"}, PathRow{"OnADrive", L"C:sub"},
-                                         PathRow{"HereOnADrive", L"C:."}, PathRow{"Name", L"sub"},
-                                         PathRow{"OfTheDrive", L"\\sub"}, PathRow{"Here", L"."}),
-                         CaseName);
 
 // --- A fresh file -------------------------------------------------------------------------------
 
@@ -419,33 +355,32 @@ TEST_F(SettingsFileTest, FreshFileHasItsNineKindsOfLines) {
     EXPECT_FALSE(files.Exists(BackupPath));
 }
 
-TEST_F(SettingsFileTest, FreshFileWithoutFoldersHasNoFolderLine) {
+TEST_F(SettingsFileTest, FreshFileWithoutFoldersHasNoFolderLineAndReadsBackAsOff) {
     file.SaveSettings(Combo({}), L"C:\\");
     EXPECT_EQ(Ini(), Lines({"# Tamblin", "# Configuration File", "", "VERSION=Ver.0.61",
                             "DEFAULT=", "KVAOPTION=", "VIEWFOLDER=C:\\", ""}));
-}
-
-TEST_F(SettingsFileTest, KavaletOptionNeverSetReadsBackAsOff) {
-    file.SaveSettings(Combo({}), L"C:\\");
     file.ReadSetting(setting_keys::KvaOption);
     EXPECT_EQ(state.KvaOption, L"OFF");
 }
 
-TEST_F(SettingsFileTest, FreshFileReadsBack) {
+TEST_F(SettingsFileTest, FreshFileReadsBackAndSavingAgainChangesNothing) {
     GivenHosts({L"C:\\A", L"C:\\B"});
     files.AddFile(L"C:\\Packs\\a.lzh");
     state.KvaOption = L"ON";
-    file.SaveSettings(Combo({L"C:\\A", L"C:\\B"}, 1), L"C:\\Packs\\");
+    const auto combo = Combo({L"C:\\A", L"C:\\B"}, 1);
+    file.SaveSettings(combo, L"C:\\Packs\\");
+    const std::string fresh = Ini();
     state = SettingsState();
-    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
-    EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
-    EXPECT_TRUE(file.ReadSetting(setting_keys::Default));
-    EXPECT_TRUE(file.ReadSetting(setting_keys::ViewFolder));
+    for (const auto key : {setting_keys::Version, setting_keys::VmrFolder, setting_keys::Default,
+                           setting_keys::ViewFolder})
+        EXPECT_TRUE(file.ReadSetting(key)) << key;
     file.ReadSetting(setting_keys::KvaOption);
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\B"));
     EXPECT_EQ(state.DefaultFolder, L"C:\\B");
     EXPECT_EQ(state.ViewFolder, L"C:\\Packs\\");
     EXPECT_EQ(state.KvaOption, L"ON");
+    file.SaveSettings(combo, L"C:\\Packs\\");
+    EXPECT_EQ(Ini(), fresh);
 }
 
 // --- Rewriting ----------------------------------------------------------------------------------
@@ -470,35 +405,49 @@ TEST_F(SettingsFileTest, RewriteBringsEveryKeyUpToDateInItsPlace) {
     EXPECT_FALSE(files.Exists(BackupPath));
 }
 
-TEST_F(SettingsFileTest, OnlyFoldersAreAddedWhenTheirKeyIsMissing) {
-    Given({"VERSION=Ver.0.60", "#"});
-    file.SaveSettings(Combo({L"C:\\A", L"C:\\B"}), L"C:\\Packs\\");
-    EXPECT_EQ(Ini(), Lines({"VERSION=Ver.0.61", "#", "VMRFOLDER=C:\\A", "VMRFOLDER=C:\\B"}));
-}
+struct Rewrite {
+    const char* name;
+    std::vector<std::string> before;
+    HostFolderCombo combo;
+    std::vector<std::string> after;
+};
 
-TEST_F(SettingsFileTest, FoldersGoWhenTheComboIsEmpty) {
-    Given({"VMRFOLDER=C:\\A", "x", "VMRFOLDER=C:\\B"});
-    file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({"x"}));
-}
-
-TEST_F(SettingsFileTest, BothDefaultLinesAreRewritten) {
-    Given({"DEFAULT=C:\\A", "DEFAULT=C:\\B", "VMRFOLDER="});
-    file.SaveSettings(Combo({L"C:\\N"}), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({"DEFAULT=C:\\N", "DEFAULT=C:\\N", "VMRFOLDER=C:\\N"}));
-}
-
-TEST_F(SettingsFileTest, ComboWithoutSelectionEmptiesTheDefault) {
-    Given({"DEFAULT=C:\\A", "VMRFOLDER=C:\\A"});
-    file.SaveSettings(Combo({L"C:\\A"}, std::nullopt), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({"DEFAULT=", "VMRFOLDER=C:\\A"}));
-}
-
-TEST_F(SettingsFileTest, KeysInOtherCaseOrWithBlanksAreUnknown) {
-    Given({"version=Ver.0.60", "VERSION =Ver.0.60", "VERSION", "vmrfolder=C:\\A", "VMRFOLDER=x"});
-    file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_EQ(Ini(),
-              Lines({"version=Ver.0.60", "VERSION =Ver.0.60", "VERSION", "vmrfolder=C:\\A"}));
+TEST_F(SettingsFileTest, RewriteChangesOnlyWhatItsKeysSay) {
+    const Rewrite rewrites[] = {
+        {"only folders are added when their key is missing",
+         {"VERSION=Ver.0.60", "#"},
+         Combo({L"C:\\A", L"C:\\B"}),
+         {"VERSION=Ver.0.61", "#", "VMRFOLDER=C:\\A", "VMRFOLDER=C:\\B"}},
+        {"an empty combo removes the folders",
+         {"VMRFOLDER=C:\\A", "x", "VMRFOLDER=C:\\B"},
+         Combo({}),
+         {"x"}},
+        {"both default lines are rewritten",
+         {"DEFAULT=C:\\A", "DEFAULT=C:\\B", "VMRFOLDER="},
+         Combo({L"C:\\N"}),
+         {"DEFAULT=C:\\N", "DEFAULT=C:\\N", "VMRFOLDER=C:\\N"}},
+        {"a combo without selection empties the default",
+         {"DEFAULT=C:\\A", "VMRFOLDER=C:\\A"},
+         Combo({L"C:\\A"}, std::nullopt),
+         {"DEFAULT=", "VMRFOLDER=C:\\A"}},
+        {"keys in other letters or with blanks are unknown",
+         {"version=Ver.0.60", "VERSION =Ver.0.60", "VERSION", "vmrfolder=C:\\A", "VMRFOLDER=x"},
+         Combo({}),
+         {"version=Ver.0.60", "VERSION =Ver.0.60", "VERSION", "vmrfolder=C:\\A"}},
+        // The rewrite reads fields, not lines.
+        {"a comma ends an item, and its rest becomes one of its own",
+         {"VMRFOLDER=C:\\a,b", "# one, two", "VIEWFOLDER=C:\\v,DEFAULT=C:\\x"},
+         Combo({L"C:\\N"}),
+         {"VMRFOLDER=C:\\N", "b", "# one", "two", "VIEWFOLDER=C:\\Packs\\", "DEFAULT=C:\\N"}},
+        {"quotes and leading blanks go",
+         {"\"VERSION=Ver.0.60\"", "  KVAOPTION=ON", "\"a, b\"", "VMRFOLDER="},
+         Combo({}),
+         {"VERSION=Ver.0.61", "KVAOPTION=", "a, b"}}};
+    for (const Rewrite& rewrite : rewrites) {
+        Given(rewrite.before);
+        file.SaveSettings(rewrite.combo, L"C:\\Packs\\");
+        EXPECT_EQ(Ini(), Lines(rewrite.after)) << rewrite.name;
+    }
 }
 
 TEST_F(SettingsFileTest, LowerCaseOnIsWrittenBackUpperCase) {
@@ -506,14 +455,6 @@ TEST_F(SettingsFileTest, LowerCaseOnIsWrittenBackUpperCase) {
     file.ReadSetting(setting_keys::KvaOption);
     file.SaveSettings(Combo({}), L"C:\\");
     EXPECT_EQ(Ini(), Lines({"KVAOPTION=ON"}));
-}
-
-// The rewrite reads fields, not lines: a comma ends an item, and its rest becomes one of its own.
-TEST_F(SettingsFileTest, CommaCutsAnItemWhenTheFileIsRewritten) {
-    Given({"VMRFOLDER=C:\\a,b", "# one, two", "VIEWFOLDER=C:\\v,DEFAULT=C:\\x"});
-    file.SaveSettings(Combo({L"C:\\N"}), L"C:\\Packs\\");
-    EXPECT_EQ(Ini(), Lines({"VMRFOLDER=C:\\N", "b", "# one", "two", "VIEWFOLDER=C:\\Packs\\",
-                            "DEFAULT=C:\\N"}));
 }
 
 // What stands behind the comma is taken for a line of its own, at every save once more.
@@ -526,37 +467,11 @@ TEST_F(SettingsFileTest, RegisteredFolderWithACommaLeavesItsRestBehindAtEverySav
     EXPECT_EQ(Ini(), Lines({"VMRFOLDER=C:\\a,b", "b", "b"}));
 }
 
-TEST_F(SettingsFileTest, QuotesAndLeadingBlanksGoWhenTheFileIsRewritten) {
-    Given({"\"VERSION=Ver.0.60\"", "  KVAOPTION=ON", "\"a, b\"", "VMRFOLDER="});
+TEST_F(SettingsFileTest, BackupOfAnInterruptedSaveIsDeletedFirst) {
+    files.AddFile(BackupPath, "of an interrupted save");
     file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({"VERSION=Ver.0.61", "KVAOPTION=", "a, b"}));
-}
-
-TEST_F(SettingsFileTest, SavingAgainChangesNothing) {
-    const auto combo = Combo({L"C:\\A", L"C:\\B"});
-    file.SaveSettings(combo, L"C:\\Packs\\");
-    const std::string fresh = Ini();
-    file.SaveSettings(combo, L"C:\\Packs\\");
-    EXPECT_EQ(Ini(), fresh);
-}
-
-TEST_F(SettingsFileTest, FoldersThatAreGoneOrTooManyAreLostAtTheNextSave) {
-    std::vector<std::string> lines = {"VMRFOLDER=C:\\Gone"};
-    for (char letter = 'A'; letter <= 'L'; ++letter) {
-        AddHost(files, std::wstring(L"C:\\") + static_cast<wchar_t>(letter));
-        lines.push_back(std::string("VMRFOLDER=C:\\") + letter);
-    }
-    Given(lines);
-    file.ReadSetting(setting_keys::VmrFolder);
-    HostFolderCombo combo;
-    FillHostFolderCombo(combo, state);
-    file.SaveSettings(combo, L"C:\\");
-    lines.erase(lines.begin());
-    lines.resize(10);
-    EXPECT_EQ(Ini(), Lines(lines));
-}
-
-TEST_F(SettingsFileTest, FormerBackupIsDeletedFirst) {
+    EXPECT_TRUE(Ini().starts_with("# Tamblin\r\n"));
+    EXPECT_FALSE(files.Exists(BackupPath));
     Given({"VERSION=Ver.0.60"});
     files.AddFile(BackupPath, "of an interrupted save");
     files.ForgetOperations();
@@ -567,13 +482,6 @@ TEST_F(SettingsFileTest, FormerBackupIsDeletedFirst) {
     EXPECT_LT(
         std::find(log.begin(), log.end(), L"Delete C:\\Tamblin\\tamb.bak"),
         std::find(log.begin(), log.end(), L"Copy C:\\Tamblin\\tamb.ini -> C:\\Tamblin\\tamb.bak"));
-}
-
-TEST_F(SettingsFileTest, BackupOfAnInterruptedSaveGoesWithTheFileThatIsWrittenAfresh) {
-    files.AddFile(BackupPath, "of an interrupted save");
-    file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_TRUE(Ini().starts_with("# Tamblin\r\n"));
-    EXPECT_FALSE(files.Exists(BackupPath));
 }
 
 TEST_F(SettingsFileTest, TooLongALineIsNoLineTooLong) {
@@ -623,28 +531,11 @@ TEST_F(SettingsFileTest, NulsInValuesAreNoValues) {
     EXPECT_EQ(state.ViewFolder, L"");
 }
 
-TEST_F(SettingsFileTest, EmptyFileGetsTheFolders) {
-    GivenBytes("");
-    file.SaveSettings(Combo({L"C:\\A"}), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({"VMRFOLDER=C:\\A"}));
-}
-
-TEST_F(SettingsFileTest, LastLineWithoutEndSurvives) {
-    GivenBytes("VMRFOLDER=\r\nlast");
-    file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({"last"}));
-}
-
-TEST_F(SettingsFileTest, SavingOverAFolderOfThatNameFailsAndTouchesNothing) {
+TEST_F(SettingsFileTest, FolderOfThatNameIsNoFileAndNotSavedOver) {
     files.AddFile(L"C:\\Tamblin\\tamb.ini\\inside", "1");
+    EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
     const auto before = files.Snapshot();
-    try {
-        file.SaveSettings(Combo({}), L"C:\\");
-        FAIL();
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::PathFileAccess);
-        EXPECT_TRUE(error.IsFatal());
-    }
+    FailToSave(Combo({}), ErrorNumber::PathFileAccess);
     EXPECT_EQ(files.Snapshot(), before);
 }
 

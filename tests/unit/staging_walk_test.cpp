@@ -2,9 +2,6 @@
 #include "install/staging_walk.h"
 #include "install/staged_file.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
@@ -12,7 +9,6 @@ namespace {
 
 using testing::Contains;
 using testing::DoubleNear;
-using testing::ElementsAre;
 using testing::Pointwise;
 
 constexpr wchar_t Staging[] = L"C:\\TAMTMP\\";

@@ -1,17 +1,11 @@
 // From the splash to the first working window, tick by tick.
 #include "app/start_up.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "support/earlier_copy_fake.h"
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class StartUpTest : public testing::Test {
   protected:
@@ -45,9 +39,7 @@ TEST_F(StartUpTest, SecondCopyIsToldAndReadsNothing) {
     };
     EXPECT_FALSE(startUp.Load(earlier));
     EXPECT_EQ(earlier.timesInFront, 1);
-    EXPECT_THAT(fake.messages.shown,
-                ElementsAre(MessageBoxesFake::Box{MessageBoxesFake::Kind::Inform,
-                                                  L"すでに起動されています。"}));
+    EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Kind::Inform, L"すでに起動されています。"}));
     EXPECT_EQ(files.OperationCount(), 0U);
 }
 

@@ -112,150 +112,71 @@ TEST(UnknownMethod, IsAFailureThatNamesIt) {
     }
 }
 
-// A block header of the static methods, as far as a test wants it to go.
-LzhEntry StaticEntry(const BitWriter& bits) {
-    LzhEntry entry = MakeEntry(L"a", std::string(1000, ' '), "-lh5-", 2);
-    entry.packed = BitWriter(bits).Finish() + std::string(100, '\xFF');
-    return entry;
-}
-
-LzhFailure FailureOf(const LzhEntry& entry) {
-    return Extraction(LzhWriter().Add(entry).Finish()).Failure();
-}
-
-TEST(StaticBlock, TooManyLengthsAreDamage) {
+std::string Bits(std::initializer_list<std::pair<std::uint32_t, unsigned>> valuesAndWidths) {
     BitWriter bits;
-    bits.Put(10, 16);
-    bits.Put(20, 5);
-    EXPECT_EQ(FailureOf(StaticEntry(bits)), LzhFailure::DamagedData);
-}
-
-TEST(StaticBlock, OversubscribedCodeIsDamage) {
-    BitWriter bits;
-    bits.Put(10, 16);
-    bits.Put(3, 5);
-    for (int i = 0; i < 3; ++i)
-        bits.Put(1, 3);
-    bits.Put(0, 2);
-    EXPECT_EQ(FailureOf(StaticEntry(bits)), LzhFailure::DamagedData);
-}
-
-TEST(StaticBlock, EndlessCodeLengthIsDamage) {
-    BitWriter bits;
-    bits.Put(10, 16);
-    bits.Put(3, 5);
-    bits.Put(7, 3);
-    bits.Put(0x3FF, 10);
-    EXPECT_EQ(FailureOf(StaticEntry(bits)), LzhFailure::DamagedData);
-}
-
-TEST(StaticBlock, RunOfLengthsBehindTheLastSymbolIsDamage) {
-    BitWriter bits;
-    bits.Put(10, 16);
-    bits.Put(0, 5);
-    bits.Put(2, 5); // every length is a run of 20 and more
-    bits.Put(510, 9);
-    bits.Put(0x1FF, 9);
-    EXPECT_EQ(FailureOf(StaticEntry(bits)), LzhFailure::DamagedData);
-}
-
-TEST(StaticBlock, CodeOfOneSymbolMayTakeNoBits) {
-    BitWriter bits;
-    bits.Put(1000, 16);
-    bits.Put(0, 5 + 5);
-    bits.Put(0, 9);
-    bits.Put('z', 9);
-    bits.Put(0, 4 + 4);
-    LzhEntry entry = MakeEntry(L"a", std::string(1000, 'z'), "-lh5-", 2);
-    entry.packed = bits.Finish();
-    EXPECT_EQ(Extraction(LzhWriter().Add(entry).Finish()).Bytes(L"a"), std::string(1000, 'z'));
-}
-
-struct StaticMethod {
-    const char* method;
-    unsigned distanceCount;
-    unsigned countBits;
-};
-
-// A block of one match of three bytes, all of whose codes have one symbol.
-std::string OneMatch(const StaticMethod& method, unsigned distance) {
-    BitWriter bits;
-    bits.Put(1, 16);
-    bits.Put(0, 5 + 5);
-    bits.Put(0, 9);
-    bits.Put(256, 9);
-    bits.Put(0, method.countBits);
-    bits.Put(distance, method.countBits);
-    bits.Put(0, 32);
+    for (const auto& [value, width] : valuesAndWidths)
+        bits.Put(value, width);
     return bits.Finish();
 }
 
-// A distance of more bits would reach behind the history.
-TEST(StaticBlock, OnlyDistanceHasToBeOneOfTheMethods) {
-    for (const StaticMethod& method :
-         {StaticMethod{"-lh4-", 13, 4}, StaticMethod{"-lh5-", 14, 4}, StaticMethod{"-lh6-", 16, 5},
-          StaticMethod{"-lh7-", 17, 5}, StaticMethod{"-lhx-", 21, 5}}) {
-        LzhEntry entry = MakeEntry(L"a", "   ", method.method, 2);
-        entry.packed = OneMatch(method, method.distanceCount - 1);
-        EXPECT_EQ(FailureOf(entry), LzhFailure::None) << method.method;
-        for (unsigned distance = method.distanceCount; distance < 1u << method.countBits;
-             ++distance) {
-            entry.packed = OneMatch(method, distance);
-            EXPECT_EQ(FailureOf(entry), LzhFailure::DamagedData) << method.method << distance;
-        }
+Extraction Unpacked(const std::string& bytes, const std::string& packed,
+                    const std::string& method = "-lh5-") {
+    LzhEntry entry = MakeEntry(L"a", bytes, method, 2);
+    entry.packed = packed;
+    return Extraction(LzhWriter().Add(entry).Finish());
+}
+
+TEST(StaticBlock, HeadersThatCannotBeAreDamage) {
+    const std::pair<const char*, std::string> blocks[] = {
+        {"too many lengths", Bits({{10, 16}, {20, 5}})},
+        {"an oversubscribed code", Bits({{10, 16}, {3, 5}, {1, 3}, {1, 3}, {1, 3}, {0, 2}})},
+        {"an endless code length", Bits({{10, 16}, {3, 5}, {7, 3}, {0x3FF, 10}})},
+        {"a run of 20 lengths and more behind the last symbol",
+         Bits({{10, 16}, {0, 5}, {2, 5}, {510, 9}, {0x1FF, 9}})}};
+    for (const auto& [damage, block] : blocks)
+        EXPECT_EQ(Unpacked(std::string(1000, ' '), block + std::string(100, '\xFF')).Failure(),
+                  LzhFailure::DamagedData)
+            << damage;
+}
+
+// A size of zero stands for 65536 symbols.
+TEST(StaticBlock, CodeOfOneSymbolMayTakeNoBits) {
+    for (const unsigned size : {1000u, 65536u}) {
+        const std::string block = Bits({{size & 0xFFFF, 16}, {0, 19}, {'z', 9}, {0, 8}});
+        EXPECT_EQ(Unpacked(std::string(size, 'z'), block).Bytes(L"a"), std::string(size, 'z'));
     }
+}
+
+// A block of one match of three bytes, all of whose codes have one symbol. A distance of more bits
+// would reach behind the history.
+TEST(StaticBlock, OnlyDistanceHasToBeOneOfTheMethods) {
+    const std::tuple<const char*, unsigned, unsigned> methods[] = {
+        {"-lh4-", 13, 4}, {"-lh5-", 14, 4}, {"-lh6-", 16, 5}, {"-lh7-", 17, 5}, {"-lhx-", 21, 5}};
+    for (const auto& [method, distanceCount, countBits] : methods)
+        for (unsigned distance = distanceCount - 1; distance < 1u << countBits; ++distance) {
+            const std::string block =
+                Bits({{1, 16}, {0, 19}, {256, 9}, {0, countBits}, {distance, countBits}, {0, 32}});
+            EXPECT_EQ(Unpacked("   ", block, method).Failure(),
+                      distance < distanceCount ? LzhFailure::None : LzhFailure::DamagedData)
+                << method << distance;
+        }
 }
 
 TEST(StaticBlock, OnlySymbolAndOnlyLengthHaveToExist) {
-    for (const unsigned symbol : {509u, 510u, 511u}) {
-        BitWriter bits;
-        bits.Put(1, 16);
-        bits.Put(0, 5 + 5);
-        bits.Put(0, 9);
-        bits.Put(symbol, 9);
-        bits.Put(0, 4 + 4);
-        LzhEntry entry = MakeEntry(L"a", std::string(256, ' '), "-lh5-", 2);
-        entry.packed = bits.Finish();
-        EXPECT_EQ(FailureOf(entry), symbol == 509 ? LzhFailure::None : LzhFailure::DamagedData);
-    }
-    for (const unsigned length : {18u, 19u, 31u}) {
-        BitWriter bits;
-        bits.Put(1, 16);
-        bits.Put(0, 5);
-        bits.Put(length, 5);
-        bits.Put(0, 9);
-        bits.Put('z', 9);
-        bits.Put(0, 4 + 4);
-        LzhEntry entry = MakeEntry(L"a", "z", "-lh5-", 2);
-        entry.packed = bits.Finish();
-        EXPECT_EQ(FailureOf(entry), length == 18 ? LzhFailure::None : LzhFailure::DamagedData);
-    }
+    for (const unsigned symbol : {509u, 510u, 511u})
+        EXPECT_EQ(Unpacked(std::string(256, ' '), Bits({{1, 16}, {0, 19}, {symbol, 9}, {0, 8}}))
+                      .Failure(),
+                  symbol == 509 ? LzhFailure::None : LzhFailure::DamagedData);
+    for (const unsigned length : {18u, 19u, 31u})
+        EXPECT_EQ(
+            Unpacked("z", Bits({{1, 16}, {0, 5}, {length, 5}, {0, 9}, {'z', 9}, {0, 8}})).Failure(),
+            length == 18 ? LzhFailure::None : LzhFailure::DamagedData);
 }
 
-TEST(StaticBlock, SizeOfZeroStandsFor65536Symbols) {
-    BitWriter bits;
-    bits.Put(0, 16);
-    bits.Put(0, 5 + 5);
-    bits.Put(0, 9);
-    bits.Put('z', 9);
-    bits.Put(0, 4 + 4);
-    LzhEntry entry = MakeEntry(L"a", std::string(65536, 'z'), "-lh5-", 2);
-    entry.packed = bits.Finish();
-    EXPECT_EQ(Extraction(LzhWriter().Add(entry).Finish()).Failure(), LzhFailure::None);
-}
-
+// Ten bytes from the far end of the history.
 TEST(History, IsBlankBeforeTheFirstByte) {
-    BitWriter bits;
-    bits.Put(1, 16);
-    bits.Put(0, 5 + 5);
-    bits.Put(0, 9);
-    bits.Put(256 + 7, 9); // ten bytes
-    bits.Put(0, 4);
-    bits.Put(13, 4); // from the far end of the history
-    bits.Put(0xFFF, 12);
-    LzhEntry entry = MakeEntry(L"a", std::string(10, ' '), "-lh5-", 2);
-    entry.packed = bits.Finish();
-    EXPECT_EQ(Extraction(LzhWriter().Add(entry).Finish()).Bytes(L"a"), std::string(10, ' '));
+    const std::string block = Bits({{1, 16}, {0, 19}, {256 + 7, 9}, {0, 4}, {13, 4}, {0xFFF, 12}});
+    EXPECT_EQ(Unpacked(std::string(10, ' '), block).Bytes(L"a"), std::string(10, ' '));
 }
 
 } // namespace
