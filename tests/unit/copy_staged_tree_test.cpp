@@ -85,13 +85,22 @@ TEST_F(CopyStagedTreeTest, ExistingFilesAreOverwrittenWithoutAsking) {
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
 
-TEST_F(CopyStagedTreeTest, ReadOnlyStagedFilesMoveAndReplaceToo) {
-    files.AddFile(L"C:\\Host\\mio.obl", "old");
-    Stage(L"mio.obl", "new", {.readOnly = true});
+TEST_F(CopyStagedTreeTest, ReadOnlyStagedFilesMoveToo) {
     Stage(L"mio\\a", "new", {.readOnly = true});
     Copy();
-    EXPECT_EQ(InHost(L"mio.obl"), "new");
     EXPECT_TRUE(files.AttributesOf(L"C:\\Host\\mio\\a").readOnly);
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
+}
+
+TEST_F(CopyStagedTreeTest, ReplacedFileKeepsItsAttributesAndPermissions) {
+    files.AddFile(L"C:\\Host\\mio.obl", "old", {.hidden = true, .archive = true});
+    files.SetPermissions(L"C:\\Host\\mio.obl", L"the user's own");
+    Stage(L"mio.obl", "new", {.readOnly = true});
+    Copy();
+    EXPECT_EQ(InHost(L"mio.obl"), "new");
+    EXPECT_EQ(files.AttributesOf(L"C:\\Host\\mio.obl"),
+              (FileAttributes{.hidden = true, .archive = true}));
+    EXPECT_EQ(files.PermissionsOf(L"C:\\Host\\mio.obl"), L"the user's own");
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
@@ -127,24 +136,21 @@ TEST_F(CopyStagedTreeTest, ReadOnlyFileOfAnInstallThatBrokeOffNeedsNoCopy) {
 // --- What is known before the first file moves
 // ----------------------------------------------------
 
-TEST_F(CopyStagedTreeTest, FileInUseInTheHostEndsTheCopyBeforeItBegins) {
-    for (const wchar_t* target : {L"mio.obl", L"old\\dat\\a", L"kva.def"}) {
+TEST_F(CopyStagedTreeTest, FileInUseOrReadOnlyInTheHostEndsTheCopyBeforeItBegins) {
+    const auto expectStopped = [&](ErrorNumber number) {
         StagePackage();
+        const auto host = files.Snapshot(L"C:\\Host");
+        EXPECT_EQ(ErrorOf([&] { Copy(); }), number);
+        EXPECT_EQ(files.Snapshot(L"C:\\Host"), host);
+    };
+    for (const wchar_t* target : {L"mio.obl", L"old\\dat\\a", L"kva.def"}) {
         files.AddFile(std::wstring(L"C:\\Host\\") + target, "old");
         files.Lock(std::wstring(L"C:\\Host\\") + target);
-        const auto host = files.Snapshot(L"C:\\Host");
-        EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PermissionDenied) << target;
-        EXPECT_EQ(files.Snapshot(L"C:\\Host"), host);
+        expectStopped(ErrorNumber::PermissionDenied);
         files.Unlock(std::wstring(L"C:\\Host\\") + target);
     }
-}
-
-TEST_F(CopyStagedTreeTest, ReadOnlyFileInTheHostEndsTheCopyBeforeItBegins) {
-    StagePackage();
     files.AddFile(L"C:\\Host\\old\\dat\\a", "mine", {.readOnly = true});
-    const auto host = files.Snapshot(L"C:\\Host");
-    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PathFileAccess);
-    EXPECT_EQ(files.Snapshot(L"C:\\Host"), host);
+    expectStopped(ErrorNumber::PathFileAccess);
 }
 
 TEST_F(CopyStagedTreeTest, HostOnAnotherDriveWithTooLittleRoomStaysAsItWas) {
@@ -174,17 +180,6 @@ TEST_F(CopyStagedTreeTest, FullDriveTakesWhatIsOnlyMoved) {
 
 // --- Files that replace others
 // --------------------------------------------------------------------
-
-TEST_F(CopyStagedTreeTest, ReplacedFileKeepsItsAttributesAndPermissions) {
-    files.AddFile(L"C:\\Host\\mio.obl", "old", {.hidden = true, .archive = true});
-    files.SetPermissions(L"C:\\Host\\mio.obl", L"the user's own");
-    Stage(L"mio.obl", "new", {.readOnly = true});
-    Copy();
-    EXPECT_EQ(InHost(L"mio.obl"), "new");
-    EXPECT_EQ(files.AttributesOf(L"C:\\Host\\mio.obl"),
-              (FileAttributes{.hidden = true, .archive = true}));
-    EXPECT_EQ(files.PermissionsOf(L"C:\\Host\\mio.obl"), L"the user's own");
-}
 
 TEST_F(CopyStagedTreeTest, FilesThatAScannerHoldsAreWaitedFor) {
     StagePackage();
@@ -240,34 +235,23 @@ TEST_F(CopyStagedTreeTest, NotesAreShownOnceTheyAreCopied) {
     EXPECT_TRUE(files.Exists(L"C:\\Host\\mio\\Read-x.txt"));
 }
 
-struct KavaletCase {
-    const char* name;
-    const wchar_t* option;
-    const wchar_t* file;
-    bool merged;
-};
-
-class KavaletOptionTest : public CopyStagedTreeTest,
-                          public testing::WithParamInterface<KavaletCase> {};
-
-TEST_P(KavaletOptionTest, DecidesWhetherThePackagesEntriesAreMerged) {
-    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
-    state.KvaOption = GetParam().option;
-    Stage(GetParam().file, "a,b,2\r\n");
-    Copy();
-    EXPECT_EQ(InHost(GetParam().file), "a,b,2\r\n");
-    EXPECT_EQ(InHost(L"kva.def"), GetParam().merged ? "a,b,2\r\n" : "a,b,1\r\n");
-    EXPECT_EQ(files.Exists(L"C:\\Host\\kva.tmp"), GetParam().merged);
+TEST_F(CopyStagedTreeTest, OptionDecidesWhetherThePackagesEntriesAreMerged) {
+    const std::tuple<const wchar_t*, const wchar_t*, bool> options[] = {
+        {L"OFF", L"mio\\KVA.DEF", false},  {L"", L"mio\\KVA.DEF", false},
+        {L"ON", L"mio\\xKVA.DEF", false},  {L"ON", L"mio\\KVA.DEF", true},
+        {L"ON", L"mio\\d\\KVA.DEF", true}, {L"ON", L"mio\\kva.Def", true}};
+    for (const auto& [option, file, merged] : options) {
+        SCOPED_TRACE(file);
+        files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
+        files.DeleteTree(L"C:\\Host\\kva.tmp");
+        state.KvaOption = option;
+        Stage(file, "a,b,2\r\n");
+        Copy();
+        EXPECT_EQ(InHost(file), "a,b,2\r\n");
+        EXPECT_EQ(InHost(L"kva.def"), merged ? "a,b,2\r\n" : "a,b,1\r\n");
+        EXPECT_EQ(files.Exists(L"C:\\Host\\kva.tmp"), merged);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Options, KavaletOptionTest,
-                         testing::Values(KavaletCase{"On", L"ON", L"mio\\KVA.DEF", true},
-                                         KavaletCase{"OnAnyCase", L"ON", L"mio\\kva.Def", true},
-                                         KavaletCase{"OnDeeper", L"ON", L"mio\\d\\KVA.DEF", true},
-                                         KavaletCase{"OnOtherFile", L"ON", L"mio\\xKVA.DEF", false},
-                                         KavaletCase{"Off", L"OFF", L"mio\\KVA.DEF", false},
-                                         KavaletCase{"Unset", L"", L"mio\\KVA.DEF", false}),
-                         CaseName);
 
 TEST_F(CopyStagedTreeTest, HostWithoutDefinitionsGetsNone) {
     state.KvaOption = L"ON";

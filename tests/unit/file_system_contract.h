@@ -2,6 +2,7 @@
 // memory and the one of this computer, so that neither drifts from the other.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -50,6 +51,7 @@ class FileSystemContract : public testing::TestWithParam<DiskMaker> {
 
     // A path in the test's folder.
     std::wstring In(const std::wstring& relative) const { return folder + L'\\' + relative; }
+    std::wstring Root() const { return folder.substr(0, 3); }
     bool IsThere(const std::wstring& relative) { return files.Find(In(relative)).has_value(); }
 
     std::unique_ptr<DiskUnderTest> disk;
@@ -66,6 +68,30 @@ inline void PrintTo(const FileAttributes& attributes, std::ostream* stream) {
 
 inline void PrintTo(const DiskMaker& maker, std::ostream* stream) {
     *stream << maker.name;
+}
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+inline std::vector<std::wstring> NamesOf(const std::vector<FolderEntry>& entries) {
+    std::vector<std::wstring> names;
+    for (const FolderEntry& entry : entries)
+        names.push_back(entry.name);
+    return names;
+}
+
+// What a file can be, with archive set. Under Wine a user cannot hide a read-only file.
+inline std::vector<FileAttributes> AttributesToTry(const DiskUnderTest& disk) {
+    std::vector<FileAttributes> all = {
+        {.archive = true},
+        {.readOnly = true, .archive = true},
+        {.hidden = true, .archive = true},
+        {.system = true, .archive = true},
+        {.hidden = true, .system = true, .archive = true},
+    };
+    if (!disk.IsWine())
+        all.push_back({.readOnly = true, .hidden = true, .system = true, .archive = true});
+    return all;
 }
 
 } // namespace tamblin

@@ -33,6 +33,19 @@ class InstallTest : public testing::Test {
         hostBefore = files.Snapshot(scene.hostFolder);
         scene.InstallFiles(names);
     }
+    // An install of the package mio.lzh alone, with the character mio.
+    void InstallMio() {
+        scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+        Install({L"mio.lzh"});
+    }
+    // Nothing is unpacked or deleted, and one message begins so.
+    void ExpectRefused(const std::wstring& message) {
+        EXPECT_THAT(fake.unlha.calls, IsEmpty());
+        ASSERT_EQ(fake.messages.shown.size(), 1U);
+        EXPECT_TRUE(StartsWith(fake.messages.shown[0].text, message));
+        EXPECT_TRUE(scene.screen.enabled);
+        fake.messages.shown.clear();
+    }
     const InstallConfirmation& Asked() const { return scene.screen.confirmations.at(0); }
     void ExpectLists(const std::vector<std::wstring>& toInstall,
                      const std::vector<std::wstring>& cannotInstall,
@@ -66,63 +79,59 @@ class InstallTest : public testing::Test {
 
 TEST_F(InstallTest, PutsTheCharacterIntoTheHostFolderAndTheList) {
     AddCharacter(files, L"C:\\Host", L"abc");
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
-    Install({L"mio.lzh"});
+    files.AddFile(L"C:\\TAMTMP\\old.obl"); // left over
+    files.AddFile(L"C:\\TAMTMP\\old\\x");
+    InstallMio();
     ExpectLists({L"mio （mio.lzh）"}, {None}, {None});
     EXPECT_TRUE(Asked().installNowEnabled);
     EXPECT_EQ(files.Contents(L"C:\\Host\\mio.obl"), "definition of m");
     EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\dat\\voice.wav"), "sound");
+    EXPECT_FALSE(InHost(L"old.obl"));
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
     EXPECT_TRUE(files.Exists(L"C:\\Packs\\mio.lzh"));
     EXPECT_THAT(fake.messages.shown,
-                ElementsAre(Box{MessageBoxesFake::Kind::Inform, Done, MessageIcon::Information}));
+                ElementsAre(Box{Kind::Inform, Done, MessageIcon::Information}));
     EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"abc", L"mio"));
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
-}
-
-TEST_F(InstallTest, LeavesTheInstallButtonEnabledAndNothingSelected) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
-    Install({L"mio.lzh"});
     EXPECT_THAT(SelectedEntries(model.browser.Files()), IsEmpty());
     EXPECT_THAT(EnabledButtons(model), ElementsAre(1));
 }
 
-TEST_F(InstallTest, MainWindowIsDisabledUntilTheUserHasSeenTheEnd) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
+TEST_F(InstallTest, MainWindowIsDisabledAndTheSelectionStaysUntilTheUserHasSeenTheEnd) {
     for (const std::int16_t answer : {AnswerCancel, AnswerInstall}) {
         scene.screen.answer = answer;
         scene.screen.onConfirmation = [&] {
             EXPECT_FALSE(scene.screen.enabled);
             EXPECT_FALSE(model.buttons[1]);
+            EXPECT_EQ(files.HeldFolder(), L"C:\\TAMTMP");
         };
         fake.messages.onShow = [&](const Box&) {
             EXPECT_FALSE(scene.screen.enabled);
+            EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
+            EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
         };
-        Install({L"mio.lzh"});
+        InstallMio();
         EXPECT_TRUE(scene.screen.enabled);
+        EXPECT_EQ(files.HeldFolder(), L"");
     }
     EXPECT_THAT(fake.messages.Texts(), ElementsAre(Cancelled, Done));
     EXPECT_EQ(scene.screen.timesEnabled, 2); // once each
 }
 
-TEST_F(InstallTest, ExtensionMayBeInAnyCase) {
+TEST_F(InstallTest, EveryCharacterIsInstalledWhateverTheCaseOfTheExtensions) {
     scene.AddPackage(L"a.lzh", Ombrel(L"aa"));
     scene.AddPackage(L"B.LZH", Ombrel(L"bb"));
-    scene.AddPackage(L"c.Lzh", Ombrel(L"cc"));
+    scene.AddPackage(L"c.Lzh", Both(Ombrel(L"表ソ能"), Ombrel(L"ｶﾅ")));
     Install({L"a.lzh", L"B.LZH", L"c.Lzh"});
-    ExpectLists({L"aa （a.lzh）", L"bb （B.LZH）", L"cc （c.Lzh）"}, {None}, {None});
-    EXPECT_TRUE(InHost(L"aa\\face.bmp") && InHost(L"bb\\face.bmp") && InHost(L"cc\\face.bmp"));
+    ExpectLists({L"aa （a.lzh）", L"bb （B.LZH）", L"表ソ能 （c.Lzh）", L"ｶﾅ （c.Lzh）"}, {None},
+                {None});
+    EXPECT_TRUE(InHost(L"aa\\face.bmp") && InHost(L"bb\\face.bmp") && InHost(L"ｶﾅ\\face.bmp"));
+    EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"aa", L"bb", L"表ソ能", L"ｶﾅ"));
 }
 
-TEST_F(InstallTest, EveryCharacterOfAPackageIsInstalled) {
-    scene.AddPackage(L"two.lzh", Both(Ombrel(L"表ソ能"), Ombrel(L"ｶﾅ")));
-    Install({L"two.lzh"});
-    ExpectLists({L"表ソ能 （two.lzh）", L"ｶﾅ （two.lzh）"}, {None}, {None});
-    EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"表ソ能", L"ｶﾅ"));
-}
-
-TEST_F(InstallTest, ArchiveIsUnpackedIntoTheStagingFolder) {
+TEST_F(InstallTest, ArchiveIsUnpackedIntoTheStagingFolderAlsoFromADriveRoot) {
     scene.AddPackage(L"mio.lzh", {});
+    files.AddFile(L"C:\\root.lzh");
     std::wstring folder;
     fake.unlha.onUnpack = [&](const std::wstring&) {
         folder = files.CurrentFolder();
@@ -133,16 +142,9 @@ TEST_F(InstallTest, ArchiveIsUnpackedIntoTheStagingFolder) {
     EXPECT_THAT(fake.unlha.calls,
                 ElementsAre(UnlhaFake::Call{&scene.screen, L"x \"C:\\Packs\\mio.lzh\"",
                                             L"\"C:\\TAMTMP\"", 0}));
-}
-
-TEST_F(InstallTest, ArchiveAtADriveRootHasNoDoubledBackslash) {
-    files.AddFile(L"C:\\root.lzh");
-    scene.state.ViewFolder = L"C:\\";
-    fake.unlha.onUnpack = [](const std::wstring&) {
-        return std::int16_t{0};
-    };
-    Install({L"root.lzh"});
-    EXPECT_EQ(fake.unlha.calls.at(0).command, L"x \"C:\\root.lzh\"");
+    model.browser.ShowFolder(L"C:\\");
+    scene.InstallFiles({L"root.lzh"});
+    EXPECT_EQ(fake.unlha.calls.at(1).command, L"x \"C:\\root.lzh\"");
 }
 
 class InstallOnAnotherDriveTest : public InstallTest {
@@ -151,25 +153,15 @@ class InstallOnAnotherDriveTest : public InstallTest {
 };
 
 TEST_F(InstallOnAnotherDriveTest, StagesAtTheRootOfTheHostFoldersDrive) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     bool staged = false;
     scene.screen.onConfirmation = [&] {
         staged = files.Exists(L"D:\\TAMTMP\\mio\\face.bmp");
     };
-    Install({L"mio.lzh"});
+    InstallMio();
     EXPECT_TRUE(staged);
     EXPECT_TRUE(InHost(L"mio\\face.bmp"));
     EXPECT_FALSE(files.Exists(L"D:\\TAMTMP"));
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
-}
-
-TEST_F(InstallTest, LeftOverStagingFolderIsNotInstalled) {
-    files.AddFile(L"C:\\TAMTMP\\old.obl");
-    files.AddFile(L"C:\\TAMTMP\\old\\x");
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
-    Install({L"mio.lzh"});
-    ExpectLists({L"mio （mio.lzh）"}, {None}, {None});
-    EXPECT_FALSE(InHost(L"old.obl"));
 }
 
 // --- Lists and thinning -------------------------------------------------------------------------
@@ -195,7 +187,8 @@ TEST_F(InstallTest, LooseDefinitionFileCannotBeInstalled) {
 
 TEST_F(InstallTest, InstalledCharacterIsListedAndNotInstalledAgain) {
     AddCharacter(files, L"C:\\Host", L"ABC");
-    scene.AddPackage(L"p.lzh", Both(Ombrel(L"abc"), Ombrel(L"mio")));
+    scene.AddPackage(L"p.lzh",
+                     Both(Both(Ombrel(L"abc"), Ombrel(L"mio")), {{L"lone.obl", "alone"}}));
     const auto staged = StagedWhenAsked({L"p.lzh"});
     ExpectLists({L"mio （p.lzh）"}, {None}, {L"ABC （p.lzh）"});
     EXPECT_EQ(staged.count(L"C:\\TAMTMP\\abc\\"), 0U);
@@ -204,6 +197,8 @@ TEST_F(InstallTest, InstalledCharacterIsListedAndNotInstalledAgain) {
     EXPECT_EQ(files.Contents(L"C:\\Host\\ABC.obl"), "definition");
     EXPECT_FALSE(InHost(L"ABC\\dat\\voice.wav"));
     EXPECT_TRUE(InHost(L"mio\\face.bmp"));
+    EXPECT_EQ(files.Contents(L"C:\\Host\\lone.obl"), "alone"); // goes with the others
+    EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"ABC", L"mio"));
 }
 
 TEST_F(InstallTest, OnlyInstalledCharactersLeaveNothingToInstall) {
@@ -233,19 +228,18 @@ TEST_F(InstallTest, StagedAreOnlyCharactersWhenTheUserIsAsked) {
     EXPECT_FALSE(InHost(L"readme.txt"));
 }
 
-TEST_F(InstallTest, LoneDefinitionOfAPackageIsCopiedWithTheOthers) {
-    scene.AddPackage(L"p.lzh", Both(Ombrel(L"mio"), {{L"lone.obl", "alone"}}));
-    Install({L"p.lzh"});
-    EXPECT_EQ(files.Contents(L"C:\\Host\\lone.obl"), "alone");
-    EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"mio"));
-}
-
-TEST_F(InstallTest, DefinitionFileLeftInTheHostIsOverwritten) {
+TEST_F(InstallTest, FolderThatTheHostHasIsCompletedAndALoneDefinitionOverwritten) {
     files.AddFile(L"C:\\Host\\mio.obl", "old");
-    scene.AddPackage(L"p.lzh", Ombrel(L"mio"));
-    Install({L"p.lzh"});
+    InstallMio();
     EXPECT_EQ(files.Contents(L"C:\\Host\\mio.obl"), "definition of m");
     EXPECT_THAT(fake.messages.Texts(), ElementsAre(Done));
+    files.DeleteTree(L"C:\\Host\\mio.obl");
+    files.DeleteTree(L"C:\\Host\\mio");
+    files.AddFile(L"C:\\Host\\mio\\mine", "mine");
+    InstallMio();
+    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\mine"), "mine");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\face.bmp"), "picture");
+    EXPECT_TRUE(InHost(L"mio.obl"));
 }
 
 TEST_F(InstallTest, WhatIsNoPackageIsListedInTheOrderOfTheFiles) {
@@ -291,31 +285,26 @@ TEST_F(InstallTest, NoteOfThePackageIsShown) {
     EXPECT_THAT(fake.starter.shown, ElementsAre(L"C:\\Host\\mio\\Read-x.txt"));
 }
 
-TEST_F(InstallTest, LauncherEntriesAreMergedWhenAllowed) {
+TEST_F(InstallTest, LauncherEntriesAreMergedOnlyWhenAllowed) {
     files.AddFile(L"C:\\Host\\kva.def", "#mine\r\na,b,1\r\n");
-    scene.state.KvaOption = L"ON";
     scene.AddPackage(L"p.lzh", Both(Ombrel(L"mio"), {{L"mio\\KVA.DEF", "a,b,2\r\nc,d,3\r\n"},
                                                      {L"KVA.DEF", "a,b,7\r\n"}}));
+    scene.state.KvaOption = L"OFF";
+    Install({L"p.lzh"});
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "#mine\r\na,b,1\r\n");
+    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\KVA.DEF"), "a,b,2\r\nc,d,3\r\n");
+    files.DeleteTree(L"C:\\Host\\mio.obl");
+    scene.state.KvaOption = L"ON";
     Install({L"p.lzh"});
     EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "#mine\r\na,b,2\r\nc,d,3\r\n");
     EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), "#mine\r\na,b,1\r\n");
 }
 
-TEST_F(InstallTest, LauncherEntriesAreLeftAloneWhenNotAllowed) {
-    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
-    scene.state.KvaOption = L"OFF";
-    scene.AddPackage(L"p.lzh", Both(Ombrel(L"mio"), {{L"mio\\KVA.DEF", "a,b,2\r\n"}}));
-    Install({L"p.lzh"});
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,1\r\n");
-    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\KVA.DEF"), "a,b,2\r\n");
-}
-
 // --- Other ends ---------------------------------------------------------------------------------
 
 TEST_F(InstallTest, CancelLeavesTheHostAndTheSelectionAlone) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     scene.screen.answer = AnswerCancel;
-    Install({L"mio.lzh"});
+    InstallMio();
     ExpectHostUntouched();
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
     EXPECT_THAT(fake.messages.shown, ElementsAre(Box{MessageBoxesFake::Kind::Inform, Cancelled,
@@ -324,25 +313,6 @@ TEST_F(InstallTest, CancelLeavesTheHostAndTheSelectionAlone) {
     EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
     EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9)); // the rules have run again
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
-}
-
-TEST_F(InstallTest, CancelTellsOnceTheStagingFolderIsGone) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
-    scene.screen.answer = AnswerCancel;
-    fake.messages.onShow = [&](const Box&) {
-        EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
-    };
-    Install({L"mio.lzh"});
-    EXPECT_THAT(fake.messages.Texts(), ElementsAre(Cancelled));
-}
-
-TEST_F(InstallTest, SelectionStaysUntilTheUserHasSeenTheEnd) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
-    fake.messages.onShow = [&](const Box&) {
-        EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
-    };
-    Install({L"mio.lzh"});
-    EXPECT_THAT(fake.messages.Texts(), ElementsAre(Done));
 }
 
 TEST_F(InstallTest, FolderMayBeSpelledUnlikeItsDefinitionFile) {
@@ -355,21 +325,19 @@ TEST_F(InstallTest, FolderMayBeSpelledUnlikeItsDefinitionFile) {
 
 // The session ends while the user is asked: nothing was answered, so nothing is installed or said.
 TEST_F(InstallTest, MainWindowThatIsClosedMeanwhileEndsItSilently) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     scene.screen.answer.reset();
     scene.screen.onConfirmation = [&] {
         scene.screen.open = false;
     };
-    Install({L"mio.lzh"});
+    InstallMio();
     ExpectHostUntouched();
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
 
 TEST_F(InstallTest, ClosingTheWindowByItsFrameGoesOn) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     scene.screen.answer.reset();
-    Install({L"mio.lzh"});
+    InstallMio();
     EXPECT_TRUE(InHost(L"mio\\face.bmp"));
     EXPECT_THAT(fake.messages.Texts(), ElementsAre(Done));
 }
@@ -391,33 +359,19 @@ TEST_F(InstallTest, DamagedArchiveEndsTheInstallAtOnce) {
     EXPECT_TRUE(model.buttons[1]);
 }
 
-TEST_F(InstallTest, AnyReturnCodeButZeroIsAFailure) {
+TEST_F(InstallTest, AnyReturnCodeButZeroIsAFailureToldWhileTheStagingIsStillThere) {
     for (const int code : {1, -1, 0x7FFF, -0x8000}) {
-        scene.AddPackage(L"a.lzh", Ombrel(L"mio"), static_cast<std::int16_t>(code));
+        scene.AddPackage(L"a.lzh", {{L"half\\x"}}, static_cast<std::int16_t>(code));
+        bool staged = false;
+        fake.messages.onShow = [&](const Box&) {
+            staged = files.Exists(L"C:\\TAMTMP\\half\\x");
+        };
         Install({L"a.lzh"});
+        EXPECT_TRUE(staged);
+        EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
         EXPECT_THAT(scene.screen.confirmations, IsEmpty());
         ExpectHostUntouched();
     }
-}
-
-TEST_F(InstallTest, StagingIsStillThereWhileTheFailureIsTold) {
-    scene.AddPackage(L"a.lzh", {{L"half\\x"}}, 1);
-    bool staged = false;
-    fake.messages.onShow = [&](const Box&) {
-        staged = files.Exists(L"C:\\TAMTMP\\half\\x");
-    };
-    Install({L"a.lzh"});
-    EXPECT_TRUE(staged);
-    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
-}
-
-TEST_F(InstallTest, FolderThatTheHostHasWithoutDefinitionIsCompleted) {
-    files.AddFile(L"C:\\Host\\mio\\mine", "mine");
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
-    Install({L"mio.lzh"});
-    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\mine"), "mine");
-    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\face.bmp"), "picture");
-    EXPECT_TRUE(InHost(L"mio.obl"));
 }
 
 // --- The staging folder's surroundings
@@ -451,30 +405,32 @@ TEST_F(InstallTest, StagedFilesThatCannotBeDeletedEndTheInstallBeforeAnythingIsC
 }
 
 TEST_F(InstallTest, WhatLiesInTheStagingFolderIsNeitherUsedNorDeleted) {
+    constexpr wchar_t refusal[] = L"TAMTMP は作業用フォルダです。";
     scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     AddHost(files, L"C:\\TAMTMP\\host");
     files.AddFile(L"C:\\TAMTMP\\left.lzh", "archive");
     const auto before = files.Snapshot();
     scene.Open();
-    const auto expectRefused = [&] {
-        scene.main.InstallPressed(scene.screen);
+    const auto expectRefused = [&](const std::function<void()>& command) {
+        command();
         EXPECT_EQ(files.Snapshot(), before);
-        ASSERT_EQ(fake.messages.shown.size(), 1U);
-        EXPECT_TRUE(StartsWith(fake.messages.shown[0].text, L"TAMTMP は作業用フォルダです。"));
-        EXPECT_TRUE(scene.screen.enabled);
-        fake.messages.shown.clear();
+        ExpectRefused(refusal);
+    };
+    const auto install = [&] {
+        scene.main.InstallPressed(scene.screen);
     };
     for (const wchar_t* host : {L"C:\\TAMTMP\\host", L"c:/tamtmp", L"C:\\\\TAMTMP\\host\\"}) {
         model.combo.entries = {host};
         model.combo.selected = 0;
-        expectRefused();
-        scene.main.PrepareStagingPressed();
-        EXPECT_EQ(files.Snapshot(), before);
-        fake.messages.shown.clear();
+        expectRefused(install);
+        expectRefused([&] { scene.main.PrepareStagingPressed(); });
     }
     model.combo.entries = {L"C:\\Host"};
+    model.browser.ShowFolder(L"C:\\TAMTMP");
+    expectRefused([&] { scene.InstallFiles({L"left.lzh"}); });
+    model.browser.ShowFolder(L"C:\\Packs");
     fake.platform.programFolder = L"C:\\TAMTMP\\Tamblin";
-    expectRefused();
+    expectRefused(install);
 }
 
 // A link to the staging folder, or a drive that `subst` has made of it.
@@ -484,55 +440,30 @@ TEST_F(InstallTest, WhatIsReachedByAnotherNameOfTheStagingFolderIsNeitherUsedNor
     scene.state.ViewFolder = L"C:\\other";
     Install({L"left.lzh"});
     EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\deep\\left.lzh"));
-    EXPECT_THAT(fake.unlha.calls, IsEmpty());
-    ASSERT_EQ(fake.messages.shown.size(), 1U);
-    EXPECT_TRUE(StartsWith(fake.messages.shown[0].text, L"TAMTMP は作業用フォルダです。"));
+    ExpectRefused(L"TAMTMP は作業用フォルダです。");
 }
 
 // The link goes, and what it leads to stays.
 TEST_F(InstallTest, WhatALinkInPlaceOfTheStagingFolderLeadsToMayBeUsed) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     files.AddLink(L"C:\\TAMTMP", scene.state.ViewFolder);
-    Install({L"mio.lzh"});
+    InstallMio();
     EXPECT_TRUE(files.Exists(L"C:\\Host\\mio.obl"));
-}
-
-TEST_F(InstallTest, ArchivePickedFromTheStagingFolderIsNeitherUsedNorDeleted) {
-    files.AddFile(L"C:\\TAMTMP\\left.lzh", "archive");
-    scene.state.ViewFolder = L"C:\\TAMTMP";
-    Install({L"left.lzh"});
-    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\left.lzh"));
-    EXPECT_THAT(fake.unlha.calls, IsEmpty());
-    EXPECT_EQ(fake.messages.shown.size(), 1U);
 }
 
 TEST_F(InstallTest, StagingFolderOfAnotherSessionIsLeftAlone) {
     files.AddFile(L"C:\\TAMTMP\\theirs\\a", "theirs");
     files.HoldElsewhere(L"C:\\TAMTMP");
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
-    Install({L"mio.lzh"});
+    InstallMio();
     EXPECT_EQ(files.Contents(L"C:\\TAMTMP\\theirs\\a"), "theirs");
     ExpectHostUntouched();
-    ASSERT_EQ(fake.messages.shown.size(), 1U);
-    EXPECT_TRUE(StartsWith(fake.messages.shown[0].text, L"C:\\TAMTMP は、ほかのユーザー"));
-    EXPECT_TRUE(scene.screen.enabled);
+    ExpectRefused(L"C:\\TAMTMP は、ほかのユーザー");
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
 }
 
-TEST_F(InstallTest, StagingFolderIsHeldUntilTheInstallEnds) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
-    scene.screen.onConfirmation = [&] {
-        EXPECT_EQ(files.HeldFolder(), L"C:\\TAMTMP");
-    };
-    Install({L"mio.lzh"});
-    EXPECT_EQ(files.HeldFolder(), L"");
-}
-
 TEST_F(InstallTest, InstalledFilesHaveThePermissionsOfTheHostFolder) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     files.SetPermissions(L"C:\\", L"everybody");
     files.SetPermissions(L"C:\\Host", L"the family");
-    Install({L"mio.lzh"});
+    InstallMio();
     for (const wchar_t* path : {L"mio.obl", L"mio", L"mio\\face.bmp", L"mio\\dat\\voice.wav"})
         EXPECT_EQ(files.PermissionsOf(std::wstring(L"C:\\Host\\") + path), L"the family") << path;
 }
@@ -582,11 +513,10 @@ TEST_F(InstallTest, WorkThatFailsIsNoLongerUnderWay) {
 }
 
 TEST_F(InstallTest, HostFolderThatVanishesMeanwhileIsReported) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     scene.screen.onConfirmation = [&] {
         files.DeleteTree(L"C:\\Host");
     };
-    EXPECT_EQ(ErrorOf([&] { Install({L"mio.lzh"}); }), ErrorNumber::PathNotFound);
+    EXPECT_EQ(ErrorOf([&] { InstallMio(); }), ErrorNumber::PathNotFound);
     EXPECT_TRUE(scene.screen.enabled);
     EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\mio\\face.bmp"));
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");

@@ -18,6 +18,14 @@ class MainScreenTest : public testing::Test {
         scene.AddPackage(L"mio.lzh", {});
     }
     const std::vector<std::wstring>& Installed() const { return model.installed.names.Entries(); }
+    void SelectBoth() {
+        Select(model.installed.names, {L"abc"});
+        Select(model.browser.Files(), {L"mio.lzh"});
+        main.FileListClicked();
+    }
+    void ExpectMissing(const std::function<void()>& command) {
+        EXPECT_EQ(ErrorOf(command), ErrorNumber::PathNotFound);
+    }
 
     MainWindowScene scene;
     MemoryFileSystem& files = scene.files;
@@ -70,26 +78,19 @@ TEST_F(MainScreenTest, ActivationShowsWhatOtherWindowsHaveChanged) {
     EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Packs\\"); // not the folder of the settings again
 }
 
-TEST_F(MainScreenTest, ActivationKeepsTheFolderThatIsBrowsed) {
+TEST_F(MainScreenTest, ActivationKeepsTheFolderThatIsBrowsedAndAppliesTheRules) {
     main.Load();
+    SelectBoth();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 9, 11, 13));
     state.BrowseStartFolder = L"C:\\Second\\";
     main.Activate();
     EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Second\\");
-}
-
-TEST_F(MainScreenTest, ActivationThatTakesSelectionsAppliesTheRules) {
-    main.Load();
-    Select(model.installed.names, {L"abc"});
-    Select(model.browser.Files(), {L"mio.lzh"});
-    main.FileListClicked();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 9, 11, 13));
-    main.Activate();
     EXPECT_THAT(EnabledButtons(model), IsEmpty());
 }
 
 TEST_F(MainScreenTest, HostFolderThatIsGoneFailsAndLeavesTheBrowserUsable) {
     files.DeleteTree(L"C:\\Host");
-    EXPECT_EQ(ErrorOf([&] { main.Load(); }), ErrorNumber::PathNotFound);
+    ExpectMissing([&] { main.Load(); });
     EXPECT_THAT(Installed(), IsEmpty());
     EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Packs\\");
     main.ComboSelected(1);
@@ -101,11 +102,11 @@ TEST_F(MainScreenTest, HostFolderThatIsGoneIsReportedOncePerLoss) {
     main.Load();
     for (int loss = 0; loss < 2; ++loss) {
         files.DeleteTree(L"C:\\Host");
-        EXPECT_EQ(ErrorOf([&] { main.Activate(); }), ErrorNumber::PathNotFound);
+        ExpectMissing([&] { main.Activate(); });
         main.Activate();
         main.Activate();
         EXPECT_THAT(Installed(), IsEmpty());
-        EXPECT_EQ(ErrorOf([&] { main.ComboSelected(0); }), ErrorNumber::PathNotFound);
+        ExpectMissing([&] { main.ComboSelected(0); });
         main.Activate();
         AddHost(files, L"C:\\Host");
         AddCharacter(files, L"C:\\Host", L"abc");
@@ -118,19 +119,10 @@ TEST_F(MainScreenTest, EveryHostFolderThatIsGoneIsReported) {
     main.Load();
     files.DeleteTree(L"C:\\Host");
     files.DeleteTree(L"C:\\Second");
-    EXPECT_EQ(ErrorOf([&] { main.Activate(); }), ErrorNumber::PathNotFound);
+    ExpectMissing([&] { main.Activate(); });
     state.DefaultFolder = L"C:\\Second";
-    EXPECT_EQ(ErrorOf([&] { main.Activate(); }), ErrorNumber::PathNotFound);
+    ExpectMissing([&] { main.Activate(); });
     main.Activate();
-}
-
-TEST_F(MainScreenTest, ChoiceOfAHostFolderThatIsGoneLeavesNoButtonOfTheLostSelection) {
-    main.Load();
-    Select(model.installed.names, {L"abc"});
-    main.InstalledListClicked();
-    files.DeleteTree(L"C:\\Host");
-    EXPECT_EQ(ErrorOf([&] { main.ComboSelected(0); }), ErrorNumber::PathNotFound);
-    EXPECT_THAT(EnabledButtons(model), IsEmpty());
 }
 
 class BrokenOffUninstall : public MainScreenTest {
@@ -162,22 +154,17 @@ TEST_F(BrokenOffUninstall, LeavesTheReadmesOfTheOtherCharactersInReach) {
 
 // --- The combo ----------------------------------------------------------------------------------
 
-TEST_F(MainScreenTest, ChoiceInTheComboBecomesTheCurrentHostFolder) {
-    main.Load();
-    main.ComboSelected(1);
-    EXPECT_EQ(state.DefaultFolder, L"C:\\Second");
-    EXPECT_THAT(Installed(), ElementsAre(L"xyz"));
-    main.Activate();
-    EXPECT_EQ(model.combo.Text(), L"C:\\Second");
-}
-
-TEST_F(MainScreenTest, AnotherChoiceReevaluatesTheButtons) {
+TEST_F(MainScreenTest, ChoiceInTheComboBecomesTheCurrentHostFolderAndDecidesOnTheButtons) {
     main.Load();
     Select(model.installed.names, {L"abc"});
     main.InstalledListClicked();
     EXPECT_THAT(EnabledButtons(model), ElementsAre(5, 7, 11, 13));
     main.ComboSelected(1);
+    EXPECT_EQ(state.DefaultFolder, L"C:\\Second");
+    EXPECT_THAT(Installed(), ElementsAre(L"xyz"));
     EXPECT_THAT(EnabledButtons(model), IsEmpty());
+    main.Activate();
+    EXPECT_EQ(model.combo.Text(), L"C:\\Second");
 }
 
 TEST_F(MainScreenTest, SameChoiceRebuildsTheListWithoutApplyingTheRules) {
@@ -209,19 +196,19 @@ class LostSelection : public MainScreenTest {
     }
 };
 
-TEST_F(LostSelection, ByTheSameChoiceLeavesNoButtonLitThatNeedsACharacter) {
+TEST_F(LostSelection, ByAChoiceLeavesNoButtonLitThatNeedsACharacter) {
     main.ComboSelected(0);
     ExpectNoneOfACharacter();
-}
-
-TEST_F(LostSelection, ByAnotherChoiceLeavesNoButtonLitThatNeedsACharacter) {
+    Select(model.installed.names, {L"abc"});
+    main.InstalledListClicked();
+    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 4, 5, 7, 9, 11, 13, 14));
     main.ComboSelected(1);
     ExpectNoneOfACharacter();
 }
 
 TEST_F(LostSelection, ByAFolderThatCannotBeListedLeavesNoButtonLitThatNeedsACharacter) {
     files.DeleteTree(L"C:\\Host");
-    EXPECT_EQ(ErrorOf([&] { main.ComboSelected(0); }), ErrorNumber::PathNotFound);
+    ExpectMissing([&] { main.ComboSelected(0); });
     ExpectNoneOfACharacter();
 }
 
@@ -249,20 +236,24 @@ TEST_F(MainScreenTest, ClicksInEitherListApplyTheRules) {
     EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 9, 11, 13));
 }
 
-TEST_F(MainScreenTest, OpeningATreeRowAppliesTheRulesToALostSelection) {
-    main.Load();
-    Select(model.browser.Files(), {L"mio.lzh"});
-    main.FileListClicked();
-    main.TreeRowOpened(1);
-    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\");
-    EXPECT_THAT(EnabledButtons(model), IsEmpty());
+TEST_F(MainScreenTest, WaysThroughTheTreeApplyTheRulesToALostSelection) {
+    for (const bool up : {false, true}) {
+        main.Load();
+        Select(model.browser.Files(), {L"mio.lzh"});
+        main.FileListClicked();
+        if (up)
+            main.TreeUpPressed();
+        else
+            main.TreeRowOpened(1);
+        EXPECT_EQ(model.browser.ShownFolder(), L"C:\\");
+        EXPECT_THAT(EnabledButtons(model), IsEmpty());
+        state.ViewFolder = L"C:\\Packs";
+    }
 }
 
 TEST_F(MainScreenTest, DeselectingFilesDisablesItsOwnButtonOnly) {
     main.Load();
-    Select(model.installed.names, {L"abc"});
-    Select(model.browser.Files(), {L"mio.lzh"});
-    main.InstalledListClicked();
+    SelectBoth();
     main.DeselectFilesPressed();
     EXPECT_THAT(SelectedEntries(model.browser.Files()), IsEmpty());
     EXPECT_THAT(SelectedEntries(model.installed.names), ElementsAre(L"abc"));
@@ -394,18 +385,13 @@ TEST_F(MainScreenTest, RefreshShowsWhatIsNewAndKeepsWhatIsSelected) {
     EXPECT_EQ(EnabledButtons(model), before);
 }
 
-TEST_F(MainScreenTest, RefreshAppliesTheRulesToWhatIsLeftOfTheSelection) {
+TEST_F(MainScreenTest, RefreshAppliesTheRulesToWhatIsLeftOfTheSelectionIfAnything) {
     main.Load();
-    Select(model.installed.names, {L"abc"});
-    Select(model.browser.Files(), {L"mio.lzh"});
-    main.FileListClicked();
+    SelectBoth();
     files.DeleteTree(L"C:\\Packs\\mio.lzh");
     main.RefreshPressed();
     EXPECT_THAT(EnabledButtons(model), ElementsAre(5, 7, 11, 13));
-}
-
-TEST_F(MainScreenTest, RefreshWithNothingSelectedLeavesTheButtons) {
-    main.Load();
+    main.DeselectInstalledPressed();
     model.buttons[1] = true; // as after an install
     main.RefreshPressed();
     EXPECT_THAT(EnabledButtons(model), ElementsAre(1));
@@ -417,19 +403,10 @@ TEST_F(MainScreenTest, RefreshReportsALostHostFolderEachTimeAndReadsTheRest) {
     files.DeleteTree(L"C:\\Host");
     for (int time = 0; time < 2; ++time) {
         scene.AddPackage(L"new" + std::to_wstring(time) + L".lzh", {});
-        EXPECT_EQ(ErrorOf([&] { main.RefreshPressed(); }), ErrorNumber::PathNotFound);
+        ExpectMissing([&] { main.RefreshPressed(); });
         EXPECT_EQ(model.browser.Files().Size(), static_cast<size_t>(time) + 2);
         EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
     }
-}
-
-TEST_F(MainScreenTest, TheWayUpAppliesTheRulesToALostSelection) {
-    main.Load();
-    Select(model.browser.Files(), {L"mio.lzh"});
-    main.FileListClicked();
-    main.TreeUpPressed();
-    EXPECT_EQ(model.browser.ShownFolder(), L"C:\\");
-    EXPECT_THAT(EnabledButtons(model), IsEmpty());
 }
 
 // --- Files dropped on the window
@@ -449,17 +426,13 @@ class DropTest : public MainScreenTest {
     }
 };
 
-TEST_F(DropTest, ShowsTheirFolderAndSelectsTheArchives) {
+TEST_F(DropTest, ShowsTheirFolderAsADoubleClickWouldAndSelectsTheArchives) {
     Select(model.browser.Files(), {L"mio.lzh"});
     EXPECT_TRUE(main.FilesDropped(
         {L"C:\\Downloads\\two.lzh", L"C:\\Downloads\\note.txt", L"c:\\downloads\\ONE.LZH"}));
     EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"one.LZH", L"two.lzh"));
     EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
     EXPECT_THAT(fake.messages.shown, IsEmpty());
-}
-
-TEST_F(DropTest, ShowsTheFolderAsADoubleClickWould) {
-    main.FilesDropped({L"C:\\Downloads\\two.lzh"});
     EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Downloads\\");
     EXPECT_EQ(model.browser.Rows()[model.browser.SelectedRow()], L"  + Downloads");
 }
@@ -486,36 +459,23 @@ TEST_F(DropTest, ArchivesThatAreNotListedAreRefused) {
 
 // --- Status line --------------------------------------------------------------------------------
 
-struct StatusCase {
-    size_t command;
-    const wchar_t* text;
-};
-
-class StatusTextTest : public testing::TestWithParam<StatusCase> {};
-
-TEST_P(StatusTextTest, ExplainsTheButton) {
-    EXPECT_EQ(MainScreen::StatusText(GetParam().command), GetParam().text);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Buttons, StatusTextTest,
-    testing::Values(StatusCase{1, L"選択しているパッケージをインストールします。"},
-                    StatusCase{3, L"ombrel.exeをアップデートします。"},
-                    StatusCase{4, L"該当オンブレルのオンブレル定義ファイルをアップデートします。"},
-                    StatusCase{5, L"選択されているオンブレルをアンインストールします。"},
-                    StatusCase{6, L"ヴィモラフォルダの設定を行います。"},
-                    StatusCase{7, L"「導入済オンブレル一覧」のファイル選択を解除します。"},
-                    StatusCase{8, L"Tamblinを終了します。"},
-                    StatusCase{9, L"「すべてのフォルダ」のファイル選択を解除します。"},
-                    StatusCase{10, L"Tamblinの簡単な操作説明です。"},
-                    StatusCase{11,
-                               L"選択しているオンブレルを、通常起動時のオンブレルに設定します。"},
-                    StatusCase{12, L"ヴィモラフォルダの不具合を検出します。"},
-                    StatusCase{13, L"選択されているオンブレルを呼び出します。"},
-                    StatusCase{14, L"選択されているオンブレルの README ファイルを表示します。"}),
-    [](const auto& button) { return "Command" + std::to_string(button.param.command); });
-
-TEST(StatusText, SecondActionButtonHasNone) {
+TEST(StatusText, ExplainsTheButtons) {
+    const std::pair<size_t, const wchar_t*> texts[] = {
+        {1, L"選択しているパッケージをインストールします。"},
+        {3, L"ombrel.exeをアップデートします。"},
+        {4, L"該当オンブレルのオンブレル定義ファイルをアップデートします。"},
+        {5, L"選択されているオンブレルをアンインストールします。"},
+        {6, L"ヴィモラフォルダの設定を行います。"},
+        {7, L"「導入済オンブレル一覧」のファイル選択を解除します。"},
+        {8, L"Tamblinを終了します。"},
+        {9, L"「すべてのフォルダ」のファイル選択を解除します。"},
+        {10, L"Tamblinの簡単な操作説明です。"},
+        {11, L"選択しているオンブレルを、通常起動時のオンブレルに設定します。"},
+        {12, L"ヴィモラフォルダの不具合を検出します。"},
+        {13, L"選択されているオンブレルを呼び出します。"},
+        {14, L"選択されているオンブレルの README ファイルを表示します。"}};
+    for (const auto& [command, text] : texts)
+        EXPECT_EQ(MainScreen::StatusText(command), text);
     EXPECT_FALSE(MainScreen::StatusText(2));
 }
 

@@ -7,9 +7,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <array>
 #include <cstddef>
+#include <functional>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "platform/win32/win32_attributes.h"
@@ -64,6 +65,8 @@ TEST_F(Win32FileSystemTest, ReadsFilesThatAnotherProgramIsWriting) {
     CloseHandle(writer);
 }
 
+constexpr DWORD everything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
 // Another program that has a file open, and closes it in the middle of an operation of ours.
 class Holder {
   public:
@@ -86,121 +89,94 @@ class Holder {
     HANDLE handle;
 };
 
-struct HeldCase {
-    const char* name;
-    const wchar_t* held;
-    void (*operation)(Win32FileSystem& files, const std::wstring& folder);
-    void (*check)(Win32FileSystem& files, const std::wstring& folder);
-};
+// What a, b and c hold; nothing where they are not there.
+using Contents = std::array<std::string, 3>;
+using Operation = std::function<void(Win32FileSystem& files, const std::wstring& top)>;
 
-class HeldFiles : public testing::TestWithParam<std::tuple<HeldCase, DWORD>> {
-  protected:
-    TemporaryFolder folder;
-};
-
-void ExpectContents(Win32FileSystem& files, const std::wstring& path, const char* bytes) {
-    EXPECT_EQ(files.Read(path), bytes);
+void ForEachHeldFile(const std::function<void(const wchar_t* held, const Contents& after,
+                                              const Operation&)>& visit) {
+    const auto replace = [](auto& files, auto& top) {
+        files.Replace(top + L"a", top + L"b");
+    };
+    visit(L"a", {"", "b", ""}, [](auto& files, auto& top) { files.Delete(top + L"a"); });
+    visit(L"a", {"", "b", "a"},
+          [](auto& files, auto& top) { files.Rename(top + L"a", top + L"c"); });
+    visit(L"a", {"new", "b", ""}, [](auto& files, auto& top) { files.Write(top + L"a", "new"); });
+    visit(L"b", {"a", "a", ""}, [](auto& files, auto& top) { files.Copy(top + L"a", top + L"b"); });
+    visit(L"b", {"", "a", ""}, replace);
+    visit(L"a", {"", "a", ""}, replace);
+    visit(L"a", {"", "b", "a"},
+          [](auto& files, auto& top) { files.Replace(top + L"a", top + L"c"); });
 }
 
-// The scanner holds it until the operation has tried five times.
-TEST_P(HeldFiles, AreWaitedFor) {
-    const auto& [row, share] = GetParam();
+// A folder with the files a and b, of which another program holds one.
+struct HeldFile {
+    HeldFile(const std::wstring& held, DWORD share)
+        : path(top + held), scanner((Fill(), path), share) {}
+
+    void Expect(const Contents& contents) {
+        size_t there = 1; // the subfolder
+        for (size_t index = 0; index < 3; ++index) {
+            const std::wstring file = top + L"abc"[index];
+            const bool isThere = plain.Find(file).has_value();
+            EXPECT_EQ(isThere ? plain.Read(file) : "", contents[index]) << file;
+            there += isThere;
+        }
+        EXPECT_EQ(plain.List(top).size(), there); // and nothing that should have taken a place
+    }
+
+    TemporaryFolder folder;
     Win32FileSystem plain;
-    const std::wstring top = folder.Path();
-    plain.MakeFolder(top + L"\\sub");
-    plain.Write(top + L"\\a", "a");
-    plain.Write(top + L"\\b", "b");
-    Holder scanner(top + L'\\' + row.held, share);
-    int pauses = 0;
-    Win32FileSystem files({Patience::usual, [&](Patience::Milliseconds) {
-                               if (++pauses == 5)
-                                   scanner.LetGo();
-                           }});
-    row.operation(files, top);
-    scanner.LetGo();
-    row.check(plain, top);
-    EXPECT_LE(pauses, 5);
-    for (const FolderEntry& entry : plain.List(top))
-        EXPECT_EQ(entry.name.find(L".new"), std::wstring::npos);
+    const std::wstring top = folder.Path() + L"\\";
+    const std::wstring path;
+    Holder scanner;
+
+  private:
+    void Fill() {
+        plain.MakeFolder(top + L"sub");
+        plain.Write(top + L"a", "a");
+        plain.Write(top + L"b", "b");
+    }
+};
+
+// The scanner holds it until the operation has tried five times.
+TEST(HeldFiles, AreWaitedFor) {
+    for (const DWORD share : {DWORD{FILE_SHARE_READ}, everything})
+        ForEachHeldFile(
+            [&](const wchar_t* held, const Contents& after, const Operation& operation) {
+                HeldFile file(held, share);
+                int pauses = 0;
+                Win32FileSystem files({Patience::usual, [&](Patience::Milliseconds) {
+                                           if (++pauses == 5)
+                                               file.scanner.LetGo();
+                                       }});
+                operation(files, file.top);
+                file.scanner.LetGo();
+                file.Expect(after);
+                EXPECT_LE(pauses, 5);
+            });
 }
 
 // One that never lets go is given up, and nothing has happened.
-TEST_P(HeldFiles, AreGivenUpWhenTheTimeIsUp) {
-    const auto& [row, share] = GetParam();
-    if ((share & FILE_SHARE_DELETE) != 0)
-        GTEST_SKIP() << "the file can be deleted and moved";
-    Win32FileSystem plain;
-    const std::wstring top = folder.Path();
-    plain.MakeFolder(top + L"\\sub");
-    plain.Write(top + L"\\a", "a");
-    plain.Write(top + L"\\b", "b");
-    Holder scanner(top + L'\\' + row.held, share);
-    Patience::Milliseconds waited{0};
-    Win32FileSystem files({Patience::usual, [&](Patience::Milliseconds time) {
-                               waited += time;
-                           }});
-    try {
-        row.operation(files, top);
-        ADD_FAILURE() << "it succeeds";
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::PermissionDenied);
-        EXPECT_EQ(error.Path(), top + L'\\' + row.held);
-    }
-    EXPECT_GE(waited, Patience::usual);
-    scanner.LetGo();
-    ExpectContents(plain, top + L"\\a", "a");
-    ExpectContents(plain, top + L"\\b", "b");
-    EXPECT_EQ(plain.List(top).size(), 3U);
+TEST(HeldFiles, AreGivenUpWhenTheTimeIsUp) {
+    ForEachHeldFile([](const wchar_t* held, const Contents&, const Operation& operation) {
+        HeldFile file(held, FILE_SHARE_READ);
+        Patience::Milliseconds waited{0};
+        Win32FileSystem files({Patience::usual, [&](Patience::Milliseconds time) {
+                                   waited += time;
+                               }});
+        try {
+            operation(files, file.top);
+            ADD_FAILURE() << "it succeeds";
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::PermissionDenied);
+            EXPECT_EQ(error.Path(), file.path);
+        }
+        EXPECT_GE(waited, Patience::usual);
+        file.scanner.LetGo();
+        file.Expect({"a", "b", ""});
+    });
 }
-
-const HeldCase heldCases[] = {
-    {"Delete", L"a", [](auto& files, const std::wstring& top) { files.Delete(top + L"\\a"); },
-     [](auto& files, const std::wstring& top) {
-         EXPECT_FALSE(files.Find(top + L"\\a"));
-     }},
-    {"Rename", L"a",
-     [](auto& files, const std::wstring& top) { files.Rename(top + L"\\a", top + L"\\c"); },
-     [](auto& files, const std::wstring& top) {
-         ExpectContents(files, top + L"\\c", "a");
-     }},
-    {"Write", L"a", [](auto& files, const std::wstring& top) { files.Write(top + L"\\a", "new"); },
-     [](auto& files, const std::wstring& top) {
-         ExpectContents(files, top + L"\\a", "new");
-     }},
-    {"CopyTarget", L"b",
-     [](auto& files, const std::wstring& top) { files.Copy(top + L"\\a", top + L"\\b"); },
-     [](auto& files, const std::wstring& top) {
-         ExpectContents(files, top + L"\\b", "a");
-     }},
-    {"ReplaceTarget", L"b",
-     [](auto& files, const std::wstring& top) { files.Replace(top + L"\\a", top + L"\\b"); },
-     [](auto& files, const std::wstring& top) {
-         ExpectContents(files, top + L"\\b", "a");
-         EXPECT_FALSE(files.Find(top + L"\\a"));
-     }},
-    {"ReplaceSource", L"a",
-     [](auto& files, const std::wstring& top) { files.Replace(top + L"\\a", top + L"\\b"); },
-     [](auto& files, const std::wstring& top) {
-         ExpectContents(files, top + L"\\b", "a");
-     }},
-    {"Move", L"a",
-     [](auto& files, const std::wstring& top) { files.Replace(top + L"\\a", top + L"\\c"); },
-     [](auto& files, const std::wstring& top) {
-         ExpectContents(files, top + L"\\c", "a");
-     }},
-};
-
-INSTANTIATE_TEST_SUITE_P(Win32, HeldFiles,
-                         testing::Combine(testing::ValuesIn(heldCases),
-                                          testing::Values(DWORD{FILE_SHARE_READ},
-                                                          DWORD{FILE_SHARE_READ | FILE_SHARE_WRITE |
-                                                                FILE_SHARE_DELETE})),
-                         [](const auto& instance) {
-                             const bool shared =
-                                 (std::get<1>(instance.param) & FILE_SHARE_DELETE) != 0;
-                             return std::string(std::get<0>(instance.param).name) +
-                                    (shared ? "Shared" : "");
-                         });
 
 // Wine lets nobody feel a locked part of a file, so that the error is made here.
 TEST_F(Win32FileSystemTest, WhatMayPassIsTriedAgain) {
@@ -238,10 +214,9 @@ TEST_F(Win32FileSystemTest, FileWithALongNameIsReplaced) {
 }
 
 TEST_F(Win32FileSystemTest, DeletedFileThatIsStillOpenIsWaitedFor) {
-    constexpr DWORD all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     files.MakeFolder(In(L"sub"));
     files.Write(In(L"sub\\a"), "old");
-    Holder scanner(In(L"sub\\a"), all);
+    Holder scanner(In(L"sub\\a"), everything);
     int pauses = 0;
     Win32FileSystem waiting({Patience::usual, [&](Patience::Milliseconds) {
                                  if (++pauses == 5)
