@@ -43,33 +43,36 @@ class EveryFormTest : public WindowScene {
         EXPECT_EQ(FaultsOf(form), "");
     }
 
+    void RunCheck() {
+        MainModel model(fake.platform, state);
+        model.combo.entries = {L"C:\\Vimora"};
+        model.combo.selected = 0;
+        check.RunCheck(model);
+    }
+
     SettingsState state;
     HandOverFake handOver;
+    FolderCheck check{fake.platform};
 };
 
 using enum ControlKind;
 
-std::vector<Element> WizardElements(const wchar_t* giveUp) {
-    return {{Label, 1, L"Static", L"Tamblin に必要な情報を設定します。"},
-            {Label, 2, L"Static", L"設定項目"},
-            {Label, 3, L"Static", L"・Vimoraフォルダの指定"},
-            {Command, 2, L"Button", L"自動検出"},
-            {Label, 5, L"Static", L"見つけさせる"},
-            {Command, 1, L"Button", L"手動設定"},
-            {Label, 4, L"Static", L"自分で指定する"},
-            {Command, 3, L"Button", giveUp},
-            {Label, 6, L"Static", L"作業をやめる"}};
-}
-
-constexpr wchar_t WizardTitle[] = L"環境設定ウィザード  - Tamblin -";
-
 TEST_F(EveryFormTest, SetUpWizard) {
-    ExpectSound(Shown<Form2>(fake.platform, state, handOver), WizardTitle, WizardElements(L"終了"));
-}
-
-TEST_F(EveryFormTest, SetUpWizardFromFolderManagement) {
-    state.WizardFromManagement = true;
-    ExpectSound(Shown<Form2>(fake.platform, state, handOver), WizardTitle, WizardElements(L"戻る"));
+    for (const bool fromManagement : {false, true}) {
+        state.WizardFromManagement = fromManagement;
+        const Element elements[] = {{Label, 1, L"Static", L"Tamblin に必要な情報を設定します。"},
+                                    {Label, 2, L"Static", L"設定項目"},
+                                    {Label, 3, L"Static", L"・Vimoraフォルダの指定"},
+                                    {Command, 2, L"Button", L"自動検出"},
+                                    {Label, 5, L"Static", L"見つけさせる"},
+                                    {Command, 1, L"Button", L"手動設定"},
+                                    {Label, 4, L"Static", L"自分で指定する"},
+                                    {Command, 3, L"Button", fromManagement ? L"戻る" : L"終了"},
+                                    {Label, 6, L"Static", L"作業をやめる"}};
+        ExpectSound(Shown<Form2>(fake.platform, state, handOver),
+                    L"環境設定ウィザード  - Tamblin -", elements);
+        application.CloseAll();
+    }
 }
 
 TEST_F(EveryFormTest, ManualFolder) {
@@ -105,8 +108,7 @@ TEST_F(EveryFormTest, TheAccessKeyOfManualFoldersPathSelectsIt) {
 
 TEST_F(EveryFormTest, ALongPathDoesNotWidenManualFolder) {
     const auto widthOf = [](const Form& form) {
-        RECT area{};
-        GetWindowRect(form.Handle(), &area);
+        RECT area = AreaOf(form.Handle());
         return area.right - area.left;
     };
     const LONG usual = widthOf(Shown<Form3>(fake.platform, state, handOver));
@@ -125,11 +127,7 @@ TEST_F(EveryFormTest, ALongPathDoesNotWidenManualFolder) {
 
 // As on 800 by 600 pixels at 144 and at 192 dpi, in proportion.
 TEST_F(EveryFormTest, TextsWrapOnANarrowScreen) {
-    MainModel model(fake.platform, state);
-    model.combo.entries = {L"C:\\Vimora"};
-    model.combo.selected = 0;
-    FolderCheck check(fake.platform);
-    check.RunCheck(model);
+    RunCheck();
     for (Form* form : std::initializer_list<Form*>{
              &Shown<Form3>(fake.platform, state, handOver), &Shown<Form5>(state, handOver),
              &Shown<Form8>(state, handOver), &Shown<Form11>(check, nullptr)}) {
@@ -137,8 +135,7 @@ TEST_F(EveryFormTest, TextsWrapOnANarrowScreen) {
             const int inProportion = MulDiv(dpi, GetSystemMetrics(SM_CXSCREEN), 800);
             MoveToDensity(*form, static_cast<unsigned>(inProportion));
             ShrinkToMinimum(*form);
-            RECT area{};
-            GetWindowRect(form->Handle(), &area);
+            RECT area = AreaOf(form->Handle());
             EXPECT_LE(area.right - area.left, GetSystemMetrics(SM_CXSCREEN));
             EXPECT_LE(area.bottom - area.top, GetSystemMetrics(SM_CYSCREEN));
             EXPECT_EQ(CutOffCaptions(*form) + MisplacedControls(*form), "");
@@ -164,50 +161,40 @@ TEST_F(EveryFormTest, SearchProgress) {
                 elements);
 }
 
-std::vector<Element> ChoiceElements(const wchar_t* question) {
-    return {{Label, 1, L"Static", question},
+TEST_F(EveryFormTest, FolderChoice) {
+    for (const std::int16_t stage : {std::int16_t{1}, std::int16_t{2}}) {
+        state.ChoiceStage = stage;
+        const Element elements[] = {
+            {Label, 1, L"Static",
+             stage == 1 ? L"検出されたフォルダのうち、登録するフォルダにチェックをつけてください。"
+                        : L"デフォルトに設定するフォルダを選択してください。"},
             {List, 1, L"ListBox", nullptr},
             {Combo, 1, L"ComboBox", nullptr},
             {Command, 1, L"Button", L"OK"}};
-}
-
-constexpr wchar_t ChoiceTitle[] = L"VMRフォルダの選択 - Tamblin -";
-
-TEST_F(EveryFormTest, FolderChoice) {
-    ExpectSound(
-        Shown<Form5>(state, handOver), ChoiceTitle,
-        ChoiceElements(L"検出されたフォルダのうち、登録するフォルダにチェックをつけてください。"));
-}
-
-TEST_F(EveryFormTest, FolderChoiceOfTheDefault) {
-    state.ChoiceStage = 2;
-    ExpectSound(Shown<Form5>(state, handOver), ChoiceTitle,
-                ChoiceElements(L"デフォルトに設定するフォルダを選択してください。"));
-}
-
-std::vector<Element> ManagementElements(const wchar_t* leave) {
-    return {
-        {Label, 1, L"Static", L"VMRがインストールされているフォルダを、10ヶ所まで管理できます。"},
-        {List, 1, L"ListBox", nullptr},
-        {Command, 1, L"Button", nullptr},
-        {Command, 2, L"Button", nullptr},
-        {Command, 3, L"Button", nullptr},
-        {Label, 2, L"Static", L"Kavalet用定義ファイル（kva.def）への情報書き込みを許可しますか？"},
-        {Option, 1, L"Button", L"許可する"},
-        {Option, 1, L"Button", L"禁止する（デフォルト）", 1},
-        {Label, 3, L"Static", L"※ 許可した場合、ベンダーの設定が反映されるようになります。"},
-        {Command, 4, L"Button", leave}};
+        ExpectSound(Shown<Form5>(state, handOver), L"VMRフォルダの選択 - Tamblin -", elements);
+        application.CloseAll();
+    }
 }
 
 TEST_F(EveryFormTest, FolderManagement) {
-    state.OpenedFromMainWindow = true;
-    ExpectSound(Shown<Form8>(state, handOver), L"Vimoraフォルダ管理 - Tamblin - ",
-                ManagementElements(L"戻る"));
-}
-
-TEST_F(EveryFormTest, FolderManagementBeforeTheMainWindow) {
-    ExpectSound(Shown<Form8>(state, handOver), L"Vimoraフォルダ管理 - Tamblin - ",
-                ManagementElements(L"終了"));
+    for (const bool fromMainWindow : {true, false}) {
+        state.OpenedFromMainWindow = fromMainWindow;
+        const Element elements[] = {
+            {Label, 1, L"Static",
+             L"VMRがインストールされているフォルダを、10ヶ所まで管理できます。"},
+            {List, 1, L"ListBox", nullptr},
+            {Command, 1, L"Button", nullptr},
+            {Command, 2, L"Button", nullptr},
+            {Command, 3, L"Button", nullptr},
+            {Label, 2, L"Static",
+             L"Kavalet用定義ファイル（kva.def）への情報書き込みを許可しますか？"},
+            {Option, 1, L"Button", L"許可する"},
+            {Option, 1, L"Button", L"禁止する（デフォルト）", 1},
+            {Label, 3, L"Static", L"※ 許可した場合、ベンダーの設定が反映されるようになります。"},
+            {Command, 4, L"Button", fromMainWindow ? L"戻る" : L"終了"}};
+        ExpectSound(Shown<Form8>(state, handOver), L"Vimoraフォルダ管理 - Tamblin - ", elements);
+        application.CloseAll();
+    }
 }
 
 // The arrow keys go round between the two choices and never leave them.
@@ -242,11 +229,7 @@ TEST_F(EveryFormTest, FolderCheckResult) {
          L"（注）このチェックに引っかからなかったからといって、オンブレルの動作を保証するものでは"
          L"ありません。"},
         {Command, 3, L"Button", L"閉じる"}};
-    MainModel model(fake.platform, state);
-    model.combo.entries = {L"C:\\Vimora"};
-    model.combo.selected = 0;
-    FolderCheck check(fake.platform);
-    check.RunCheck(model);
+    RunCheck();
     Form11& form = Shown<Form11>(check, nullptr);
     ExpectSound(form, L"フォルダ構造チェックの結果 - Tamblin -", elements);
     EXPECT_EQ(EntriesOf(Find(form, List, 1)), std::vector<std::wstring>{L"Lonely.obl"});
@@ -255,11 +238,7 @@ TEST_F(EveryFormTest, FolderCheckResult) {
 
 // The answer to the question is no; then yes, and the list is empty and grey.
 TEST_F(EveryFormTest, FolderCheckDeletesAfterAQuestion) {
-    MainModel model(fake.platform, state);
-    model.combo.entries = {L"C:\\Vimora"};
-    model.combo.selected = 0;
-    FolderCheck check(fake.platform);
-    check.RunCheck(model);
+    RunCheck();
     Form11& form = Shown<Form11>(check, nullptr);
     const HWND list = Find(form, List, 1);
     fake.messages.answer = false;

@@ -13,8 +13,8 @@ namespace {
 
 class PlainForm : public Form {
   public:
-    explicit PlainForm(Application& owner, int number = 101, HWND ownerWindow = nullptr)
-        : Form(owner, number, L"Plain", FormFrame::Resizable, ownerWindow) {
+    explicit PlainForm(Application& owner, int itsNumber, HWND ownerWindow = nullptr)
+        : Form(owner, itsNumber, L"Plain", FormFrame::Resizable, ownerWindow), number(itsNumber) {
         auto column = Column();
         column->Add(first).Add(second).Add(third).Add(text).Gap(20, 1);
         SetLayout(std::move(column));
@@ -24,6 +24,7 @@ class PlainForm : public Form {
     using Form::StartTimer;
     using Form::StopTimer;
 
+    const int number;
     int activations = 0;
     int closings = 0;
     int ticks = 0;
@@ -62,36 +63,46 @@ class PlainForm : public Form {
 
 class FormTest : public WindowScene {
   protected:
-    PlainForm& Open(int number = 101) {
-        auto& form = application.Open<PlainForm>(application, number);
-        form.Show();
+    PlainForm& Open(int number) {
+        auto& opened = application.Open<PlainForm>(application, number);
+        opened.Show();
         Pump();
-        return form;
+        return opened;
     }
+    // Shows a modal form over the first one and closes it after `step`.
+    void ShowModalAnd(const std::function<void()>& step) {
+        PlainForm modal(application, 102, form.Handle());
+        modal.onTick = [&] {
+            step();
+            modal.Close();
+        };
+        modal.StartTimer(10);
+        modal.ShowModal();
+        EXPECT_FALSE(modal.IsOpen());
+    }
+    // Presses a button whose command does this.
+    static void Command(PlainForm& clicked, std::function<void()> command) {
+        clicked.first.onClick = std::move(command);
+        Click(clicked.first.Handle());
+    }
+
+    PlainForm& form = Open(101);
 };
 
-TEST_F(FormTest, HasTheClassOfItsNumber) {
+TEST_F(FormTest, HasTheClassOfItsNumberAndControlsByTheirNames) {
     wchar_t name[64]{};
-    GetClassNameW(Open(107).Handle(), name, 64);
-    EXPECT_STREQ(name, L"Tamblin.Form107");
-}
-
-TEST_F(FormTest, ComputesControlIdsFromNames) {
+    GetClassNameW(form.Handle(), name, 64);
+    EXPECT_STREQ(name, L"Tamblin.Form101");
     EXPECT_EQ(ControlId({ControlKind::Command, 12}), 1240);
     EXPECT_EQ(ControlId({ControlKind::Option, 1, 2}), 6022);
     EXPECT_EQ(ControlId({ControlKind::Image, 1}), 8020);
-    auto& form = Open();
     EXPECT_EQ(Find(form, ControlKind::Command, 2), form.second.Handle());
 }
 
 // Failures of commands
 
 TEST_F(FormTest, ReportsTheFailureOfACommandWithNumberAndText) {
-    auto& form = Open();
-    form.first.onClick = [] {
-        throw RunTimeError(ErrorNumber::FileNotFound);
-    };
-    Click(form.first.Handle());
+    Command(form, [] { throw RunTimeError(ErrorNumber::FileNotFound); });
     ASSERT_EQ(fake.messages.shown.size(), 1u);
     EXPECT_EQ(fake.messages.shown[0].text, L"実行時エラー '53':\n\nファイルが見つかりません。");
     EXPECT_EQ(fake.messages.shown[0].icon, MessageIcon::Stop);
@@ -100,59 +111,44 @@ TEST_F(FormTest, ReportsTheFailureOfACommandWithNumberAndText) {
 }
 
 TEST_F(FormTest, ReportsExhaustedMemory) {
-    auto& form = Open();
-    form.first.onClick = [] {
-        throw std::bad_alloc();
-    };
-    Click(form.first.Handle());
+    Command(form, [] { throw std::bad_alloc(); });
     ASSERT_EQ(fake.messages.shown.size(), 1u);
     EXPECT_EQ(fake.messages.shown[0].text.substr(0, 10), L"実行時エラー '7'");
 }
 
 TEST_F(FormTest, EndsTheProcessAfterTheReportOfAFatalFailure) {
-    auto& form = Open();
-    form.first.onClick = [] {
-        throw RunTimeError(ErrorNumber::DiskFull).AsFatal();
-    };
     fake.messages.onShow = [&](const auto&) {
         EXPECT_EQ(timesEnded, 0);
     };
-    Click(form.first.Handle());
+    Command(form, [] { throw RunTimeError(ErrorNumber::DiskFull).AsFatal(); });
     EXPECT_EQ(fake.messages.shown.size(), 1u);
     EXPECT_EQ(timesEnded, 1);
 }
 
 TEST_F(FormTest, EnablesWhatAFailedCommandHadDisabledBeforeItReports) {
-    auto& form = Open();
     auto& other = Open(102);
-    form.first.onClick = [&] {
-        form.Hold();
-        other.Hold();
-        throw RunTimeError(ErrorNumber::DiskFull);
-    };
     fake.messages.onShow = [&](const auto&) {
         EXPECT_TRUE(IsEnabled(form.Handle()));
         EXPECT_TRUE(IsEnabled(other.Handle()));
     };
-    Click(form.first.Handle());
+    Command(form, [&] {
+        form.Hold();
+        other.Hold();
+        throw RunTimeError(ErrorNumber::DiskFull);
+    });
     EXPECT_EQ(fake.messages.shown.size(), 1u);
 }
 
 TEST_F(FormTest, LeavesDisabledWhatAnOuterCommandHolds) {
-    auto& form = Open();
     auto& other = Open(102);
     form.Hold();
-    other.first.onClick = [] {
-        throw RunTimeError(ErrorNumber::DiskFull);
-    };
-    Click(other.first.Handle());
+    Command(other, [] { throw RunTimeError(ErrorNumber::DiskFull); });
     EXPECT_FALSE(IsEnabled(form.Handle()));
     form.Release();
     EXPECT_TRUE(IsEnabled(form.Handle()));
 }
 
 TEST_F(FormTest, ReportsAFailureInATimerTickAndGoesOnTicking) {
-    auto& form = Open();
     form.onTick = [&] {
         if (form.ticks == 1)
             throw RunTimeError(ErrorNumber::DiskNotReady);
@@ -163,7 +159,6 @@ TEST_F(FormTest, ReportsAFailureInATimerTickAndGoesOnTicking) {
 }
 
 TEST_F(FormTest, DoesNotTickWhileATickIsBeingHandled) {
-    auto& form = Open();
     int depth = 0;
     int deepest = 0;
     form.onTick = [&] {
@@ -180,21 +175,21 @@ TEST_F(FormTest, DoesNotTickWhileATickIsBeingHandled) {
 
 // Activation
 
-TEST_F(FormTest, IsActivatedWhenItIsShown) {
-    EXPECT_EQ(Open().activations, 1);
-}
-
-TEST_F(FormTest, IsActivatedWhenTheFocusComesFromAnotherForm) {
-    auto& form = Open();
+TEST_F(FormTest, IsActivatedWhenItIsShownAndWhenTheFocusComesFromAnotherForm) {
+    EXPECT_EQ(form.activations, 1);
     auto& other = Open(102);
     SetActiveWindow(form.Handle());
     Pump();
     EXPECT_EQ(form.activations, 2);
     EXPECT_EQ(other.activations, 1);
+    form.Hide();
+    Pump();
+    form.Show();
+    Pump();
+    EXPECT_EQ(form.activations, 3);
 }
 
 TEST_F(FormTest, IsNotActivatedByAWindowThatIsNoForm) {
-    auto& form = Open();
     const HWND box = CreateWindowExW(0, L"Static", L"box", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
                                      form.Handle(), nullptr, nullptr, nullptr);
     SetActiveWindow(box);
@@ -206,17 +201,7 @@ TEST_F(FormTest, IsNotActivatedByAWindowThatIsNoForm) {
     EXPECT_EQ(form.activations, 1);
 }
 
-TEST_F(FormTest, IsActivatedAgainWhenItIsShownAfterHiding) {
-    auto& form = Open();
-    form.Hide();
-    Pump();
-    form.Show();
-    Pump();
-    EXPECT_EQ(form.activations, 2);
-}
-
 TEST_F(FormTest, IsNotActivatedWhileAnOperationHoldsIt) {
-    auto& form = Open();
     form.Hold();
     auto& other = Open(102);
     other.Close();
@@ -229,7 +214,6 @@ TEST_F(FormTest, IsNotActivatedWhileAnOperationHoldsIt) {
 }
 
 TEST_F(FormTest, GivesTheFocusBackToTheControlThatHadIt) {
-    auto& form = Open();
     SetFocus(form.third.Handle());
     auto& other = Open(102);
     EXPECT_EQ(GetFocus(), other.first.Handle());
@@ -239,55 +223,36 @@ TEST_F(FormTest, GivesTheFocusBackToTheControlThatHadIt) {
 
 // Modal forms
 
-TEST_F(FormTest, ModalFormDisablesTheOthersUntilItIsClosed) {
-    auto& form = Open();
-    PlainForm modal(application, 102, form.Handle());
-    bool disabledMeanwhile = false;
-    modal.onTick = [&] {
-        disabledMeanwhile = !IsEnabled(form.Handle());
-        modal.Close();
-    };
-    modal.StartTimer(10);
-    modal.ShowModal();
-    EXPECT_TRUE(disabledMeanwhile);
-    EXPECT_FALSE(modal.IsOpen());
+TEST_F(FormTest, ModalFormDisablesTheOthersAndPausesTheBusyPointerUntilItIsClosed) {
+    const BusyPointer busy;
+    bool seen = false;
+    ShowModalAnd([&] {
+        seen = true;
+        EXPECT_FALSE(IsEnabled(form.Handle()));
+        EXPECT_FALSE(BusyPointer::IsShown());
+    });
+    EXPECT_TRUE(seen);
+    EXPECT_TRUE(BusyPointer::IsShown());
     EXPECT_TRUE(IsEnabled(form.Handle()));
     EXPECT_EQ(GetActiveWindow(), form.Handle());
 }
 
 TEST_F(FormTest, ModalFormLeavesAHeldOwnerHeldButActive) {
-    auto& form = Open();
     form.Hold();
-    PlainForm modal(application, 102, form.Handle());
-    modal.onTick = [&] {
-        modal.Close();
-    };
-    modal.StartTimer(10);
-    modal.ShowModal();
+    ShowModalAnd([] {});
     EXPECT_FALSE(IsEnabled(form.Handle()));
     EXPECT_EQ(GetActiveWindow(), form.Handle());
     EXPECT_EQ(form.activations, 1);
 }
 
-TEST_F(FormTest, ModalFormPausesTheBusyPointer) {
-    auto& form = Open();
-    const BusyPointer busy;
-    PlainForm modal(application, 102, form.Handle());
-    bool busyMeanwhile = true;
-    modal.onTick = [&] {
-        busyMeanwhile = BusyPointer::IsShown();
-        modal.Close();
-    };
-    modal.StartTimer(10);
-    modal.ShowModal();
-    EXPECT_FALSE(busyMeanwhile);
-    EXPECT_TRUE(BusyPointer::IsShown());
-}
-
 // Closing
 
-TEST_F(FormTest, AsksWhenTheUserCloses) {
-    auto& form = Open();
+TEST_F(FormTest, AsksWhoeverClosesItUnlessItIsDisabled) {
+    form.Hold();
+    SendMessageW(form.Handle(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(form.IsOpen());
+    EXPECT_TRUE(form.asked.empty());
+    form.Release();
     form.mayClose = false;
     SendMessageW(form.Handle(), WM_CLOSE, 0, 0);
     EXPECT_TRUE(form.IsOpen());
@@ -295,28 +260,17 @@ TEST_F(FormTest, AsksWhenTheUserCloses) {
     form.mayClose = true;
     SendMessageW(form.Handle(), WM_CLOSE, 0, 0);
     EXPECT_FALSE(form.IsOpen());
-}
-
-TEST_F(FormTest, TellsTheProgramsOwnCloseFromTheUsers) {
-    auto& form = Open();
-    form.Close();
-    EXPECT_EQ(form.asked, std::vector{CloseReason::Program});
-    EXPECT_EQ(form.closings, 1);
-}
-
-TEST_F(FormTest, IgnoresTheCloseBoxWhileItIsDisabled) {
-    auto& form = Open();
-    form.Hold();
-    SendMessageW(form.Handle(), WM_CLOSE, 0, 0);
-    EXPECT_TRUE(form.IsOpen());
-    EXPECT_TRUE(form.asked.empty());
+    auto& other = Open(102);
+    other.Close();
+    EXPECT_EQ(other.asked, std::vector{CloseReason::Program});
+    EXPECT_EQ(other.closings, 1);
 }
 
 TEST_F(FormTest, ClosesAllWithTheMostRecentlyOpenedFirst) {
     std::vector<int> order;
-    for (const int number : {101, 102, 103})
-        Open(number).onClosing = [&order, number] {
-            order.push_back(number);
+    for (PlainForm* opened : {&form, &Open(102), &Open(103)})
+        opened->onClosing = [&order, opened] {
+            order.push_back(opened->number);
         };
     application.CloseAll();
     EXPECT_EQ(order, (std::vector{103, 102, 101}));
@@ -324,7 +278,6 @@ TEST_F(FormTest, ClosesAllWithTheMostRecentlyOpenedFirst) {
 }
 
 TEST_F(FormTest, AFormThatClosesAllIsClosedOnce) {
-    auto& form = Open(101);
     Open(102);
     form.onClosing = [&] {
         application.CloseAll();
@@ -335,24 +288,17 @@ TEST_F(FormTest, AFormThatClosesAllIsClosedOnce) {
 }
 
 TEST_F(FormTest, TheEndOfTheSessionClosesAllWithoutAsking) {
-    auto& form = Open(101);
     auto& other = Open(102);
     form.mayClose = other.mayClose = false;
     EXPECT_NE(SendMessageW(form.Handle(), WM_QUERYENDSESSION, 0, 0), 0);
+    SendMessageW(form.Handle(), WM_ENDSESSION, FALSE, 0); // it goes on
     EXPECT_TRUE(form.IsOpen());
     SendMessageW(form.Handle(), WM_ENDSESSION, TRUE, 0);
     EXPECT_TRUE(form.asked.empty());
     EXPECT_TRUE(application.OpenForms().empty());
 }
 
-TEST_F(FormTest, ASessionThatGoesOnClosesNothing) {
-    auto& form = Open();
-    SendMessageW(form.Handle(), WM_ENDSESSION, FALSE, 0);
-    EXPECT_TRUE(form.IsOpen());
-}
-
 TEST_F(FormTest, TheLoopEndsWithTheLastForm) {
-    auto& form = Open();
     form.onTick = [&] {
         application.CloseAll();
     };
@@ -362,13 +308,11 @@ TEST_F(FormTest, TheLoopEndsWithTheLastForm) {
 }
 
 TEST_F(FormTest, ACommandMayCloseItsOwnForm) {
-    auto& form = Open();
     bool ranToItsEnd = false;
-    form.first.onClick = [&] {
+    Command(form, [&] {
         form.Close();
         ranToItsEnd = true;
-    };
-    Click(form.first.Handle());
+    });
     EXPECT_TRUE(ranToItsEnd);
     EXPECT_FALSE(form.IsOpen());
 }
@@ -376,7 +320,6 @@ TEST_F(FormTest, ACommandMayCloseItsOwnForm) {
 // Keyboard
 
 TEST_F(FormTest, TabMovesThroughTheControlsInTheirOrder) {
-    auto& form = Open();
     EXPECT_EQ(GetFocus(), form.first.Handle());
     PressKey(VK_TAB);
     EXPECT_EQ(GetFocus(), form.second.Handle());
@@ -387,46 +330,30 @@ TEST_F(FormTest, TabMovesThroughTheControlsInTheirOrder) {
     EXPECT_EQ(GetFocus(), form.first.Handle());
 }
 
-TEST_F(FormTest, ReturnPressesTheButtonThatHasTheFocus) {
-    auto& form = Open();
+// A key that is held down is the one that closed a message box, say.
+TEST_F(FormTest, ReturnPressesTheButtonThatHasTheFocusAndElseGoesToTheFormAsEscapeDoes) {
     int presses = 0;
     form.second.onClick = [&] {
         ++presses;
     };
+    for (const HWND control : {form.second.Handle(), form.text.Handle()})
+        for (const WPARAM key : {VK_RETURN, VK_ESCAPE}) {
+            SetFocus(control);
+            HoldKeyDown(key);
+        }
+    EXPECT_EQ(presses, 0);
+    EXPECT_TRUE(form.IsOpen());
     SetFocus(form.second.Handle());
     PressKey(VK_RETURN);
     EXPECT_EQ(presses, 1);
     EXPECT_TRUE(form.keys.empty());
-}
-
-TEST_F(FormTest, ReturnElsewhereAndEscapeGoToTheForm) {
-    auto& form = Open();
     SetFocus(form.text.Handle());
     PressKey(VK_RETURN);
     PressKey(VK_ESCAPE);
     EXPECT_EQ(form.keys, (std::vector<std::wstring>{L"return", L"escape"}));
 }
 
-// As when the key that closed a message box is not up yet.
-TEST_F(FormTest, ReturnAndEscapeThatAreHeldDownDoNothing) {
-    auto& form = Open();
-    int presses = 0;
-    form.second.onClick = [&] {
-        ++presses;
-    };
-    for (Control* control :
-         {static_cast<Control*>(&form.second), static_cast<Control*>(&form.text)})
-        for (const WPARAM key : {VK_RETURN, VK_ESCAPE}) {
-            SetFocus(control->Handle());
-            HoldKeyDown(key);
-        }
-    EXPECT_EQ(presses, 0);
-    EXPECT_TRUE(form.keys.empty());
-    EXPECT_TRUE(form.IsOpen());
-}
-
 TEST_F(FormTest, FocusLeavesAControlThatItsCommandDisables) {
-    auto& form = Open();
     form.second.onClick = [&] {
         form.second.SetEnabled(false);
     };
@@ -438,7 +365,6 @@ TEST_F(FormTest, FocusLeavesAControlThatItsCommandDisables) {
 // Disabled and held forms
 
 TEST_F(FormTest, IgnoresCommandsOfDisabledButtonsAndHeldForms) {
-    auto& form = Open();
     int presses = 0;
     form.first.onClick = [&] {
         ++presses;
@@ -457,37 +383,24 @@ TEST_F(FormTest, IgnoresCommandsOfDisabledButtonsAndHeldForms) {
 // Pointer
 
 TEST_F(FormTest, TellsWhatThePointerIsOverAlsoWhenItIsDisabled) {
-    auto& form = Open();
+    form.Hold();
+    MovePointerOver(form, form.third.Handle());
+    EXPECT_TRUE(form.pointedAt.empty());
+    form.Release();
     form.second.SetEnabled(false);
-    MovePointerOver(form, form.first.Handle());
+    for (int time = 0; time < 2; ++time) // the second is nothing new
+        MovePointerOver(form, form.first.Handle());
     MovePointerOver(form, form.second.Handle());
     MovePointerTo(form, {3, 300});
     EXPECT_EQ(form.pointedAt, (std::vector<Control*>{&form.first, &form.second, nullptr}));
 }
 
-TEST_F(FormTest, APointerThatStandsStillPointsAtNothingNew) {
-    auto& form = Open();
-    MovePointerOver(form, form.first.Handle());
-    MovePointerOver(form, form.first.Handle());
-    EXPECT_EQ(form.pointedAt.size(), 1u);
-}
-
-TEST_F(FormTest, ThePointerTellsNothingWhileTheFormIsHeld) {
-    auto& form = Open();
-    form.Hold();
-    MovePointerOver(form, form.first.Handle());
-    EXPECT_TRUE(form.pointedAt.empty());
-}
-
 // Size
 
 TEST_F(FormTest, CannotBeMadeSmallerThanItsLayout) {
-    auto& form = Open();
     SetWindowPos(form.Handle(), nullptr, 0, 0, 10, 10, SWP_NOMOVE);
-    RECT client{};
-    GetClientRect(form.Handle(), &client);
-    RECT last{};
-    GetWindowRect(form.text.Handle(), &last);
+    RECT client = ClientAreaOf(form.Handle());
+    RECT last = AreaOf(form.text.Handle());
     MapWindowPoints(nullptr, form.Handle(), reinterpret_cast<POINT*>(&last), 2);
     EXPECT_LE(last.bottom, client.bottom);
 }
@@ -504,26 +417,22 @@ class WideForm : public Form {
 };
 
 TEST_F(FormTest, WritesSmallerWhereTheScreenIsTooNarrowAtItsDensity) {
-    auto& form = application.Open<WideForm>(application);
-    form.Show();
-    const int before = form.Measure().LineHeight();
+    auto& wide = application.Open<WideForm>(application);
+    wide.Show();
+    const int before = wide.Measure().LineHeight();
     for (unsigned dpi = 192; dpi <= 288; dpi += 6) {
-        MoveToDensity(form, dpi);
-        RECT last{};
-        GetWindowRect(form.second.Handle(), &last);
-        MapWindowPoints(nullptr, form.Handle(), reinterpret_cast<POINT*>(&last), 2);
-        RECT client{};
-        GetClientRect(form.Handle(), &client);
-        EXPECT_LE(last.right, client.right - form.Measure().Across(40)) << dpi;
-        RECT window{};
-        GetWindowRect(form.Handle(), &window);
+        MoveToDensity(wide, dpi);
+        RECT last = AreaOf(wide.second.Handle());
+        MapWindowPoints(nullptr, wide.Handle(), reinterpret_cast<POINT*>(&last), 2);
+        RECT client = ClientAreaOf(wide.Handle());
+        EXPECT_LE(last.right, client.right - wide.Measure().Across(40)) << dpi;
+        RECT window = AreaOf(wide.Handle());
         EXPECT_LE(window.right - window.left, GetSystemMetrics(SM_CXSCREEN));
     }
-    EXPECT_LT(form.Measure().LineHeight(), 3 * before - 4);
+    EXPECT_LT(wide.Measure().LineHeight(), 3 * before - 4);
 }
 
 TEST_F(FormTest, FollowsTheSystemsChangeOfFontAndColours) {
-    auto& form = Open();
     MoveToDensity(form, 192);
     const HFONT before = form.Measure().Font();
     SendMessageW(form.Handle(), WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
@@ -533,7 +442,6 @@ TEST_F(FormTest, FollowsTheSystemsChangeOfFontAndColours) {
 }
 
 TEST_F(FormTest, GrowsWithTheDensityButNotBackBelowWhatItNeeds) {
-    auto& form = Open();
     const int before = form.Measure().LineHeight();
     for (const unsigned dpi : Densities) {
         MoveToDensity(form, dpi);
@@ -542,94 +450,62 @@ TEST_F(FormTest, GrowsWithTheDensityButNotBackBelowWhatItNeeds) {
     }
 }
 
-TEST_F(FormTest, StandsInsideTheWorkAreaWhenItIsFirstShown) {
-    auto& form = Open();
-    RECT window{};
-    GetWindowRect(form.Handle(), &window);
-    RECT work{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+TEST_F(FormTest, OpensInsideTheWorkAreaAlsoAboveAFormAtItsEdge) {
+    const RECT work = WorkArea();
+    const RECT window = AreaOf(form.Handle());
     EXPECT_GE(window.left, work.left);
     EXPECT_GE(window.top, work.top);
     EXPECT_LE(window.right, work.right);
     EXPECT_LE(window.bottom, work.bottom);
+    SetWindowPos(form.Handle(), nullptr, work.right - 60, work.bottom - 60, 500, 400, SWP_NOZORDER);
+    const RECT above = AreaOf(Open(102).Handle());
+    EXPECT_EQ(above.right, work.right);
+    EXPECT_EQ(above.bottom, work.bottom);
 }
 
 TEST_F(FormTest, StaysWhereItIsWhenItIsShownAgain) {
-    auto& form = Open();
     SetWindowPos(form.Handle(), nullptr, 40, 50, 400, 300, SWP_NOZORDER);
     form.Hide();
     form.Show();
-    RECT window{};
-    GetWindowRect(form.Handle(), &window);
+    RECT window = AreaOf(form.Handle());
     EXPECT_EQ(window.left, 40);
     EXPECT_EQ(window.top, 50);
     EXPECT_EQ(window.right - window.left, 400);
 }
 
-RECT AreaOf(const Form& form) {
-    RECT area{};
-    GetWindowRect(form.Handle(), &area);
-    return area;
-}
-
-TEST_F(FormTest, OpensInTheMiddleOfTheFormThatItTakesOverFrom) {
-    auto& form = Open();
+TEST_F(FormTest, OpensInTheMiddleOfTheFormThatItTakesOverFromOrOfTheScreen) {
     SetWindowPos(form.Handle(), nullptr, 700, 500, 500, 400, SWP_NOZORDER);
-    const RECT below = AreaOf(form);
-    const RECT above = AreaOf(Open(102));
+    const RECT below = AreaOf(form.Handle());
+    auto& other = Open(102);
+    const RECT above = AreaOf(other.Handle());
     EXPECT_NEAR(above.left + above.right, below.left + below.right, 1);
     EXPECT_NEAR(above.top + above.bottom, below.top + below.bottom, 1);
-}
-
-TEST_F(FormTest, StaysInsideTheWorkAreaAboveAFormAtItsEdge) {
-    auto& form = Open();
-    RECT work{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-    SetWindowPos(form.Handle(), nullptr, work.right - 60, work.bottom - 60, 500, 400, SWP_NOZORDER);
-    const RECT above = AreaOf(Open(102));
-    EXPECT_EQ(above.right, work.right);
-    EXPECT_EQ(above.bottom, work.bottom);
-}
-
-TEST_F(FormTest, OpensInTheMiddleOfTheScreenWhenItTakesOverFromNone) {
-    auto& hidden = Open();
-    SetWindowPos(hidden.Handle(), nullptr, 700, 500, 500, 400, SWP_NOZORDER);
-    hidden.Hide();
-    const RECT area = AreaOf(Open(102));
-    RECT work{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    form.Hide();
+    other.Hide();
+    const RECT area = AreaOf(Open(103).Handle());
+    const RECT work = WorkArea();
     EXPECT_NEAR(area.left + area.right, work.left + work.right, 1);
     EXPECT_NEAR(area.top + area.bottom, work.top + work.bottom, 1);
 }
 
 // The form below knows the density of its monitor, also while the system scales the new one.
 TEST_F(FormTest, OpensWithTheDensityOfTheFormBelow) {
-    auto& form = Open();
     MoveToDensity(form, 192);
-    PlainForm modal(application, 102, form.Handle());
+    const PlainForm modal(application, 102, form.Handle());
     EXPECT_EQ(modal.Measure().LineHeight(), form.Measure().LineHeight());
     EXPECT_EQ(Open(103).Measure().LineHeight(), form.Measure().LineHeight());
-}
-
-TEST_F(FormTest, IsMinimisedOnlyWhereTheTaskBarCanBringItBack) {
-    auto& form = Open();
-    const PlainForm modal(application, 102, form.Handle());
-    const auto hasMinimiseBox = [](const Form& asked) {
-        return (GetWindowLongW(asked.Handle(), GWL_STYLE) & WS_MINIMIZEBOX) != 0;
-    };
-    EXPECT_TRUE(hasMinimiseBox(form));
-    EXPECT_FALSE(hasMinimiseBox(modal));
+    // Where the task bar can bring it back, it can be minimised.
+    EXPECT_TRUE(GetWindowLongW(form.Handle(), GWL_STYLE) & WS_MINIMIZEBOX);
+    EXPECT_FALSE(GetWindowLongW(modal.Handle(), GWL_STYLE) & WS_MINIMIZEBOX);
 }
 
 // Text boxes
 
 TEST_F(FormTest, TextStandsInTheMiddleOfItsBoxAtEveryDensity) {
-    auto& form = Open();
     for (const unsigned dpi : Densities) {
         MoveToDensity(form, dpi);
         SendMessageW(form.text.Handle(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"text"));
-        RECT box{};
-        GetWindowRect(form.text.Handle(), &box);
+        RECT box = AreaOf(form.text.Handle());
         POINT first{0, GET_Y_LPARAM(SendMessageW(form.text.Handle(), EM_POSFROMCHAR, 0, 0))};
         ClientToScreen(form.text.Handle(), &first);
         const LONG above = first.y - box.top;
@@ -640,9 +516,7 @@ TEST_F(FormTest, TextStandsInTheMiddleOfItsBoxAtEveryDensity) {
 }
 
 TEST_F(FormTest, AClickBesideTheTextOfABoxIsOneIntoIt) {
-    auto& form = Open();
-    RECT box{};
-    GetWindowRect(form.text.Handle(), &box);
+    RECT box = AreaOf(form.text.Handle());
     EXPECT_EQ(
         SendMessageW(form.text.Handle(), WM_NCHITTEST, 0, MAKELPARAM(box.left + 20, box.top + 3)),
         HTCLIENT);

@@ -97,17 +97,14 @@ class MainWindowTest : public WindowScene {
     Form1* form = nullptr;
 };
 
-TEST_F(MainWindowTest, HasEveryElementUnderItsNameWithItsCaption) {
+TEST_F(MainWindowTest, HasEveryElementUnderItsNameWithItsCaptionAndReadsWell) {
     Open();
     EXPECT_EQ(TextOf(form->Handle()), L"Tamblin Ver.0.61");
     EXPECT_EQ(WrongElements(*form, Elements), "");
+    EXPECT_EQ(FaultsOf(*form), "");
 }
 
-TEST_F(MainWindowTest, ReadsWellAtEveryDensity) {
-    EXPECT_EQ(FaultsOf(Open()), "");
-}
-
-TEST_F(MainWindowTest, FitsASmallScreenAtEveryDensity) {
+TEST_F(MainWindowTest, FitsASmallScreenAtEveryDensityWithRoomForEveryStatus) {
     Open();
     for (const unsigned dpi : Densities) {
         MoveToDensity(*form, dpi);
@@ -115,26 +112,26 @@ TEST_F(MainWindowTest, FitsASmallScreenAtEveryDensity) {
         SendMessageW(form->Handle(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
         EXPECT_LE(info.ptMinTrackSize.x, MulDiv(800, static_cast<int>(dpi), 96));
         EXPECT_LE(info.ptMinTrackSize.y, MulDiv(480, static_cast<int>(dpi), 96));
+        ShrinkToMinimum(*form);
+        const RECT line = ClientAreaOf(Find(*form, ControlKind::Text, 2));
+        for (size_t command = 1; command <= 14; ++command) {
+            const std::wstring text = MainScreen::StatusText(command).value_or(L"");
+            EXPECT_LE(form->Measure().Width(text) + 4, line.right) << command;
+        }
     }
 }
 
 // As on 800 pixels at 144 dpi, in proportion.
 TEST_F(MainWindowTest, ListsAreWideEnoughForNamesOnANarrowScreen) {
     Open();
-    const auto areaOf = [](HWND window) {
-        RECT area{};
-        GetWindowRect(window, &area);
-        return area;
-    };
     const HWND label = Find(*form, ControlKind::Label, 5);
-    EXPECT_GE(areaOf(label).left, areaOf(Command(3)).right);
+    EXPECT_GE(AreaOf(label).left, AreaOf(Command(3)).right);
     MoveToDensity(*form, static_cast<unsigned>(MulDiv(144, GetSystemMetrics(SM_CXSCREEN), 800)));
     ShrinkToMinimum(*form);
-    EXPECT_GE(areaOf(label).top, areaOf(Command(3)).bottom);
+    EXPECT_GE(AreaOf(label).top, AreaOf(Command(3)).bottom);
     const int least[] = {24, 24, 16};
     for (const int number : {1, 2, 3}) {
-        RECT area{};
-        GetClientRect(List(number), &area);
+        const RECT area = ClientAreaOf(List(number));
         EXPECT_GE(area.right, form->Measure().Across(4 * least[number - 1])) << number;
         EXPECT_GE(area.bottom, 3 * form->Measure().LineHeight()) << number;
     }
@@ -147,37 +144,20 @@ TEST_F(MainWindowTest, AllIsInReachOnASmallScreenOfHighDensity) {
     MoveToDensity(*form, static_cast<unsigned>(MulDiv(192, GetSystemMetrics(SM_CXSCREEN), 800)));
     ShrinkToMinimum(*form);
     EXPECT_EQ(CutOffCaptions(*form) + MisplacedControls(*form), "");
-    RECT area{};
-    GetWindowRect(form->Handle(), &area);
+    const RECT area = AreaOf(form->Handle());
     EXPECT_LE(area.bottom - area.top, GetSystemMetrics(SM_CYSCREEN));
     EXPECT_LE(area.right - area.left, GetSystemMetrics(SM_CXSCREEN));
 }
 
 TEST_F(MainWindowTest, OpensOnAboutSixtyPerCentOfTheScreen) {
     Open();
-    RECT area{};
-    GetWindowRect(form->Handle(), &area);
-    RECT work{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    const RECT area = AreaOf(form->Handle());
+    const RECT work = WorkArea();
     const auto sizeOf = [](const RECT& rectangle) {
         return static_cast<double>(rectangle.right - rectangle.left) *
                static_cast<double>(rectangle.bottom - rectangle.top);
     };
     EXPECT_NEAR(sizeOf(area) / sizeOf(work), 0.6, 0.05);
-}
-
-TEST_F(MainWindowTest, ItsStatusLineHasRoomForEveryText) {
-    Open();
-    for (const unsigned dpi : Densities) {
-        MoveToDensity(*form, dpi);
-        ShrinkToMinimum(*form);
-        RECT line{};
-        GetClientRect(Find(*form, ControlKind::Text, 2), &line);
-        for (size_t command = 1; command <= 14; ++command) {
-            const std::wstring text = MainScreen::StatusText(command).value_or(L"");
-            EXPECT_LE(form->Measure().Width(text) + 4, line.right) << command;
-        }
-    }
 }
 
 TEST_F(MainWindowTest, TheTabKeyLeavesTheStatusLineOut) {
@@ -190,7 +170,7 @@ TEST_F(MainWindowTest, TheTabKeyLeavesTheStatusLineOut) {
 }
 
 // No window of another program flashes through between the two.
-TEST_F(MainWindowTest, IsHiddenOnlyAfterTheSettingsHaveBeenShown) {
+TEST_F(MainWindowTest, SettingsShowFolderManagementAndHideItOnlyAfterwards) {
     Open();
     bool visibleMeanwhile = false;
     handOver.onShow = [&] {
@@ -199,6 +179,8 @@ TEST_F(MainWindowTest, IsHiddenOnlyAfterTheSettingsHaveBeenShown) {
     Click(Command(6));
     EXPECT_TRUE(visibleMeanwhile);
     EXPECT_FALSE(IsWindowVisible(form->Handle()));
+    EXPECT_EQ(handOver.shown, std::vector{NextWindow::FolderManagement});
+    EXPECT_TRUE(state.OpenedFromMainWindow);
 }
 
 TEST_F(MainWindowTest, ShowsWhatIsLoaded) {
@@ -219,8 +201,7 @@ TEST_F(MainWindowTest, ShowsWhatIsLoaded) {
 TEST_F(MainWindowTest, ItsListsGrowWithIt) {
     Open();
     const auto sizeOf = [](HWND window) {
-        RECT area{};
-        GetWindowRect(window, &area);
+        const RECT area = AreaOf(window);
         return Size{static_cast<int>(area.right - area.left),
                     static_cast<int>(area.bottom - area.top)};
     };
@@ -228,8 +209,7 @@ TEST_F(MainWindowTest, ItsListsGrowWithIt) {
     for (int list = 1; list <= 3; ++list)
         before.push_back(sizeOf(List(list)));
     const Size button = sizeOf(Command(3));
-    RECT window{};
-    GetWindowRect(form->Handle(), &window);
+    const RECT window = AreaOf(form->Handle());
     SetWindowPos(form->Handle(), nullptr, 0, 0, window.right - window.left + 200,
                  window.bottom - window.top + 200, SWP_NOMOVE | SWP_NOZORDER);
     for (int list = 1; list <= 3; ++list) {
@@ -254,51 +234,44 @@ TEST_F(MainWindowTest, KeepsTheTreeRowThatTheUserHasClicked) {
     EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\packages\\inner\\");
 }
 
-TEST_F(MainWindowTest, LightsTheButtonsThatFitTheSelectedFiles) {
+TEST_F(MainWindowTest, LightsTheButtonsThatFitTheSelections) {
     Open();
     SelectRows(List(2), {RowOf(List(2), L"a.lzh")});
     EXPECT_EQ(EnabledCommands(), (std::vector{1, 6, 8, 9, 10, 12}));
+    SelectRows(List(2), {RowOf(List(2), L"a.lzh"), RowOf(List(2), L"ombrel.exe")});
+    EXPECT_EQ(SelectedOf(List(2)), std::vector<std::wstring>{L"a.lzh"});
+    EXPECT_TRUE(IsEnabled(Command(1)));
     SelectRows(List(2), {RowOf(List(2), L"ombrel.exe")});
     EXPECT_EQ(EnabledCommands(), (std::vector{3, 6, 8, 9, 10, 12}));
     Click(Command(9));
     EXPECT_TRUE(SelectedOf(List(2)).empty());
     EXPECT_FALSE(IsEnabled(Command(9)));
-}
-
-TEST_F(MainWindowTest, TakesTheHostProgramOutOfASelectionOfSeveralFiles) {
-    Open();
-    SelectRows(List(2), {RowOf(List(2), L"a.lzh"), RowOf(List(2), L"ombrel.exe")});
-    EXPECT_EQ(SelectedOf(List(2)), std::vector<std::wstring>{L"a.lzh"});
-    EXPECT_TRUE(IsEnabled(Command(1)));
-}
-
-TEST_F(MainWindowTest, LightsTheButtonsThatFitTheSelectedCharacters) {
-    Open();
     SelectRows(List(3), {1});
     EXPECT_EQ(EnabledCommands(), (std::vector{5, 6, 7, 8, 10, 11, 12, 13}));
     SelectRows(List(3), {0, 1});
     EXPECT_EQ(EnabledCommands(), (std::vector{5, 6, 7, 8, 10, 12}));
+    SelectRows(List(2), {0, 1});
+    EXPECT_FALSE(IsEnabled(Command(2)));
     Click(Command(7));
     EXPECT_TRUE(SelectedOf(List(3)).empty());
     EXPECT_FALSE(IsEnabled(Command(5)));
     EXPECT_FALSE(IsEnabled(Command(7)));
 }
 
-TEST_F(MainWindowTest, TheStagingButtonStaysGrey) {
-    Open();
-    SelectRows(List(2), {0, 1});
-    SelectRows(List(3), {0});
-    EXPECT_FALSE(IsEnabled(Command(2)));
-}
-
-TEST_F(MainWindowTest, AnotherHostFolderShowsItsCharacters) {
+TEST_F(MainWindowTest, AnotherHostFolderShowsItsCharactersOrNoneAfterAFailure) {
     Open();
     const HWND combo = Find(*form, ControlKind::Combo, 1);
-    SendMessageW(combo, CB_SETCURSEL, 1, 0);
-    SendMessageW(form->Handle(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(combo));
+    Choose(combo, 1);
     EXPECT_TRUE(EntriesOf(List(3)).empty());
     EXPECT_EQ(state.DefaultFolder, L"C:\\Second");
+    Choose(combo, 0);
+    EXPECT_EQ(EntriesOf(List(3)).size(), 3u);
+    fake.files.SetReady(L"C:", false);
+    Choose(combo, 0);
+    ASSERT_FALSE(fake.messages.shown.empty());
+    EXPECT_EQ(fake.messages.shown.back().icon, MessageIcon::Stop);
+    EXPECT_TRUE(EntriesOf(List(3)).empty());
+    EXPECT_TRUE(IsEnabled(form->Handle()));
 }
 
 TEST_F(MainWindowTest, ADoubleClickAndReturnOpenARowOfTheTree) {
@@ -447,7 +420,11 @@ TEST_F(MainWindowTest, ExplainsTheButtonUnderThePointerEnabledOrNot) {
     for (const int number : {1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14}) {
         MovePointerOver(*form, Command(number));
         EXPECT_EQ(Status(), MainScreen::StatusText(static_cast<size_t>(number)));
+        MovePointerOver(*form, Command(2)); // which has none
+        EXPECT_EQ(Status(), MainScreen::StatusText(static_cast<size_t>(number)));
     }
+    MovePointerTo(*form, {1, 1});
+    EXPECT_EQ(Status(), L"");
 }
 
 TEST_F(MainWindowTest, ExplainsTheButtonThatHasTheKeyboard) {
@@ -489,21 +466,6 @@ TEST_F(MainWindowTest, LabelsAreGreyWithTheirButtons) {
     expectAlike();
 }
 
-TEST_F(MainWindowTest, TheBackgroundEmptiesTheStatusLine) {
-    Open();
-    MovePointerOver(*form, Command(8));
-    ASSERT_EQ(Status(), L"Tamblinを終了します。");
-    MovePointerTo(*form, {1, 1});
-    EXPECT_EQ(Status(), L"");
-}
-
-TEST_F(MainWindowTest, TheStagingButtonLeavesTheStatusLineAsItIs) {
-    Open();
-    MovePointerOver(*form, Command(8));
-    MovePointerOver(*form, Command(2));
-    EXPECT_EQ(Status(), L"Tamblinを終了します。");
-}
-
 // Refreshing
 
 TEST_F(MainWindowTest, ComingFromAnotherWindowItShowsWhatHasChanged) {
@@ -517,55 +479,36 @@ TEST_F(MainWindowTest, ComingFromAnotherWindowItShowsWhatHasChanged) {
     EXPECT_EQ(RowOf(List(3), L"Gamma"), 2);
 }
 
-TEST_F(MainWindowTest, AFailureLeavesTheWindowShowingWhatIsTrue) {
-    Open();
-    fake.files.SetReady(L"C:", false);
-    const HWND combo = Find(*form, ControlKind::Combo, 1);
-    SendMessageW(form->Handle(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(combo));
-    ASSERT_FALSE(fake.messages.shown.empty());
-    EXPECT_EQ(fake.messages.shown.back().icon, MessageIcon::Stop);
-    EXPECT_TRUE(EntriesOf(List(3)).empty());
-    EXPECT_TRUE(IsEnabled(form->Handle()));
-}
-
 // Other windows
-
-TEST_F(MainWindowTest, SettingsHideItAndShowFolderManagement) {
-    Open();
-    Click(Command(6));
-    EXPECT_FALSE(IsWindowVisible(form->Handle()));
-    EXPECT_EQ(handOver.shown, std::vector{NextWindow::FolderManagement});
-    EXPECT_TRUE(state.OpenedFromMainWindow);
-}
 
 // Leaving
 
-TEST_F(MainWindowTest, ItsExitButtonSavesThenAsks) {
-    Open();
-    fake.messages.onShow = [&](const auto&) {
-        EXPECT_TRUE(fake.files.Exists(L"C:\\Tamblin\\tamb.ini"));
+TEST_F(MainWindowTest, ItsExitButtonAndItsCloseBoxSaveThenAsk) {
+    const auto leave = [&](bool byButton) {
+        if (byButton)
+            Click(Command(8));
+        else
+            SendMessageW(form->Handle(), WM_CLOSE, 0, 0);
     };
-    Click(Command(8));
-    EXPECT_TRUE(form->IsOpen());
-    fake.messages.answer = true;
-    Click(Command(8));
-    EXPECT_FALSE(form->IsOpen());
-    EXPECT_EQ(fake.messages.Texts(),
-              (std::vector<std::wstring>(2, L"Tamblin を終了してもよろしいですか？")));
-    EXPECT_EQ(fake.messages.shown[0].kind, MessageBoxesFake::Kind::AskOkCancel);
-}
-
-TEST_F(MainWindowTest, ItsCloseBoxSavesThenAsks) {
-    Open();
-    SendMessageW(form->Handle(), WM_CLOSE, 0, 0);
-    EXPECT_TRUE(form->IsOpen());
-    EXPECT_TRUE(fake.files.Exists(L"C:\\Tamblin\\tamb.ini"));
-    fake.messages.answer = true;
-    SendMessageW(form->Handle(), WM_CLOSE, 0, 0);
-    EXPECT_FALSE(form->IsOpen());
-    EXPECT_EQ(fake.messages.Texts(), (std::vector<std::wstring>(2, L"終了してもよろしいですか？")));
-    EXPECT_EQ(fake.messages.shown[0].kind, MessageBoxesFake::Kind::AskYesNo);
+    for (const bool byButton : {true, false}) {
+        fake.messages.shown.clear();
+        fake.messages.answer = false;
+        fake.files.DeleteTree(L"C:\\Tamblin\\tamb.ini");
+        fake.messages.onShow = [&](const auto&) {
+            EXPECT_TRUE(fake.files.Exists(L"C:\\Tamblin\\tamb.ini"));
+        };
+        Open();
+        leave(byButton);
+        EXPECT_TRUE(form->IsOpen());
+        fake.messages.answer = true;
+        leave(byButton);
+        EXPECT_FALSE(form->IsOpen());
+        EXPECT_EQ(fake.messages.Texts(),
+                  std::vector<std::wstring>(2, byButton ? L"Tamblin を終了してもよろしいですか？"
+                                                        : L"終了してもよろしいですか？"));
+        EXPECT_EQ(fake.messages.shown[0].kind, byButton ? MessageBoxesFake::Kind::AskOkCancel
+                                                        : MessageBoxesFake::Kind::AskYesNo);
+    }
 }
 
 TEST_F(MainWindowTest, TheEndOfTheSessionSavesNothing) {
@@ -607,15 +550,18 @@ class InstallWindowTest : public MainWindowTest {
         };
         fake.messages.answer = true;
     }
-    // Presses Install and does `step` in the confirmation window.
-    void InstallAnd(const std::function<void(Form&)>& step) {
-        SelectRows(List(2), {RowOf(List(2), L"new.lzh")});
+    // Does `step` in the confirmation window when it opens.
+    void WhenAsked(const std::function<void(Form&)>& step) {
         Meanwhile([this, step] {
             Form* const confirmation = FormOfClass(L"Tamblin.Form7");
             if (confirmation)
                 step(*confirmation);
             return confirmation != nullptr;
         });
+    }
+    void InstallAnd(const std::function<void(Form&)>& step) {
+        SelectRows(List(2), {RowOf(List(2), L"new.lzh")});
+        WhenAsked(step);
         Click(Command(1));
     }
 };
@@ -642,13 +588,9 @@ TEST_F(InstallWindowTest, ReturnAndADoubleClickOnAnArchiveInstallIt) {
     const auto open = [&](const std::wstring& name, const std::function<void()>& gesture) {
         SelectRows(List(2), {RowOf(List(2), name)});
         SendMessageW(List(2), LB_SETCARETINDEX, static_cast<WPARAM>(RowOf(List(2), name)), 0);
-        Meanwhile([&] {
-            Form* const confirmation = FormOfClass(L"Tamblin.Form7");
-            if (confirmation) {
-                ++confirmations;
-                Click(Find(*confirmation, ControlKind::Command, 2));
-            }
-            return confirmation != nullptr;
+        WhenAsked([&](Form& confirmation) {
+            ++confirmations;
+            Click(Find(confirmation, ControlKind::Command, 2));
         });
         gesture();
         return std::exchange(confirmations, 0);
@@ -686,12 +628,7 @@ TEST_F(InstallWindowTest, IsSeenDisabledBeforeThePackageIsUnpacked) {
     };
     SelectRows(List(2), {RowOf(List(2), L"new.lzh")});
     SetFocus(Command(1));
-    Meanwhile([this] {
-        Form* const confirmation = FormOfClass(L"Tamblin.Form7");
-        if (confirmation)
-            Click(Find(*confirmation, ControlKind::Command, 1));
-        return confirmation != nullptr;
-    });
+    WhenAsked([](Form& confirmation) { Click(Find(confirmation, ControlKind::Command, 1)); });
     Click(Command(1));
     EXPECT_TRUE(unpacked);
     EXPECT_EQ(GetFocus(), Command(1)); // where the user was

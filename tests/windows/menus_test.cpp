@@ -63,23 +63,17 @@ class MenusTest : public WindowScene {
     MenuForm form{application};
 };
 
-TEST_F(MenusTest, OfACharacterWithoutReadme) {
-    const auto items = ItemsOf([&] {
-        Form10::ShowCharacterMenu(form, {50, 50}, {.readmeEnabled = false});
-    });
-    ASSERT_EQ(items.size(), 4u);
-    EXPECT_EQ(items[0], (Item{Form10::mnrun, L"オンブレルの起動"}));
-    EXPECT_EQ(items[1], (Item{Form10::mnview, L"READMEの表示", false}));
-    EXPECT_EQ(items[2].id, 0);
-    EXPECT_EQ(items[3], (Item{Form10::mncancel, L"キャンセル"}));
-}
-
-TEST_F(MenusTest, OfACharacterWithReadme) {
-    const auto items = ItemsOf([&] {
-        Form10::ShowCharacterMenu(form, {50, 50}, {.readmeEnabled = true});
-    });
-    ASSERT_EQ(items.size(), 4u);
-    EXPECT_EQ(items[1], (Item{Form10::mnview, L"READMEの表示"}));
+TEST_F(MenusTest, OfACharacter) {
+    for (const bool readme : {false, true}) {
+        const auto items = ItemsOf([&] {
+            Form10::ShowCharacterMenu(form, {50, 50}, {.readmeEnabled = readme});
+        });
+        ASSERT_EQ(items.size(), 4u);
+        EXPECT_EQ(items[0], (Item{Form10::mnrun, L"オンブレルの起動"}));
+        EXPECT_EQ(items[1], (Item{Form10::mnview, L"READMEの表示", readme}));
+        EXPECT_EQ(items[2].id, 0);
+        EXPECT_EQ(items[3], (Item{Form10::mncancel, L"キャンセル"}));
+    }
 }
 
 TEST_F(MenusTest, OfAFolder) {

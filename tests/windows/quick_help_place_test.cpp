@@ -27,8 +27,7 @@ class QuickHelpPlaceTest : public WindowScene {
     // The docking timer rings.
     void Tick() { SendMessageW(form->Handle(), WM_TIMER, 1, 0); }
     RECT Area() const {
-        RECT area{};
-        GetWindowRect(form->Handle(), &area);
+        RECT area = AreaOf(form->Handle());
         return area;
     }
 

@@ -25,8 +25,7 @@ class QuickHelpWindowTest : public WindowScene {
     }
     void Tick() const { SendMessageW(help->Handle(), WM_TIMER, 1, 0); }
     static POINT CornerOf(HWND window) {
-        RECT area{};
-        GetWindowRect(window, &area);
+        RECT area = AreaOf(window);
         return {area.left, area.top};
     }
     void ExpectAt(POINT place) const {

@@ -57,6 +57,24 @@ std::wstring WindowScene::TextOf(HWND window) {
     return text;
 }
 
+RECT WindowScene::AreaOf(HWND window) {
+    RECT area{};
+    GetWindowRect(window, &area);
+    return area;
+}
+
+RECT WindowScene::ClientAreaOf(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    return area;
+}
+
+RECT WindowScene::WorkArea() {
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    return area;
+}
+
 std::vector<std::wstring> WindowScene::EntriesOf(HWND list) {
     std::vector<std::wstring> entries;
     const LRESULT count = SendMessageW(list, LB_GETCOUNT, 0, 0);
@@ -101,6 +119,11 @@ void WindowScene::Click(HWND button) {
     Notify(button, BN_CLICKED);
 }
 
+void WindowScene::Choose(HWND combo, int entry) {
+    SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
+    Notify(combo, CBN_SELCHANGE);
+}
+
 void WindowScene::DoubleClick(HWND list, int row) {
     SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
     Notify(list, LBN_DBLCLK);
@@ -139,8 +162,7 @@ void WindowScene::MovePointerTo(const Form& form, POINT inClient) {
 // The system gives the moves over an enabled control to the control, over a disabled one to the
 // form.
 void WindowScene::MovePointerOver(const Form& form, HWND control) {
-    RECT area{};
-    GetClientRect(control, &area);
+    const RECT area = ClientAreaOf(control);
     POINT middle{area.right / 2, area.bottom / 2};
     if (IsWindowEnabled(control)) {
         SendMessageW(control, WM_MOUSEMOVE, 0, MAKELPARAM(middle.x, middle.y));

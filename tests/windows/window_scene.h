@@ -41,6 +41,9 @@ class WindowScene : public testing::Test {
 
     static HWND Find(const Form& form, ControlKind kind, int number, int index = 0);
     static std::wstring TextOf(HWND window);
+    static RECT AreaOf(HWND window); // on the screen
+    static RECT ClientAreaOf(HWND window);
+    static RECT WorkArea();
     static bool IsEnabled(HWND window) { return IsWindowEnabled(window) != 0; }
     static std::vector<std::wstring> EntriesOf(HWND list);
     static std::vector<std::wstring> SelectedOf(HWND list);
@@ -48,6 +51,7 @@ class WindowScene : public testing::Test {
     // As another program would do it: selects, then notifies the form.
     static void SelectRows(HWND list, std::initializer_list<int> rows);
     static void Click(HWND button);
+    static void Choose(HWND combo, int entry);
     static void DoubleClick(HWND list, int row);
     void PressKey(WPARAM key);
     void HoldKeyDown(WPARAM key); // one that was down before
