@@ -17,9 +17,9 @@ struct ChoiceScene {
         choice.Load();
     }
 
-    NextWindow OkWithTicks(const std::vector<bool>& ticks) {
+    NextWindow OkWithTicks(const std::string& ticks) {
         for (size_t line = 0; line < ticks.size(); ++line)
-            choice.TickChanged(line, ticks[line]);
+            choice.TickChanged(line, ticks[line] == '1');
         return choice.OkPressed();
     }
     std::wstring Registered() const {
@@ -41,11 +41,7 @@ TEST(FolderChoice, FirstStageTicksTheRegisteredFolders) {
     EXPECT_THAT(scene.choice.folders, ElementsAre(L"a", L"b", L"c", L"d"));
     EXPECT_THAT(scene.choice.ticks, ElementsAre(true, true, false, false));
     EXPECT_TRUE(scene.choice.okEnabled);
-}
-
-TEST(FolderChoice, OneRegisteredFolderIsTickedAsTheFirstLine) {
-    ChoiceScene scene(L"a", L"bc");
-    EXPECT_THAT(scene.choice.ticks, ElementsAre(true, false, false));
+    EXPECT_THAT(ChoiceScene(L"a", L"bc").choice.ticks, ElementsAre(true, false, false));
 }
 
 TEST(FolderChoice, OkFollowsTheTicks) {
@@ -61,55 +57,41 @@ TEST(FolderChoice, OkFollowsTheTicks) {
 }
 
 struct TickRow {
-    const char* name;
     const wchar_t* registered;
     const wchar_t* found;
-    std::vector<bool> ticks;
+    std::string ticks; // a "1" for each line with one
     const wchar_t* registeredAfter;
     bool secondStage;
 };
 
-class Ticks : public testing::TestWithParam<TickRow> {};
-
-TEST_P(Ticks, DecideWhatIsRegistered) {
-    ChoiceScene scene(GetParam().registered, GetParam().found);
-    const NextWindow next = scene.OkWithTicks(GetParam().ticks);
-    EXPECT_EQ(scene.Registered(), GetParam().registeredAfter);
-    EXPECT_EQ(next, GetParam().secondStage ? NextWindow::Stay : NextWindow::MainWindow);
-    EXPECT_EQ(scene.choice.InFirstStage(), !GetParam().secondStage);
-    EXPECT_EQ(scene.state.ChoiceStage, GetParam().secondStage ? 2 : 1);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    FolderChoice, Ticks,
-    testing::Values(
-        TickRow{"AllFound", L"", L"abc", {true, true, true}, L"abc", true},
-        TickRow{"OneOfTheFound", L"", L"abc", {false, true, false}, L"b", false},
-        TickRow{"FirstAndLastOfTheFound", L"", L"abc", {true, false, true}, L"ac", true},
-        TickRow{"FoundBehindRegistered", L"ab", L"cd", {true, true, false, true}, L"abd", true},
-        TickRow{"NothingNew", L"ab", L"cd", {true, true, false, false}, L"ab", true},
-        TickRow{"NothingNewBesideOne", L"a", L"bc", {true, false, false}, L"a", false},
+TEST(FolderChoice, TicksDecideWhatIsRegistered) {
+    const TickRow rows[] = {
+        {L"", L"abc", "111", L"abc", true},
+        {L"", L"abc", "010", L"b", false},
+        {L"", L"abc", "101", L"ac", true},
+        {L"ab", L"cd", "1101", L"abd", true},
+        {L"ab", L"cd", "1100", L"ab", true},
+        {L"a", L"bc", "100", L"a", false},
         // The comparison runs one slot low: the last registered folder is never dropped.
-        TickRow{"LastRegisteredStays", L"ab", L"cd", {true, false, false, false}, L"ab", true},
-        TickRow{"OnlyRegisteredStays", L"a", L"bc", {false, true, false}, L"ab", true},
+        {L"ab", L"cd", "1000", L"ab", true},
+        {L"a", L"bc", "010", L"ab", true},
         // The count ends at the slot that was dropped, what stood behind it having moved down.
-        TickRow{
-            "MiddleCleared", L"abcd", L"ef", {true, false, true, true, false, false}, L"acd", true},
-        TickRow{"FirstOfFourCleared",
-                L"abcd",
-                L"ef",
-                {false, true, true, true, false, false},
-                L"bcd",
-                true},
-        TickRow{"MiddleClearedOnly",
-                L"abcd",
-                L"ef",
-                {true, false, false, false, true, false},
-                L"ace",
-                true},
-        TickRow{"FirstOfTwoCleared", L"ab", L"cd", {false, true, false, false}, L"b", false},
-        TickRow{"OnlyNewOnesTicked", L"ab", L"cd", {false, false, true, true}, L"bcd", true}),
-    CaseName);
+        {L"abcd", L"ef", "101100", L"acd", true},
+        {L"abcd", L"ef", "011100", L"bcd", true},
+        {L"abcd", L"ef", "100010", L"ace", true},
+        {L"ab", L"cd", "0100", L"b", false},
+        {L"ab", L"cd", "0011", L"bcd", true},
+    };
+    for (const TickRow& row : rows) {
+        SCOPED_TRACE(row.ticks);
+        ChoiceScene scene(row.registered, row.found);
+        const NextWindow next = scene.OkWithTicks(row.ticks);
+        EXPECT_EQ(scene.Registered(), row.registeredAfter);
+        EXPECT_EQ(next, row.secondStage ? NextWindow::Stay : NextWindow::MainWindow);
+        EXPECT_EQ(scene.choice.InFirstStage(), !row.secondStage);
+        EXPECT_EQ(scene.state.ChoiceStage, row.secondStage ? 2 : 1);
+    }
+}
 
 TEST(FolderChoice, ClearedTickInTheMiddleDropsTheFoldersBehindItFromTheCount) {
     ChoiceScene scene(L"abcd", L"ef");
@@ -120,77 +102,56 @@ TEST(FolderChoice, ClearedTickInTheMiddleDropsTheFoldersBehindItFromTheCount) {
     EXPECT_EQ(scene.state.HostFolderCount, 2);
 }
 
-TEST(FolderChoice, SecondStageOffersTheRegisteredFolders) {
+TEST(FolderChoice, SecondStageOffersTheRegisteredFoldersAndTheChosenBecomesTheDefault) {
     ChoiceScene scene(L"", L"abc");
-    EXPECT_EQ(scene.OkWithTicks({true, false, true}), NextWindow::Stay);
+    EXPECT_EQ(scene.OkWithTicks("101"), NextWindow::Stay);
     EXPECT_EQ(scene.choice.Question(), L"デフォルトに設定するフォルダを選択してください。");
     EXPECT_THAT(scene.choice.folders, ElementsAre(L"a", L"c"));
     EXPECT_FALSE(scene.choice.chosen.has_value());
     EXPECT_FALSE(scene.choice.okEnabled);
-}
-
-TEST(FolderChoice, ChosenFolderBecomesTheDefaultAndEnablesOk) {
-    ChoiceScene scene(L"", L"abc");
-    scene.OkWithTicks({true, true, true});
-    scene.choice.DefaultChosen(1);
-    EXPECT_EQ(scene.state.DefaultFolder, L"b");
+    scene.choice.DefaultChosen(0);
+    EXPECT_EQ(scene.state.DefaultFolder, L"a");
     EXPECT_TRUE(scene.choice.okEnabled);
-    scene.choice.DefaultChosen(2);
+    scene.choice.DefaultChosen(1);
     EXPECT_EQ(scene.state.DefaultFolder, L"c");
     EXPECT_EQ(scene.choice.OkPressed(), NextWindow::MainWindow);
-    EXPECT_EQ(scene.Registered(), L"abc");
-}
-
-TEST(FolderChoice, EmptyFolderIsNoChoice) {
-    SettingsState state;
-    for (const wchar_t* folder : {L"a", L""})
-        Register(state, folder);
-    state.DefaultFolder = L"a";
-    state.ChoiceStage = 2;
-    FolderChoice choice(state);
-    choice.Load();
-    choice.DefaultChosen(1);
-    EXPECT_EQ(state.DefaultFolder, L"a");
-    EXPECT_FALSE(choice.okEnabled);
+    EXPECT_EQ(scene.Registered(), L"ac");
 }
 
 TEST(FolderChoice, SecondStageAloneOffersWhatIsRegistered) {
     SettingsState state;
     Register(state, L"a");
-    Register(state, L"b");
     state.WorkingFolderCount = 9;
     state.ChoiceStage = 2;
+    FolderChoice choiceOfOne(state);
+    choiceOfOne.Load();
+    EXPECT_EQ(choiceOfOne.chosen, 0U);
+    EXPECT_EQ(state.DefaultFolder, L"a");
+    EXPECT_TRUE(choiceOfOne.okEnabled);
+    Register(state, L"");
     FolderChoice choice(state);
     choice.Load();
     EXPECT_FALSE(choice.InFirstStage());
-    EXPECT_THAT(choice.folders, ElementsAre(L"a", L"b"));
-}
-
-TEST(FolderChoice, OneFolderIsPreselectedInTheSecondStage) {
-    SettingsState state;
-    Register(state, L"a");
-    state.ChoiceStage = 2;
-    FolderChoice choice(state);
-    choice.Load();
-    EXPECT_EQ(choice.chosen, 0U);
+    EXPECT_THAT(choice.folders, ElementsAre(L"a", L""));
+    choice.DefaultChosen(1); // which is none
     EXPECT_EQ(state.DefaultFolder, L"a");
-    EXPECT_TRUE(choice.okEnabled);
+    EXPECT_FALSE(choice.okEnabled);
 }
 
 TEST(FolderChoice, OneFolderOfAFirstRunIsItsDefault) {
     ChoiceScene scene(L"", L"ab");
-    EXPECT_EQ(scene.OkWithTicks({false, true}), NextWindow::MainWindow);
+    EXPECT_EQ(scene.OkWithTicks("01"), NextWindow::MainWindow);
     EXPECT_EQ(scene.state.DefaultFolder, L"b");
 }
 
 TEST(FolderChoice, OpenedFromManagementBothStagesEndThere) {
     ChoiceScene one(L"", L"ab");
     one.state.WizardFromManagement = true;
-    EXPECT_EQ(one.OkWithTicks({true, false}), NextWindow::FolderManagement);
+    EXPECT_EQ(one.OkWithTicks("10"), NextWindow::FolderManagement);
     EXPECT_EQ(one.state.DefaultFolder, L"");
     ChoiceScene two(L"", L"ab");
     two.state.WizardFromManagement = true;
-    EXPECT_EQ(two.OkWithTicks({true, true}), NextWindow::Stay);
+    EXPECT_EQ(two.OkWithTicks("11"), NextWindow::Stay);
     two.choice.DefaultChosen(0);
     EXPECT_EQ(two.choice.OkPressed(), NextWindow::FolderManagement);
 }
@@ -207,7 +168,7 @@ TEST(FolderChoice, ClosingTheSecondStageKeepsTheDefault) {
         ChoiceScene scene(L"", L"ab");
         scene.state.DefaultFolder = L"former";
         scene.state.WizardFromManagement = fromManagement;
-        scene.OkWithTicks({true, true});
+        scene.OkWithTicks("11");
         EXPECT_EQ(scene.choice.Closed(),
                   fromManagement ? NextWindow::FolderManagement : NextWindow::MainWindow);
         EXPECT_EQ(scene.state.DefaultFolder, L"former");
@@ -216,7 +177,7 @@ TEST(FolderChoice, ClosingTheSecondStageKeepsTheDefault) {
 
 TEST(FolderChoice, TenFoldersCanBeRegistered) {
     ChoiceScene scene(L"", L"abcdefghij");
-    EXPECT_EQ(scene.OkWithTicks(std::vector<bool>(10, true)), NextWindow::Stay);
+    EXPECT_EQ(scene.OkWithTicks(std::string(10, '1')), NextWindow::Stay);
     EXPECT_EQ(scene.Registered(), L"abcdefghij");
 }
 

@@ -55,34 +55,26 @@ TEST(FolderManagement, ListsTheFoldersAndSelectsTheDefault) {
     EXPECT_THAT(SelectedEntries(scene.management.folders), ElementsAre(L"a"));
 }
 
-struct EnabledRow {
-    const char* name;
-    const wchar_t* folders;
-    const wchar_t* defaultFolder;
-    const char* enabled;
-};
-
-class EnabledButtonsOf : public testing::TestWithParam<EnabledRow> {};
-
-TEST_P(EnabledButtonsOf, FollowCountAndSelection) {
-    ManagementScene scene(GetParam().folders, GetParam().defaultFolder);
-    EXPECT_EQ(scene.Enabled(), GetParam().enabled);
+TEST(FolderManagement, EnabledButtonsFollowCountAndSelection) {
+    const std::tuple<const wchar_t*, const wchar_t*, const char*> rows[] = {
+        {L"", L"", "AL"},
+        {L"", L"a", "AL"},
+        {L"ab", L"a", "ACDL"},
+        {L"ab", L"", "A"},
+        {L"ab", L"A", "A"},
+        {L"abcdefghi", L"a", "ACDL"},
+        {L"abcdefghij", L"a", "CDL"},
+        {L"abcdefghij", L"", ""}};
+    for (const auto& [folders, defaultFolder, enabled] : rows)
+        EXPECT_EQ(ManagementScene(folders, defaultFolder).Enabled(), enabled) << folders;
 }
-
-INSTANTIATE_TEST_SUITE_P(FolderManagement, EnabledButtonsOf,
-                         testing::Values(EnabledRow{"NoFolders", L"", L"", "AL"},
-                                         EnabledRow{"NoFoldersButADefault", L"", L"a", "AL"},
-                                         EnabledRow{"DefaultSelected", L"ab", L"a", "ACDL"},
-                                         EnabledRow{"NothingSelected", L"ab", L"", "A"},
-                                         EnabledRow{"DefaultInOtherCase", L"ab", L"A", "A"},
-                                         EnabledRow{"Nine", L"abcdefghi", L"a", "ACDL"},
-                                         EnabledRow{"Ten", L"abcdefghij", L"a", "CDL"},
-                                         EnabledRow{"TenAndNothingSelected", L"abcdefghij", L"",
-                                                    ""}),
-                         CaseName);
 
 TEST(FolderManagement, SelectingALineAllowsChangingDeletingAndLeaving) {
     ManagementScene scene(L"ab");
+    EXPECT_EQ(scene.management.ChangePressed(), NextWindow::Stay);
+    EXPECT_FALSE(scene.state.EditMode);
+    scene.management.DeletePressed();
+    EXPECT_EQ(scene.Registered(), L"ab");
     scene.Choose(L"b");
     EXPECT_EQ(scene.Enabled(), "ACDL");
 }
@@ -123,41 +115,23 @@ TEST(FolderManagement, ChangeNamesTheSlotOfTheSelectedLine) {
     EXPECT_EQ(scene.state.EditIndex, 3);
 }
 
-TEST(FolderManagement, ChangeWithoutSelectionStays) {
-    ManagementScene scene(L"ab");
-    EXPECT_EQ(scene.management.ChangePressed(), NextWindow::Stay);
-    EXPECT_FALSE(scene.state.EditMode);
-}
-
 // --- Delete ---------------------------------------------------------------------------------
 
-class Deletions : public testing::TestWithParam<std::pair<const wchar_t*, const wchar_t*>> {};
-
-TEST_P(Deletions, CloseTheGapInOrder) {
-    ManagementScene scene(L"abc", L"a");
-    scene.Choose(GetParam().first);
-    scene.management.DeletePressed();
-    EXPECT_EQ(scene.Registered(), GetParam().second);
-    EXPECT_EQ(scene.management.folders.Size(), 2U);
-    EXPECT_EQ(scene.state.DefaultFolder, L"a");
-}
-
-INSTANTIATE_TEST_SUITE_P(FolderManagement, Deletions,
-                         testing::Values(std::pair{L"a", L"bc"}, std::pair{L"b", L"ac"},
-                                         std::pair{L"c", L"ab"}));
-
-TEST(FolderManagement, SlotsBehindTheLastKeepTheirOldStrings) {
-    ManagementScene scene(L"abc", L"a");
-    scene.management.DeletePressed();
-    EXPECT_EQ(scene.state.HostFolders[3], L"c");
-}
-
-TEST(FolderManagement, DeletionSelectsTheDefaultAgain) {
-    ManagementScene scene(L"abc", L"a");
-    scene.Choose(L"b");
-    scene.management.DeletePressed();
-    EXPECT_THAT(SelectedEntries(scene.management.folders), ElementsAre(L"a"));
-    EXPECT_EQ(scene.Enabled(), "ACDL");
+TEST(FolderManagement, DeletionsCloseTheGapInOrderAndSelectTheDefaultAgain) {
+    for (const auto& [deleted, rest] :
+         {std::pair{L"a", L"bc"}, std::pair{L"b", L"ac"}, std::pair{L"c", L"ab"}}) {
+        ManagementScene scene(L"abc", L"a");
+        scene.Choose(deleted);
+        scene.management.DeletePressed();
+        EXPECT_EQ(scene.Registered(), rest);
+        EXPECT_EQ(scene.management.folders.Size(), 2U);
+        EXPECT_EQ(scene.state.DefaultFolder, L"a");
+        EXPECT_EQ(scene.state.HostFolders[3], L"c"); // behind the last, the old string stays
+        if (*deleted != L'a') {
+            EXPECT_THAT(SelectedEntries(scene.management.folders), ElementsAre(L"a"));
+            EXPECT_EQ(scene.Enabled(), "ACDL");
+        }
+    }
 }
 
 TEST(FolderManagement, AddIsOfferedAgainAfterADeletionFromTen) {
@@ -168,11 +142,13 @@ TEST(FolderManagement, AddIsOfferedAgainAfterADeletionFromTen) {
     EXPECT_TRUE(scene.management.addEnabled);
 }
 
-TEST(FolderManagement, LastFolderDeletedLeavesOnlyAddAndLeave) {
+TEST(FolderManagement, LastFolderDeletedLeavesOnlyAddAndLeaveAndKeepsItsPath) {
     ManagementScene scene(L"a", L"a");
     scene.management.DeletePressed();
     EXPECT_EQ(scene.Enabled(), "AL");
     EXPECT_EQ(scene.state.HostFolderCount, 0);
+    EXPECT_EQ(scene.management.LeavePressed(), NextWindow::MainWindow);
+    EXPECT_EQ(scene.state.DefaultFolder, L"a");
 }
 
 TEST(FolderManagement, DeletedDefaultLeavesTheCombosSelectionEmpty) {
@@ -185,19 +161,6 @@ TEST(FolderManagement, DeletedDefaultLeavesTheCombosSelectionEmpty) {
     FillHostFolderCombo(combo, scene.state);
     EXPECT_THAT(combo.entries, ElementsAre(L"b"));
     EXPECT_FALSE(combo.selected.has_value());
-}
-
-TEST(FolderManagement, LastDefaultDeletedKeepsItsPathOnLeaving) {
-    ManagementScene scene(L"a", L"a");
-    scene.management.DeletePressed();
-    EXPECT_EQ(scene.management.LeavePressed(), NextWindow::MainWindow);
-    EXPECT_EQ(scene.state.DefaultFolder, L"a");
-}
-
-TEST(FolderManagement, DeleteWithoutSelectionDeletesNothing) {
-    ManagementScene scene(L"ab");
-    scene.management.DeletePressed();
-    EXPECT_EQ(scene.Registered(), L"ab");
 }
 
 // --- Leaving --------------------------------------------------------------------------------
@@ -228,38 +191,22 @@ TEST(FolderManagement, ClosingBeforeTheMainWindowEndsTheProgram) {
     EXPECT_EQ(scene.management.Closed(), NextWindow::EndProgram);
 }
 
-struct PermissionRow {
-    const char* name;
-    const wchar_t* before;
-    bool shownAllowed;
-};
-
-class Permissions : public testing::TestWithParam<PermissionRow> {};
-
-TEST_P(Permissions, ShowWhatTheSettingsSay) {
-    ManagementScene scene(L"a", L"a");
-    scene.state.KvaOption = GetParam().before;
-    scene.Open();
-    EXPECT_EQ(scene.management.kvaAllowed, GetParam().shownAllowed);
-}
-
-TEST_P(Permissions, AreAppliedOnGoingBack) {
-    ManagementScene scene(L"a", L"a");
-    scene.state.KvaOption = GetParam().before;
-    for (const bool allowed : {true, false}) {
+TEST(FolderManagement, PermissionIsShownAndAppliedOnGoingBack) {
+    for (const auto& [before, shown] : {std::pair{L"ON", true}, std::pair{L"OFF", false},
+                                        std::pair{L"on", false}, std::pair{L"", false}}) {
+        ManagementScene scene(L"a", L"a");
+        scene.state.KvaOption = before;
         scene.Open();
-        scene.management.kvaAllowed = allowed;
-        scene.management.LeavePressed();
-        EXPECT_EQ(scene.state.KvaOption, allowed ? L"ON" : L"OFF");
+        EXPECT_EQ(scene.management.kvaAllowed, shown) << before;
+        for (const bool allowed : {true, false}) {
+            scene.state.KvaOption = before;
+            scene.Open();
+            scene.management.kvaAllowed = allowed;
+            scene.management.LeavePressed();
+            EXPECT_EQ(scene.state.KvaOption, allowed ? L"ON" : L"OFF");
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(FolderManagement, Permissions,
-                         testing::Values(PermissionRow{"On", L"ON", true},
-                                         PermissionRow{"Off", L"OFF", false},
-                                         PermissionRow{"LowerCase", L"on", false},
-                                         PermissionRow{"Unset", L"", false}),
-                         CaseName);
 
 TEST(FolderManagement, BeforeTheMainWindowTheLeaveButtonEndsAndAppliesNothing) {
     ManagementScene scene(L"ab", L"a");

@@ -27,23 +27,21 @@ class InstalledListTest : public testing::Test {
 };
 
 TEST_F(InstalledListTest, NeedsBothDefinitionFileAndFolder) {
-    AddFile(L"both.obl");
-    AddFolder(L"both");
-    AddFile(L"file only.obl");
-    AddFolder(L"folder only");
-    AddFile(L"file.txt");
-    AddFolder(L"file");
+    for (const wchar_t* file :
+         {L"both.obl", L"file only.obl", L"file.txt", L"a.b.obl", L"c.obl.bak", L"e.obl"})
+        AddFile(file);
+    for (const wchar_t* folder :
+         {L"both", L"folder only", L"file", L"a.b", L"a", L"c", L"d.obl", L"d", L"xe"})
+        AddFolder(folder);
     Refresh();
-    EXPECT_THAT(Names(), ElementsAre(L"both"));
+    EXPECT_THAT(Names(), ElementsAre(L"a.b", L"both"));
 }
 
 TEST_F(InstalledListTest, NamesAreSpelledAsTheFolderIs) {
-    AddFile(L"mio.obl");
-    AddFolder(L"Mio");
-    AddFile(L"SAKI.OBL");
-    AddFolder(L"saki");
-    AddFile(L"ａｂ.obl");
-    AddFolder(L"ＡＢ");
+    for (const wchar_t* file : {L"mio.obl", L"SAKI.OBL", L"ａｂ.obl"})
+        AddFile(file);
+    for (const wchar_t* folder : {L"Mio", L"saki", L"ＡＢ"})
+        AddFolder(folder);
     Refresh();
     EXPECT_THAT(Names(), ElementsAre(L"Mio", L"saki", L"ＡＢ"));
 }
@@ -57,20 +55,6 @@ TEST_F(InstalledListTest, OrderIsThatOfTheDefinitionFiles) {
     EXPECT_THAT(Names(), ElementsAre(L"a", L"b", L"C", L"表ソ能", L"ｱ"));
 }
 
-TEST_F(InstalledListTest, DotsInNamesBelongToTheName) {
-    AddFile(L"a.b.obl");
-    AddFolder(L"a.b");
-    AddFolder(L"a");
-    AddFile(L"c.obl.bak");
-    AddFolder(L"c");
-    AddFolder(L"d.obl");
-    AddFolder(L"d");
-    AddFile(L"e.obl");
-    AddFolder(L"xe");
-    Refresh();
-    EXPECT_THAT(Names(), ElementsAre(L"a.b"));
-}
-
 TEST_F(InstalledListTest, HiddenDefinitionFilesAreNotSeenButHiddenFoldersAre) {
     files.AddFile(L"C:\\Host\\a.obl", "", {.hidden = true});
     AddFolder(L"a");
@@ -80,29 +64,20 @@ TEST_F(InstalledListTest, HiddenDefinitionFilesAreNotSeenButHiddenFoldersAre) {
     EXPECT_THAT(Names(), ElementsAre(L"b"));
 }
 
-TEST_F(InstalledListTest, ChoiceBecomesTheCurrentHostFolder) {
+TEST_F(InstalledListTest, RefreshSeesWhatHasChangedAndSelectsNothing) {
     state.DefaultFolder = L"C:\\Old";
+    AddCharacter(files, L"C:\\Host", L"a");
     Refresh();
     EXPECT_EQ(state.DefaultFolder, L"C:\\Host");
-}
-
-TEST_F(InstalledListTest, EmptyComboEmptiesTheListAndTheCurrentHostFolder) {
-    AddCharacter(files, L"C:\\Host", L"a");
-    Refresh();
-    model.combo.selected.reset();
-    Refresh();
-    EXPECT_THAT(Names(), IsEmpty());
-    EXPECT_EQ(state.DefaultFolder, L"");
-}
-
-TEST_F(InstalledListTest, RefreshSeesWhatHasChangedAndSelectsNothing) {
-    AddCharacter(files, L"C:\\Host", L"a");
-    Refresh();
     model.installed.names.Select(0);
     AddCharacter(files, L"C:\\Host", L"b");
     Refresh();
     EXPECT_THAT(Names(), ElementsAre(L"a", L"b"));
     EXPECT_THAT(SelectedEntries(model.installed.names), IsEmpty());
+    model.combo.selected.reset();
+    Refresh();
+    EXPECT_THAT(Names(), IsEmpty());
+    EXPECT_EQ(state.DefaultFolder, L"");
 }
 
 TEST_F(InstalledListTest, AnotherFolderRunsTheSelectionRulesOfTheOneBefore) {

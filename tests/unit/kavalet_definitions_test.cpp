@@ -2,6 +2,7 @@
 #include "install/kavalet_definitions.h"
 
 #include <algorithm>
+#include <array>
 #include <random>
 #include <utility>
 
@@ -21,50 +22,38 @@ std::string MergedLines(std::string_view row) {
     return text;
 }
 
-struct MergeCase {
-    const char* name;
-    const char* former;
-    const char* package;
-    const char* merged;
-};
-
-class MergeTest : public testing::TestWithParam<MergeCase> {};
-
-TEST_P(MergeTest, Merges) {
-    EXPECT_EQ(
-        MergedKavaletDefinitions(MergedLines(GetParam().former), MergedLines(GetParam().package)),
-        MergedLines(GetParam().merged));
+TEST(KavaletLines, EntriesAreMergedByTheirKeys) {
+    const std::array<const char*, 4> cases[] = {
+        {"ReplacedAndAppended", "#comment / a,b,1 / c,d,2", "a,b,9 / e,f,3",
+         "#comment / a,b,9 / c,d,2 / e,f,3"},
+        {"FirstUnusedIsDropped", "a,b,1", "e,f,3 / a,b,9", "a,b,9"},
+        {"SecondOfAKeyIsAppended", "a,b,1", "x,y,1 / a,b,2 / a,b,3", "a,b,2 / a,b,3"},
+        {"LoneNewEntryIsDropped", "a,b,1", "e,f,3", "a,b,1"},
+        {"LoneFittingEntryReplaces", "a,b,1", "a,b,3", "a,b,3"},
+        {"NewEntriesKeepTheirOrder", "a,b,1", "a,b,2 / z,z,1 / c,c,1 / m,m,1",
+         "a,b,2 / z,z,1 / c,c,1 / m,m,1"},
+        {"OldEntriesKeepTheirPlace", "c,c,1 / b,b,1 / a,a,1", "a,a,2 / c,c,2",
+         "c,c,2 / b,b,1 / a,a,2"},
+        {"HostCommentsStayPackageCommentsGo", "#1 / a,b,1 / #2", "#3 / a,b,2 / #4 / c,d,1",
+         "#1 / a,b,2 / #2 / c,d,1"},
+        {"HostCommentsAreNotReplaced", "#a,b,1", "x,y,1 / #a,b,2", "#a,b,1"},
+        {"KeyIsAPrefix", "a,b,1", "a,bc,2", "a,bc,2"},
+        {"KeyIsNoPrefixOfAShorterEntry", "a,bc,1", "x,x,1 / a,b,2", "a,bc,1 / a,b,2"},
+        {"CaseMatters", "a,b,1", "x,x,1 / A,b,2", "a,b,1 / A,b,2"},
+        {"OneCommaIsAllKey", "a,b", "x,x,1 / a,c / a,bd,1", "a,bd,1 / a,c"},
+        {"NoCommaIsAllKey", "word", "words", "words"},
+        {"EmptyFieldsAreAKey", ",,1", "x,x,1 / ,,2", ",,2"},
+        {"UsedEntryIsNotUsedAgain", "a,b,1 / a,b,2", "a,b,8 / a,b,9", "a,b,8 / a,b,9"},
+        {"SecondOldLineStaysWhenUsedUp", "a,b,1 / a,b,2", "a,b,9", "a,b,9 / a,b,2"},
+        {"EmptyPackage", "#c / a,b,1", "", "#c / a,b,1"},
+        {"OnlyCommentsInPackage", "a,b,1", "#x / #y", "a,b,1"},
+        {"EmptyHostFile", "", "a,b,1 / c,d,2", "c,d,2"},
+        {"BlankBeforeNumberSignIsAnEntry", " #a", "x,x,1 /  #ab", " #ab"}};
+    for (const auto& [name, former, package, merged] : cases)
+        EXPECT_EQ(MergedKavaletDefinitions(MergedLines(former), MergedLines(package)),
+                  MergedLines(merged))
+            << name;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Kavalet, MergeTest,
-    testing::Values(
-        MergeCase{"ReplacedAndAppended", "#comment / a,b,1 / c,d,2", "a,b,9 / e,f,3",
-                  "#comment / a,b,9 / c,d,2 / e,f,3"},
-        MergeCase{"FirstUnusedIsDropped", "a,b,1", "e,f,3 / a,b,9", "a,b,9"},
-        MergeCase{"SecondOfAKeyIsAppended", "a,b,1", "x,y,1 / a,b,2 / a,b,3", "a,b,2 / a,b,3"},
-        MergeCase{"LoneNewEntryIsDropped", "a,b,1", "e,f,3", "a,b,1"},
-        MergeCase{"LoneFittingEntryReplaces", "a,b,1", "a,b,3", "a,b,3"},
-        MergeCase{"NewEntriesKeepTheirOrder", "a,b,1", "a,b,2 / z,z,1 / c,c,1 / m,m,1",
-                  "a,b,2 / z,z,1 / c,c,1 / m,m,1"},
-        MergeCase{"OldEntriesKeepTheirPlace", "c,c,1 / b,b,1 / a,a,1", "a,a,2 / c,c,2",
-                  "c,c,2 / b,b,1 / a,a,2"},
-        MergeCase{"HostCommentsStayPackageCommentsGo", "#1 / a,b,1 / #2", "#3 / a,b,2 / #4 / c,d,1",
-                  "#1 / a,b,2 / #2 / c,d,1"},
-        MergeCase{"HostCommentsAreNotReplaced", "#a,b,1", "x,y,1 / #a,b,2", "#a,b,1"},
-        MergeCase{"KeyIsAPrefix", "a,b,1", "a,bc,2", "a,bc,2"},
-        MergeCase{"KeyIsNoPrefixOfAShorterEntry", "a,bc,1", "x,x,1 / a,b,2", "a,bc,1 / a,b,2"},
-        MergeCase{"CaseMatters", "a,b,1", "x,x,1 / A,b,2", "a,b,1 / A,b,2"},
-        MergeCase{"OneCommaIsAllKey", "a,b", "x,x,1 / a,c / a,bd,1", "a,bd,1 / a,c"},
-        MergeCase{"NoCommaIsAllKey", "word", "words", "words"},
-        MergeCase{"EmptyFieldsAreAKey", ",,1", "x,x,1 / ,,2", ",,2"},
-        MergeCase{"UsedEntryIsNotUsedAgain", "a,b,1 / a,b,2", "a,b,8 / a,b,9", "a,b,8 / a,b,9"},
-        MergeCase{"SecondOldLineStaysWhenUsedUp", "a,b,1 / a,b,2", "a,b,9", "a,b,9 / a,b,2"},
-        MergeCase{"EmptyPackage", "#c / a,b,1", "", "#c / a,b,1"},
-        MergeCase{"OnlyCommentsInPackage", "a,b,1", "#x / #y", "a,b,1"},
-        MergeCase{"EmptyHostFile", "", "a,b,1 / c,d,2", "c,d,2"},
-        MergeCase{"BlankBeforeNumberSignIsAnEntry", " #a", "x,x,1 /  #ab", " #ab"}),
-    CaseName);
 
 TEST(KavaletLines, EmptyLinesOfTheHostStayThoseOfThePackageGo) {
     EXPECT_EQ(MergedKavaletDefinitions("\r\na,b,1\r\n\r\n", "\r\n\r\na,b,2\r\n\r\nc,d,3\r\n"),
@@ -173,13 +162,6 @@ TEST_F(KavaletFileTest, FileInUseFailsAndKeepsItsContents) {
     EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,1\r\n");
 }
 
-TEST_F(KavaletFileTest, FullDiskKeepsTheFormerFile) {
-    files.AddFile(L"C:\\Host\\kva.def", std::string(1'000, 'x') + "\r\n");
-    files.SetCapacity(L"C:", 1'500);
-    EXPECT_EQ(ErrorOf([&] { Merge(); }), ErrorNumber::DiskFull);
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), std::string(1'000, 'x') + "\r\n");
-}
-
 TEST_F(KavaletFileTest, ReadOnlyFileFailsAndCostsNothing) {
     files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n", {.readOnly = true});
     files.AddFile(L"C:\\Host\\kva.tmp", "older");
@@ -188,11 +170,12 @@ TEST_F(KavaletFileTest, ReadOnlyFileFailsAndCostsNothing) {
     EXPECT_EQ(files.Snapshot(), before);
 }
 
-TEST_F(KavaletFileTest, MergeThatFailedLeavesNothingForTheNextOneToTakeForTheFormerFile) {
+TEST_F(KavaletFileTest, MergeThatAFullDiskEndsCostsNothingAndTheNextKeepsTheFormerFile) {
     const std::string definitions = std::string(1'000, 'x') + "\r\n";
     files.AddFile(L"C:\\Host\\kva.def", definitions);
     files.SetCapacity(L"C:", 1'500);
     EXPECT_EQ(ErrorOf([&] { Merge(); }), ErrorNumber::DiskFull);
+    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), definitions);
     files.SetCapacity(L"C:", 1'000'000);
     Merge();
     EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), definitions);

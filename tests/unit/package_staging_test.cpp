@@ -2,6 +2,8 @@
 // is said about them.
 #include "install/package_staging.h"
 
+#include <sstream>
+
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
@@ -25,18 +27,18 @@ class PackageStagingTest : public testing::Test {
 };
 
 TEST_F(PackageStagingTest, PreparedFolderIsEmptyAndCurrent) {
-    Prepare();
-    EXPECT_EQ(files.CurrentFolder(), L"D:\\TAMTMP");
-    EXPECT_THAT(files.Snapshot(L"D:\\TAMTMP"), IsEmpty());
+    const auto expectPrepared = [&] {
+        Prepare();
+        EXPECT_EQ(files.CurrentFolder(), L"D:\\TAMTMP");
+        EXPECT_THAT(files.Snapshot(L"D:\\TAMTMP"), IsEmpty());
+    };
+    expectPrepared();
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
-}
-
-TEST_F(PackageStagingTest, LeftOversOfAnEarlierRunGo) {
-    files.AddFile(L"D:\\tamtmp\\a\\b\\c");
+    files.SetCurrentFolder(L"C:\\");
+    files.DeleteTree(L"D:\\TAMTMP");
+    files.AddFile(L"D:\\tamtmp\\a\\b\\c"); // of an earlier run
     files.AddFile(L"D:\\tamtmp\\readonly", "", {.readOnly = true});
-    Prepare();
-    EXPECT_EQ(files.CurrentFolder(), L"D:\\TAMTMP");
-    EXPECT_THAT(files.Snapshot(L"D:\\TAMTMP"), IsEmpty());
+    expectPrepared();
 }
 
 TEST_F(PackageStagingTest, HiddenOrSystemFolderOfThatNameIsEmptied) {
@@ -125,106 +127,77 @@ TEST_F(PackageStagingTest, ArchiveIsUnpackedByOneCommand) {
 
 struct JudgeCase {
     const char* name;
-    std::vector<std::wstring> before;  // in the staging folder when the archive is unpacked
-    std::vector<std::wstring> archive; // what it holds; folders end in "\"
-    std::vector<std::wstring> toInstall;
+    const wchar_t* before;  // in the staging folder when the archive is unpacked
+    const wchar_t* archive; // what it holds; folders end in "\"
+    const wchar_t* toInstall;
     std::vector<std::wstring> cannotInstall;
-    std::vector<std::wstring> alreadyInstalled;
+    const wchar_t* alreadyInstalled;
 };
 
-class JudgeTest : public PackageStagingTest, public testing::WithParamInterface<JudgeCase> {
-  protected:
-    void Add(const std::vector<std::wstring>& paths) {
-        for (const std::wstring& path : paths) {
-            if (path.ends_with(L'\\'))
-                files.AddFolder(L"D:\\TAMTMP\\" + path);
-            else
-                files.AddFile(L"D:\\TAMTMP\\" + path);
-        }
-    }
-};
-
-TEST_P(JudgeTest, SortsIntoTheLists) {
-    SelectionList installed;
-    installed.Assign({L"XX", L"ABC", L"Abc", L"表ソ能"});
-    Prepare();
-    Add(GetParam().before);
-    PackageJudge judge(L"D:\\Host", fake.platform);
-    Add(GetParam().archive);
-    InstallConfirmation lists;
-    judge.JudgePackage(L"p.lzh", installed, lists);
-    EXPECT_THAT(lists.toInstall.Entries(), ElementsAreArray(GetParam().toInstall));
-    EXPECT_THAT(lists.cannotInstall.Entries(), ElementsAreArray(GetParam().cannotInstall));
-    EXPECT_THAT(lists.alreadyInstalled.Entries(), ElementsAreArray(GetParam().alreadyInstalled));
+// What a blank separates, with something behind each.
+std::vector<std::wstring> Words(const std::wstring& text, const std::wstring& suffix = {}) {
+    std::vector<std::wstring> words;
+    std::wistringstream stream(text);
+    for (std::wstring word; stream >> word;)
+        words.push_back(word + suffix);
+    return words;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Packages, JudgeTest,
-    testing::Values(
-        JudgeCase{"OneNew", {}, {L"mio\\x", L"mio.obl"}, {L"mio （p.lzh）"}, {}, {}},
-        JudgeCase{"NamedAsTheFileIs", {}, {L"MIO\\", L"Mio.Obl"}, {L"Mio （p.lzh）"}, {}, {}},
-        JudgeCase{"TwoNew",
-                  {},
-                  {L"b\\", L"b.obl", L"a\\", L"a.obl"},
-                  {L"a （p.lzh）", L"b （p.lzh）"},
-                  {},
-                  {}},
-        JudgeCase{
-            "InstalledNamedAsInTheList", {}, {L"abc\\", L"abc.obl"}, {}, {}, {L"ABC （p.lzh）"}},
-        JudgeCase{
-            "InstalledInJapanese", {}, {L"表ソ能\\", L"表ソ能.obl"}, {}, {}, {L"表ソ能 （p.lzh）"}},
-        JudgeCase{"NewAndInstalled",
-                  {},
-                  {L"abc\\", L"abc.obl", L"n\\", L"n.obl"},
-                  {L"n （p.lzh）"},
-                  {},
-                  {L"ABC （p.lzh）"}},
-        JudgeCase{"FolderAlone", {}, {L"abc\\x"}, {}, {L"p.lzh"}, {}},
-        JudgeCase{"FoldersAloneCountOnce", {}, {L"a\\x", L"b\\x"}, {}, {L"p.lzh"}, {}},
-        JudgeCase{"FolderAloneBesideAGoodOne",
-                  {},
-                  {L"mio\\", L"mio.obl", L"xyz\\"},
-                  {L"mio （p.lzh）"},
-                  {},
-                  {}},
-        JudgeCase{"FolderAloneBesideAnInstalledOne",
-                  {},
-                  {L"abc\\", L"abc.obl", L"xyz\\"},
-                  {},
-                  {},
-                  {L"ABC （p.lzh）"}},
-        JudgeCase{"LooseFile", {}, {L"readme.txt"}, {}, {L"p.lzh"}, {}},
-        JudgeCase{"LooseDefinition", {}, {L"mio.obl"}, {}, {L"p.lzh"}, {}},
-        JudgeCase{"NothingNew",
-                  {L"mio\\x", L"mio.obl"},
-                  {L"mio\\x", L"mio.obl"},
-                  {},
-                  {L"p.lzh （判定不能）"},
-                  {}},
-        JudgeCase{"EmptyArchive", {}, {}, {}, {L"p.lzh （判定不能）"}, {}},
-        JudgeCase{"OnlyMoreInAKnownFolder",
-                  {L"mio\\", L"mio.obl"},
-                  {L"mio\\y"},
-                  {},
-                  {L"p.lzh （判定不能）"},
-                  {}},
-        JudgeCase{"NewFileBesideAKnownFolder",
-                  {L"mio\\", L"mio.obl"},
-                  {L"mio\\x", L"mio.obl", L"readme.txt"},
-                  {},
-                  {L"p.lzh"},
-                  {}},
-        JudgeCase{"KnownFoldersAreNotJudgedAgain",
-                  {L"mio\\", L"mio.obl"},
-                  {L"mio\\x", L"mio.obl", L"n\\", L"n.obl"},
-                  {L"n （p.lzh）"},
-                  {},
-                  {}},
-        JudgeCase{"DefinitionOfAnEarlierArchive", {L"n.obl"}, {L"n\\x"}, {L"n （p.lzh）"}, {}, {}},
-        JudgeCase{"DefinitionInsideTheFolderIsNone", {}, {L"mio\\mio.obl"}, {}, {L"p.lzh"}, {}},
-        JudgeCase{
-            "FolderNamedLikeADefinitionIsNone", {}, {L"mio\\", L"mio.obl\\"}, {}, {L"p.lzh"}, {}}),
-    CaseName);
+void AddStaged(MemoryFileSystem& files, const wchar_t* paths) {
+    for (const std::wstring& path : Words(paths)) {
+        if (path.ends_with(L'\\'))
+            files.AddFolder(L"D:\\TAMTMP\\" + path);
+        else
+            files.AddFile(L"D:\\TAMTMP\\" + path);
+    }
+}
+
+TEST_F(PackageStagingTest, JudgingSortsIntoTheLists) {
+    const std::vector<std::wstring> NoPackage = {L"p.lzh"};
+    const std::vector<std::wstring> Undecided = {L"p.lzh （判定不能）"};
+    const JudgeCase cases[] = {
+        {"one that is new", L"", L"mio\\x mio.obl", L"mio", {}, L""},
+        {"named as the file is", L"", L"MIO\\ Mio.Obl", L"Mio", {}, L""},
+        {"two that are new", L"", L"b\\ b.obl a\\ a.obl", L"a b", {}, L""},
+        {"one that is installed, named as in the list", L"", L"abc\\ abc.obl", L"", {}, L"ABC"},
+        {"one that is installed, in Japanese", L"", L"表ソ能\\ 表ソ能.obl", L"", {}, L"表ソ能"},
+        {"a new and an installed one", L"", L"abc\\ abc.obl n\\ n.obl", L"n", {}, L"ABC"},
+        {"a folder alone", L"", L"abc\\x", L"", NoPackage, L""},
+        {"folders alone count once", L"", L"a\\x b\\x", L"", NoPackage, L""},
+        {"a folder alone beside a good one", L"", L"mio\\ mio.obl xyz\\", L"mio", {}, L""},
+        {"a folder alone beside an installed one", L"", L"abc\\ abc.obl xyz\\", L"", {}, L"ABC"},
+        {"a loose file", L"", L"readme.txt", L"", NoPackage, L""},
+        {"a loose definition", L"", L"mio.obl", L"", NoPackage, L""},
+        {"nothing new", L"mio\\x mio.obl", L"mio\\x mio.obl", L"", Undecided, L""},
+        {"an empty archive", L"", L"", L"", Undecided, L""},
+        {"only more in a known folder", L"mio\\ mio.obl", L"mio\\y", L"", Undecided, L""},
+        {"a new file beside a known folder", L"mio\\ mio.obl", L"mio\\x mio.obl readme.txt", L"",
+         NoPackage, L""},
+        {"known folders are not judged again",
+         L"mio\\ mio.obl",
+         L"mio\\x mio.obl n\\ n.obl",
+         L"n",
+         {},
+         L""},
+        {"the definition of an earlier archive", L"n.obl", L"n\\x", L"n", {}, L""},
+        {"a definition inside the folder is none", L"", L"mio\\mio.obl", L"", NoPackage, L""},
+        {"a folder named like a definition is none", L"", L"mio\\ mio.obl\\", L"", NoPackage, L""},
+    };
+    SelectionList installed;
+    installed.Assign({L"XX", L"ABC", L"Abc", L"表ソ能"});
+    for (const JudgeCase& judged : cases) {
+        SCOPED_TRACE(judged.name);
+        Prepare();
+        AddStaged(files, judged.before);
+        PackageJudge judge(L"D:\\Host", fake.platform);
+        AddStaged(files, judged.archive);
+        InstallConfirmation lists;
+        judge.JudgePackage(L"p.lzh", installed, lists);
+        EXPECT_EQ(lists.toInstall.Entries(), Words(judged.toInstall, L" （p.lzh）"));
+        EXPECT_EQ(lists.cannotInstall.Entries(), judged.cannotInstall);
+        EXPECT_EQ(lists.alreadyInstalled.Entries(), Words(judged.alreadyInstalled, L" （p.lzh）"));
+    }
+}
 
 TEST_F(PackageStagingTest, JudgingListsTheStagingFolderOnceBeforeAndOnceAfter) {
     Prepare();

@@ -111,18 +111,19 @@ class DeliveredUpdateTest : public SelectionRulesTest {
 };
 
 TEST_F(DeliveredUpdateTest, EnablesTheUpdateOfTheOneCharacter) {
+    for (const wchar_t* host : {L"C:\\Host", L"C:\\Host\\"}) {
+        model.combo.entries = {host};
+        Apply({}, {L"abc"});
+        EXPECT_THAT(EnabledButtons(model), ElementsAre(4, 5, 7, 11, 13));
+        EXPECT_TRUE(model.definitionUpdateReady);
+    }
+    state.DefaultFolder.clear(); // then the flag stays
     Apply({}, {L"abc"});
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(4, 5, 7, 11, 13));
     EXPECT_TRUE(model.definitionUpdateReady);
 }
 
-TEST_F(DeliveredUpdateTest, HostFolderMayEndInABackslash) {
-    model.combo.entries = {L"C:\\Host\\"};
-    Apply({}, {L"abc"});
-    EXPECT_TRUE(model.definitionUpdateReady);
-}
-
-TEST_F(DeliveredUpdateTest, IsNotReadyForOthersNorForSeveral) {
+TEST_F(DeliveredUpdateTest, IsNotReadyForOthersNorForSeveralNorByAFolderOfThatName) {
+    fake.files.AddFolder(L"C:\\Host\\Def\\dat\\obl\\Def.obl");
     for (const std::vector<std::wstring>& characters :
          {std::vector<std::wstring>{L"Def"}, {L"abc", L"Def"}, {L"Def", L"ア"}, {}}) {
         model.definitionUpdateReady = true;
@@ -132,19 +133,6 @@ TEST_F(DeliveredUpdateTest, IsNotReadyForOthersNorForSeveral) {
     }
 }
 
-TEST_F(DeliveredUpdateTest, AFolderOfThatNameIsNoUpdate) {
-    fake.files.AddFolder(L"C:\\Host\\Def\\dat\\obl\\Def.obl");
-    Apply({}, {L"Def"});
-    EXPECT_FALSE(model.definitionUpdateReady);
-}
-
-TEST_F(DeliveredUpdateTest, WithoutAHostFolderTheFlagStays) {
-    state.DefaultFolder.clear();
-    model.definitionUpdateReady = true;
-    Apply({}, {L"abc"});
-    EXPECT_TRUE(model.definitionUpdateReady);
-}
-
 TEST(DeliveredDefinitionFile, LiesInTheCharactersFolder) {
     EXPECT_EQ(DeliveredDefinitionFile(L"C:\\Host", L"a"), L"C:\\Host\\a\\dat\\obl\\a.obl");
     EXPECT_EQ(DeliveredDefinitionFile(L"C:\\", L"a"), L"C:\\a\\dat\\obl\\a.obl");
@@ -152,20 +140,20 @@ TEST(DeliveredDefinitionFile, LiesInTheCharactersFolder) {
 
 // --- README -------------------------------------------------------------------------------------
 
-class ReadmeTest : public SelectionRulesTest, public testing::WithParamInterface<const wchar_t*> {};
-
-TEST_P(ReadmeTest, EnablesTheViewOfTheOneCharacter) {
-    fake.files.AddFile(std::wstring(L"C:\\Host\\abc\\abc") + GetParam());
-    Apply({}, {L"abc"});
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(5, 7, 11, 13, 14));
-    Apply({}, {L"abc", L"Def"});
-    EXPECT_FALSE(model.buttons[14]);
-    Apply({}, {L"Def"});
-    EXPECT_FALSE(model.buttons[14]);
+TEST_F(SelectionRulesTest, EachKindOfReadmeEnablesTheViewOfTheOneCharacter) {
+    for (const wchar_t* ending : {L".txt", L"-X.txt", L"-x.TXT", L".htm", L".html"}) {
+        const std::wstring readme = std::wstring(L"C:\\Host\\abc\\abc") + ending;
+        fake.files.AddFile(readme);
+        Apply({}, {L"abc"});
+        EXPECT_THAT(EnabledButtons(model), ElementsAre(5, 7, 11, 13, 14)) << ending;
+        for (const std::vector<std::wstring>& others :
+             {std::vector<std::wstring>{L"abc", L"Def"}, {L"Def"}}) {
+            Apply({}, others);
+            EXPECT_FALSE(model.buttons[14]);
+        }
+        fake.files.DeleteTree(readme);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Endings, ReadmeTest,
-                         testing::Values(L".txt", L"-X.txt", L"-x.TXT", L".htm", L".html"));
 
 TEST_F(SelectionRulesTest, OtherDocumentsAreNoReadme) {
     for (const wchar_t* name : {L"abc\\readme.txt", L"abc\\abc.doc", L"abc\\Def.txt", L"abc.txt"})

@@ -52,10 +52,12 @@ class StagingWalkTest : public testing::Test {
     RecordingVisitor visitor{files};
 };
 
-TEST_F(StagingWalkTest, EmptyFolderGoes) {
+TEST_F(StagingWalkTest, EmptyFoldersGoAndAreDoneAtOnce) {
+    files.AddFolder(L"C:\\TAMTMP\\empty");
     Walk();
     EXPECT_FALSE(files.Exists(Staging));
     EXPECT_EQ(files.CurrentFolder(), L"C:\\");
+    EXPECT_THAT(Parts(), ElementsAre(1.0, 1.0));
 }
 
 TEST_F(StagingWalkTest, DeepestFoldersComeFirstAndRootFilesLast) {
@@ -102,30 +104,21 @@ TEST_F(StagingWalkTest, ReadOnlyFilesAreGivenToo) {
     EXPECT_THAT(visitor.visits, ElementsAre(L"a", L"b"));
 }
 
-struct AttributeCase {
-    const char* name;
-    FileAttributes attributes;
-};
-
-class PassedOverTest : public StagingWalkTest, public testing::WithParamInterface<AttributeCase> {};
-
-TEST_P(PassedOverTest, FolderWithMoreAttributesSurvivesWithItsParents) {
-    Add(L"a\\x\\inside");
-    Add(L"a\\beside");
-    Add(L"root");
-    files.AddFolder(L"C:\\TAMTMP\\a\\x", GetParam().attributes);
-    EXPECT_EQ(ErrorOf([&] { Walk(); }), ErrorNumber::PathFileAccess);
-    EXPECT_THAT(visitor.visits, ElementsAre(L"> a\\", L"a\\beside"));
-    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\a\\x\\inside"));
-    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\root"));
+TEST_F(StagingWalkTest, FolderWithMoreAttributesSurvivesWithItsParents) {
+    for (const FileAttributes attributes :
+         {FileAttributes{.readOnly = true}, FileAttributes{.hidden = true},
+          FileAttributes{.system = true}, FileAttributes{.archive = true}}) {
+        Add(L"a\\x\\inside");
+        Add(L"a\\beside");
+        Add(L"root");
+        files.AddFolder(L"C:\\TAMTMP\\a\\x", attributes);
+        visitor.visits.clear();
+        EXPECT_EQ(ErrorOf([&] { Walk(); }), ErrorNumber::PathFileAccess);
+        EXPECT_THAT(visitor.visits, ElementsAre(L"> a\\", L"a\\beside"));
+        EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\a\\x\\inside"));
+        EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\root"));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Attributes, PassedOverTest,
-                         testing::Values(AttributeCase{"ReadOnly", {.readOnly = true}},
-                                         AttributeCase{"Hidden", {.hidden = true}},
-                                         AttributeCase{"System", {.system = true}},
-                                         AttributeCase{"Archive", {.archive = true}}),
-                         CaseName);
 
 TEST_F(StagingWalkTest, HiddenAndSystemFilesStay) {
     for (const FileAttributes attributes :
@@ -187,28 +180,18 @@ TEST_F(StagingWalkTest, TellsHowFarItHasCome) {
     EXPECT_TRUE(fake.progress.works.back().ended);
 }
 
-TEST_F(StagingWalkTest, FolderWithoutEntriesIsDoneAtOnce) {
-    files.AddFolder(L"C:\\TAMTMP\\empty");
-    Walk();
-    EXPECT_THAT(Parts(), ElementsAre(1.0, 1.0));
-}
-
-TEST(DeleteStagedFile, DeletesReadOnlyFiles) {
+TEST(DeleteStagedFile, DeletesReadOnlyFilesAndFailsForThoseInUse) {
     PlatformFake fake;
     fake.files.AddFile(L"C:\\a", "", {.readOnly = true});
     fake.files.AddFile(L"C:\\b");
+    fake.files.Lock(L"C:\\b");
     DeleteStagedFile(L"C:\\a", fake.files);
+    EXPECT_EQ(ErrorOf([&] { DeleteStagedFile(L"C:\\b", fake.files); }),
+              ErrorNumber::PermissionDenied);
+    fake.files.Unlock(L"C:\\b");
     DeleteStagedFile(L"C:\\b", fake.files);
     EXPECT_FALSE(fake.files.Exists(L"C:\\a"));
     EXPECT_FALSE(fake.files.Exists(L"C:\\b"));
-}
-
-TEST(DeleteStagedFile, FailsForFilesInUse) {
-    PlatformFake fake;
-    fake.files.AddFile(L"C:\\a");
-    fake.files.Lock(L"C:\\a");
-    EXPECT_EQ(ErrorOf([&] { DeleteStagedFile(L"C:\\a", fake.files); }),
-              ErrorNumber::PermissionDenied);
 }
 
 } // namespace

@@ -43,11 +43,12 @@ TEST_F(StartUpTest, SecondCopyIsToldAndReadsNothing) {
     EXPECT_EQ(files.OperationCount(), 0U);
 }
 
-TEST_F(StartUpTest, FirstCopyMakesTheProgramFolderCurrent) {
+TEST_F(StartUpTest, FirstCopyMakesTheProgramFolderCurrentAndTicksFiveTimesASecond) {
     files.SetCurrentFolder(L"C:\\Host");
     EXPECT_TRUE(startUp.Load(earlier));
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
     EXPECT_THAT(fake.messages.shown, IsEmpty());
+    EXPECT_EQ(StartUpTickMilliseconds, 200U);
 }
 
 // Without its own folder the program can do nothing, and must not stay without a window.
@@ -59,10 +60,6 @@ TEST_F(StartUpTest, ProgramFolderThatCannotBeEnteredEndsTheProgram) {
     } catch (const RunTimeError& error) {
         EXPECT_TRUE(error.IsFatal());
     }
-}
-
-TEST_F(StartUpTest, TicksComeFiveTimesASecond) {
-    EXPECT_EQ(StartUpTickMilliseconds, 200U);
 }
 
 TEST_F(StartUpTest, ProgressLineIsSeenFromTickThreeToTickEleven) {
@@ -103,30 +100,15 @@ TEST_F(StartUpTest, StepsReadTheirKeysInOrder) {
     Given(
         "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Host\r\nDEFAULT=C:\\Host\r\n"
         "VIEWFOLDER=C:\\Packs\\\r\nKVAOPTION=ON\r\n");
-    int tick = 0;
-    const auto tickTo = [&](int last) {
-        for (; tick < last; ++tick)
-            startUp.Tick();
-    };
-    tickTo(3);
-    EXPECT_FALSE(state.VersionKnown);
-    tickTo(4);
-    EXPECT_TRUE(state.VersionKnown);
-    EXPECT_EQ(state.HostFolderCount, 0);
-    tickTo(5);
-    EXPECT_EQ(state.HostFolderCount, 1);
-    tickTo(6);
-    EXPECT_EQ(state.DefaultFolder, L"");
-    tickTo(7);
-    EXPECT_EQ(state.DefaultFolder, L"C:\\Host");
-    tickTo(8);
-    EXPECT_EQ(state.ViewFolder, L"");
-    tickTo(9);
-    EXPECT_EQ(state.ViewFolder, L"C:\\Packs\\");
-    tickTo(11);
-    EXPECT_EQ(state.KvaOption, L"");
-    tickTo(12);
-    EXPECT_EQ(state.KvaOption, L"ON");
+    for (int tick = 1; tick <= 12; ++tick) {
+        SCOPED_TRACE(tick);
+        startUp.Tick();
+        EXPECT_EQ(state.VersionKnown, tick >= 4);
+        EXPECT_EQ(state.HostFolderCount, tick >= 5 ? 1 : 0);
+        EXPECT_EQ(state.DefaultFolder, tick >= 7 ? L"C:\\Host" : L"");
+        EXPECT_EQ(state.ViewFolder, tick >= 9 ? L"C:\\Packs\\" : L"");
+        EXPECT_EQ(state.KvaOption, tick >= 12 ? L"ON" : L"");
+    }
 }
 
 struct DecisionCase {

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <functional>
+
 #include "platform/win32/win32_file_system.h"
 #include "support/folder_link.h"
 #include "support/temporary_folder.h"
@@ -32,11 +34,16 @@ class Win32DesktopShellTest : public testing::Test {
     Win32DesktopShell shell;
 };
 
-TEST_F(Win32DesktopShellTest, DeletesATreeWithAllItHolds) {
-    MakeTree();
-    shell.DeleteTree(In(L"tree"));
-    EXPECT_FALSE(IsThere(L"tree"));
-    EXPECT_TRUE(IsThere(L"beside"));
+TEST_F(Win32DesktopShellTest, DeletesAndRecyclesATreeWithAllItHolds) {
+    for (const bool forGood : {true, false}) {
+        MakeTree();
+        if (forGood)
+            shell.DeleteTree(In(L"tree"));
+        else
+            shell.MoveToRecycleBin(In(L"tree"));
+        EXPECT_FALSE(IsThere(L"tree"));
+        EXPECT_TRUE(IsThere(L"beside"));
+    }
 }
 
 TEST_F(Win32DesktopShellTest, DeletesASingleFileAndTakesPathsAsTheyCome) {
@@ -150,41 +157,30 @@ TEST_F(Win32DesktopShellTest, WaitsForFilesThatAnotherProgramHolds) {
     EXPECT_FALSE(IsThere(L"tree"));
 }
 
-TEST_F(Win32DesktopShellTest, RecycledTreeIsGoneFromItsPlace) {
-    MakeTree();
-    shell.MoveToRecycleBin(In(L"tree"));
-    EXPECT_FALSE(IsThere(L"tree"));
-    EXPECT_TRUE(IsThere(L"beside"));
+void ExpectLinksSpared(const std::wstring& place, Win32FileSystem& files,
+                       const std::function<void(const std::wstring&)>& remove) {
+    const std::wstring links[] = {place + L"\\tree\\sub\\link", place + L"\\link"};
+    files.MakeFolder(place + L"\\real");
+    files.Write(place + L"\\real\\kept", "4");
+    for (const std::wstring& link : links)
+        if (!MakeFolderLink(link, place + L"\\real"))
+            GTEST_SKIP() << "links cannot be made here";
+    remove(place + L"\\link");
+    remove(place + L"\\tree");
+    EXPECT_EQ(files.Read(place + L"\\real\\kept"), "4");
+    // Wine follows links in every call, so that there they stay, and what holds one stays too.
+    EXPECT_EQ(files.Find(place + L"\\link").has_value(), RunsUnderWine());
+    EXPECT_EQ(files.Find(place + L"\\tree").has_value(), RunsUnderWine());
 }
 
 TEST_F(Win32DesktopShellTest, WhatALinkPointsToIsNeverDeleted) {
     MakeTree();
-    files.MakeFolder(In(L"real"));
-    files.Write(In(L"real\\kept"), "4");
-    if (!MakeFolderLink(In(L"tree\\sub\\link"), In(L"real")) ||
-        !MakeFolderLink(In(L"link"), In(L"real")))
-        GTEST_SKIP() << "links cannot be made here";
-    shell.DeleteTree(In(L"link"));
-    shell.DeleteTree(In(L"tree"));
-    EXPECT_EQ(files.Read(In(L"real\\kept")), "4");
-    // Wine follows links in every call, so that there they stay, and what holds one stays too.
-    EXPECT_EQ(IsThere(L"link"), RunsUnderWine());
-    EXPECT_EQ(IsThere(L"tree"), RunsUnderWine());
+    ExpectLinksSpared(folder.Path(), files, [&](auto& path) { shell.DeleteTree(path); });
 }
 
 TEST_F(Win32DesktopShellTest, WhatALinkPointsToIsNeverRecycled) {
     MakeTree();
-    files.MakeFolder(In(L"real"));
-    files.Write(In(L"real\\kept"), "4");
-    if (!MakeFolderLink(In(L"tree\\link"), In(L"real")) ||
-        !MakeFolderLink(In(L"link"), In(L"real")))
-        GTEST_SKIP() << "links cannot be made here";
-    shell.MoveToRecycleBin(In(L"link"));
-    shell.MoveToRecycleBin(In(L"tree"));
-    EXPECT_EQ(files.Read(In(L"real\\kept")), "4");
-    // Wine follows links in every call, so that there they stay, and what holds one stays too.
-    EXPECT_EQ(IsThere(L"link"), RunsUnderWine());
-    EXPECT_EQ(IsThere(L"tree"), RunsUnderWine());
+    ExpectLinksSpared(folder.Path(), files, [&](auto& path) { shell.MoveToRecycleBin(path); });
 }
 
 TEST_F(Win32DesktopShellTest, KnowsTheDesktop) {
