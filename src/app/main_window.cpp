@@ -2,7 +2,7 @@
 
 #include "install/confirmation_window.h"
 #include "maintenance/folder_check_window.h"
-#include "maintenance/menus_window.h"
+#include "maintenance/menus.h"
 #include "ui/at_exit.h"
 #include "ui/busy_pointer.h"
 

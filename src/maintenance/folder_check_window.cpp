@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "maintenance/menus_window.h"
+#include "maintenance/menus.h"
 #include "ui/at_exit.h"
 #include "ui/busy_pointer.h"
 

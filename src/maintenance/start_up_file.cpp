@@ -9,7 +9,7 @@ namespace tamblin {
 namespace {
 
 constexpr wchar_t BackupName[] = L"ombrel_rc.bak";
-constexpr wchar_t DoneText[] = L"{}が起動するようにombrel.rcを書き換えました。";
+constexpr wchar_t EditDoneText[] = L"{}が起動するようにombrel.rcを書き換えました。";
 constexpr char CharacterKey[] = "H001currentobl=";
 
 // Made before the former file is touched: a name that the code page cannot hold ends the command.
@@ -29,7 +29,7 @@ void SetStartUpCharacter(const MainModel& model, Platform& platform) {
     if (FileExists(platform.files, startUpFile))
         platform.files.Delete(startUpFile);
     platform.files.Write(startUpFile, line);
-    platform.messages.Inform(WithGapFilled(DoneText, character));
+    platform.messages.Inform(WithGapFilled(EditDoneText, character));
 }
 
 void ReplaceStartUpFile(const std::wstring& definitionFile, Platform& platform) {

@@ -9,7 +9,7 @@ namespace {
 
 constexpr wchar_t Question[] =
     L"現在選択されているオンブレルをアンインストールしてもよろしいですか？";
-constexpr wchar_t DoneText[] = L"アンインストールが完了しました。";
+constexpr wchar_t UninstallDoneText[] = L"アンインストールが完了しました。";
 
 } // namespace
 
@@ -31,7 +31,7 @@ void Uninstall(MainModel& model, SettingsState& state, Platform& platform) {
     // makes it one.
     if (lastFolder.empty() || !platform.files.Find(lastFolder))
         platform.files.Delete(DefinitionOf(lastFolder));
-    platform.messages.Inform(DoneText);
+    platform.messages.Inform(UninstallDoneText);
 
     model.buttons[7] = model.buttons[5] = false;
     RefreshInstalledList(model, state, platform);

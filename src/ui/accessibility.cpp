@@ -2,7 +2,6 @@
 
 #include <objbase.h>
 
-#include <initguid.h>
 #include <oleacc.h>
 
 #include "ui/system_library.h"

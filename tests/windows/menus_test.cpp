@@ -1,5 +1,5 @@
 // The two menus: their items, and when a form takes what is chosen.
-#include "maintenance/menus_window.h"
+#include "maintenance/menus.h"
 
 #include "windows/window_scene.h"
 

@@ -16,7 +16,8 @@ class ProgressWindow {
     ProgressWindow(const ProgressWindow&) = delete;
     ProgressWindow& operator=(const ProgressWindow&) = delete;
 
-    static constexpr ULONGLONG patience = 500; // milliseconds that work takes before one is shown
+    static constexpr ULONGLONG patience = 500;   // milliseconds that work takes before one is shown
+    static constexpr DWORD betweenPictures = 50; // milliseconds between two positions of the bar
     static constexpr int fullBar = 1000;
     void Show(int part); // of fullBar
 

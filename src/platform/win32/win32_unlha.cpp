@@ -21,8 +21,7 @@ using lzh::LzhFailure;
 
 namespace {
 
-constexpr wchar_t text[] = L"パッケージを展開しています...";
-constexpr DWORD betweenPictures = 50; // milliseconds between two positions of the bar
+constexpr wchar_t unpackingText[] = L"パッケージを展開しています...";
 
 // How far the extraction has come; written by its thread, read by the window's.
 class SharedProgress : public lzh::ExtractionProgress {
@@ -64,9 +63,10 @@ class BackgroundExtraction {
 void WaitFor(const BackgroundExtraction& extraction, HWND owner, const std::wstring& archive) {
     const ULONGLONG start = GetTickCount64();
     std::unique_ptr<ProgressWindow> window;
-    while (!PaintUntil(extraction.Done(), betweenPictures)) {
+    while (!PaintUntil(extraction.Done(), ProgressWindow::betweenPictures)) {
         if (!window && GetTickCount64() - start >= ProgressWindow::patience)
-            window = std::make_unique<ProgressWindow>(owner, text, std::wstring(NameOf(archive)));
+            window = std::make_unique<ProgressWindow>(owner, unpackingText,
+                                                      std::wstring(NameOf(archive)));
         if (window)
             window->Show(extraction.Part());
     }

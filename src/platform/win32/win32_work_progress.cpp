@@ -10,9 +10,8 @@ void Win32WorkProgress::Begin(const std::wstring& text, const std::wstring& fold
 }
 
 void Win32WorkProgress::Advance(double part) {
-    constexpr ULONGLONG betweenPictures = 50; // milliseconds
     const ULONGLONG now = GetTickCount64();
-    if (!work || now - work->painted < betweenPictures)
+    if (!work || now - work->painted < ProgressWindow::betweenPictures)
         return;
     ShowIfLong();
     if (work->window)

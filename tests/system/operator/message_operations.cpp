@@ -37,15 +37,6 @@ bool ShowsMessageBox(DWORD process) {
     return search.found;
 }
 
-LRESULT Ask(HWND window, UINT message, WPARAM wide = 0, LPARAM along = 0) {
-    DWORD_PTR result = 0;
-    if (SendMessageTimeoutW(window, message, wide, along, SMTO_NORMAL, answerMilliseconds,
-                            &result) == 0) {
-        throw std::runtime_error("the window is gone or does not answer");
-    }
-    return static_cast<LRESULT>(result);
-}
-
 BOOL CALLBACK LookForButton(HWND window, LPARAM button) {
     wchar_t name[16] = L"";
     GetClassNameW(window, name, 16);
@@ -86,6 +77,15 @@ void WaitUntilHeldDown(HWND button) {
 
 } // namespace
 
+LRESULT Ask(HWND window, UINT message, WPARAM wide, LPARAM along) {
+    DWORD_PTR result = 0;
+    if (SendMessageTimeoutW(window, message, wide, along, SMTO_NORMAL, answerMilliseconds,
+                            &result) == 0) {
+        throw std::runtime_error("the window is gone or does not answer");
+    }
+    return static_cast<LRESULT>(result);
+}
+
 std::string Send(HWND window, UINT message, WPARAM wide, LPARAM along) {
     return JsonNumber(Ask(window, message, wide, along));
 }
@@ -115,7 +115,7 @@ std::string PressUntilMessageBox(HWND button) {
     DWORD process = 0;
     GetWindowThreadProcessId(button, &process);
     const Clock::time_point pressed = Clock::now();
-    Post(button, BM_CLICK, 0, 0);
+    Post(button, BM_CLICK);
     while (!ShowsMessageBox(process)) {
         if (Clock::now() - pressed > longestWait) {
             throw std::runtime_error("no message box was shown");

@@ -9,10 +9,12 @@
 
 namespace tamblin {
 
+LRESULT Ask(HWND window, UINT message, WPARAM wide = 0, LPARAM along = 0);
+
 // The message's result. Only for messages whose arguments are numbers.
 std::string Send(HWND window, UINT message, WPARAM wide, LPARAM along);
 
-std::string Post(HWND window, UINT message, WPARAM wide, LPARAM along);
+std::string Post(HWND window, UINT message, WPARAM wide = 0, LPARAM along = 0);
 
 // Returns when the window's thread has handled every message that was posted to it so far, or waits
 // in a message box or menu that one of them has opened. Answers false when the window has gone.

@@ -4,28 +4,13 @@
 #include <stdexcept>
 
 #include "json.h"
+#include "message_operations.h"
 
 namespace tamblin {
 
 namespace {
 
-constexpr UINT answerMilliseconds = 120000;
 constexpr std::size_t textLimit = 32768;
-
-LRESULT Ask(HWND window, UINT message, WPARAM wide = 0, LPARAM along = 0) {
-    DWORD_PTR result = 0;
-    if (SendMessageTimeoutW(window, message, wide, along, SMTO_NORMAL, answerMilliseconds,
-                            &result) == 0) {
-        throw std::runtime_error("the window is gone or does not answer");
-    }
-    return static_cast<LRESULT>(result);
-}
-
-void Post(HWND window, UINT message, WPARAM wide = 0, LPARAM along = 0) {
-    if (PostMessageW(window, message, wide, along) == 0) {
-        throw std::runtime_error("the window is gone");
-    }
-}
 
 std::string Number(HWND window) {
     return JsonNumber(reinterpret_cast<std::intptr_t>(window));

@@ -1,4 +1,4 @@
-#include "maintenance/menus_window.h"
+#include "maintenance/menus.h"
 
 #include "ui/popup_menu.h"
 
