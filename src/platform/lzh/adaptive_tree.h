@@ -23,6 +23,13 @@
 // before. So of the symbol before it only the leaf is counted first. The branches above are counted
 // while the next symbol is being looked for; when one of them changed places, it is looked for
 // again.
+//
+// What was tried and was no faster over all: tops of 23 to 47 nodes, margins of 4 and 8, a table by
+// five or six bits, one parent for each pair of children, asking before leaves change places, and
+// looking again only for a code that leads through what has moved. Counting a symbol wholly at once
+// reads sources 8 % faster, but binary data 9 % slower and what does not compress 30 %. What is
+// left is probably what nobody can foresee: how long each code is, and which branches change
+// places, 26 for 100 symbols of programs, 52 for those of small files.
 #pragma once
 
 #include <array>
