@@ -5,20 +5,11 @@ import pathlib
 import subprocess
 import time
 
+from controls import press_keys, right_click_row, wait_until
 from hosts import make_host
-from more_windows import (
-    CheckWindow,
-    ChoiceWindow,
-    HelpWindow,
-    ManagementWindow,
-    ManualWindow,
-    SearchWindow,
-    WizardWindow,
-    character_menu,
-    right_click_row,
-)
 from sandbox import HOST
-from tamblin_app import press_keys, wait_until
+from set_up_windows import ChoiceWindow, ManagementWindow, ManualWindow, SearchWindow, WizardWindow
+from windows import CheckWindow, HelpWindow, character_menu
 
 
 class Gallery:
@@ -73,12 +64,12 @@ def take_main_windows(gallery, app):
     gallery.take("menu", main)
     press_keys("Escape")
     menu.wait_gone()
-    main.command12.press()
+    main.check_folders.press()
     check = CheckWindow(app).wait_shown()
     gallery.take("check", check)
     check.done.press()
     main.wait_enabled()
-    main.command10.press()
+    main.show_help.press()
     help_window = HelpWindow(app).wait_shown()
     help_window.purposes[0].press()
     wait_until(help_window.purpose_text.text, "a help text")
@@ -91,7 +82,7 @@ def take_main_windows(gallery, app):
 
 def take_set_up_windows(gallery, app):
     wizard, manual = WizardWindow(app), ManualWindow(app)
-    app.main.command6.press()
+    app.main.manage_folders.press()
     management = ManagementWindow(app).wait_shown()
     gallery.take("management", management)
     management.add.press()

@@ -18,10 +18,11 @@ TOP = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(TOP / "tests" / "system"))
 
 import lzh_packages  # noqa: E402
+from controls import wait_until  # noqa: E402
 from gallery import Gallery, take_gallery  # noqa: E402
 from machine import Machine  # noqa: E402
 from sandbox import HOST, OTHER_HOST, furnish  # noqa: E402
-from tamblin_app import save_screenshot, wait_until  # noqa: E402
+from tamblin_app import save_screenshot  # noqa: E402
 
 SANDBOX = TOP / "build" / "sandbox"
 TOUR = TOP / "build" / "tour"
@@ -136,13 +137,13 @@ def walk(app):
     print("Browsing to the packages, selecting", PACKAGE)
     main.browse("C:\\Packages")
     main.list2.select(PACKAGE)
-    picture(app, "3-selection", main.command1.enabled)
+    picture(app, "3-selection", main.install.enabled)
     print("Installing")
-    main.command1.press()
+    main.install.press()
     confirmation.wait_shown()
     picture(app, "4-confirmation", lambda: len(confirmation.list1.entries()) == 2)
     gallery.take("confirmation", confirmation)
-    confirmation.command1.press()
+    confirmation.install.press()
     box = app.wait_box()
     picture(app, "5-done", box.shown)
     app.answer(DONE, "OK")

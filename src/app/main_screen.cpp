@@ -8,9 +8,7 @@
 #include "install/installed_list.h"
 #include "install/package_staging.h"
 #include "install/selection_rules.h"
-#include "maintenance/start_up_file.h"
-#include "maintenance/uninstall.h"
-#include "maintenance/updates.h"
+#include "maintenance/character_menu.h"
 
 namespace tamblin {
 namespace {
@@ -80,11 +78,7 @@ void MainScreen::ComboSelected(size_t entry) {
     }
 }
 
-void MainScreen::FileListClicked() {
-    ApplySelectionRules(model, state, platform);
-}
-
-void MainScreen::InstalledListClicked() {
+void MainScreen::SelectionChanged() {
     ApplySelectionRules(model, state, platform);
 }
 
@@ -119,11 +113,8 @@ bool MainScreen::FilesDropped(const std::vector<std::wstring>& paths) {
 
 bool MainScreen::InstallsFile(size_t row) const {
     const SelectionList& files = model.browser.Files();
-    return row < files.Size() && files.IsSelected(row) && IsArchive(files[row]) && model.buttons[1];
-}
-
-void MainScreen::InstallPressed(InstallScreen& screen) {
-    Install(model, state, platform, screen);
+    return row < files.Size() && files.IsSelected(row) && IsArchive(files[row]) &&
+           model.enabled[Command::Install];
 }
 
 void MainScreen::PrepareStagingPressed() {
@@ -142,46 +133,18 @@ void MainScreen::SettingsPressed() {
 
 void MainScreen::DeselectInstalledPressed() {
     model.installed.names.DeselectAll();
-    DisableCharacterButtons(model);
+    DisableCharacterCommands(model);
 }
 
 void MainScreen::DeselectFilesPressed() {
     model.browser.Files().DeselectAll();
-    model.buttons[9] = false;
+    model.enabled[Command::DeselectFiles] = false;
 }
 
-void MainScreen::UpdateHostPressed() {
-    UpdateHostProgram(model, platform);
-}
-
-void MainScreen::UpdateDefinitionPressed() {
-    UpdateDefinitionFile(model, platform);
-}
-
-void MainScreen::UninstallPressed() {
-    Uninstall(model, state, platform);
-}
-
-void MainScreen::SetStartUpCharacterPressed() {
-    SetStartUpCharacter(model, platform);
-}
-
-void MainScreen::CheckPressed(FolderCheck& check) {
-    check.RunCheck(model);
-}
-
-void MainScreen::LaunchPressed() {
-    LaunchCharacter(model, platform);
-}
-
-void MainScreen::ShowReadmePressed() {
-    ShowReadme(model, platform);
-}
-
-std::optional<CharacterMenu> MainScreen::InstalledListMenu(std::optional<size_t> row) {
+Menu MainScreen::InstalledListMenu(std::optional<size_t> row) {
     if (row && model.installed.names.MoveSelectionOfOneTo(*row))
         ApplySelectionRules(model, state, platform);
-    return MenuForInstalledList(model, platform);
+    return CharacterMenu(model, platform);
 }
 
 bool MainScreen::ExitPressed() {
@@ -194,37 +157,38 @@ bool MainScreen::CloseBoxPressed() {
     return platform.messages.AskYesNo(CloseQuestion);
 }
 
-std::optional<std::wstring> MainScreen::StatusText(size_t command) {
+std::optional<std::wstring> MainScreen::StatusText(Command command) {
     switch (command) {
-        case 1:
+        case Command::Install:
             return L"選択しているパッケージをインストールします。";
-        case 3:
+        case Command::UpdateHost:
             return L"ombrel.exeをアップデートします。";
-        case 4:
+        case Command::UpdateDefinition:
             return L"該当オンブレルのオンブレル定義ファイルをアップデートします。";
-        case 5:
+        case Command::Uninstall:
             return L"選択されているオンブレルをアンインストールします。";
-        case 6:
+        case Command::ManageFolders:
             return L"ヴィモラフォルダの設定を行います。";
-        case 7:
+        case Command::DeselectInstalled:
             return L"「導入済オンブレル一覧」のファイル選択を解除します。";
-        case 8:
+        case Command::Leave:
             return L"Tamblinを終了します。";
-        case 9:
+        case Command::DeselectFiles:
             return L"「すべてのフォルダ」のファイル選択を解除します。";
-        case 10:
+        case Command::ShowHelp:
             return L"Tamblinの簡単な操作説明です。";
-        case 11:
+        case Command::SetStartUpCharacter:
             return L"選択しているオンブレルを、通常起動時のオンブレルに設定します。";
-        case 12:
+        case Command::CheckFolders:
             return L"ヴィモラフォルダの不具合を検出します。";
-        case 13:
+        case Command::Launch:
             return L"選択されているオンブレルを呼び出します。";
-        case 14:
+        case Command::ShowReadme:
             return L"選択されているオンブレルの README ファイルを表示します。";
-        default:
-            return std::nullopt;
+        case Command::PrepareStaging:
+            break;
     }
+    return std::nullopt;
 }
 
 std::wstring MainScreen::InitialStatusText() {

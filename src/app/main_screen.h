@@ -1,5 +1,6 @@
-// What the main window does, without the window: each method is one event. The window reads the
-// selections into Model() before an event and mirrors Model() afterwards, also after a failure.
+// What happens in the main window itself, without the window: each method is one event. The window
+// reads the selections into Model() before an event and mirrors Model() afterwards, also after a
+// failure.
 #pragma once
 
 #include <exception>
@@ -7,10 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "install/install.h"
+#include "base/menu.h"
 #include "install/main_model.h"
-#include "maintenance/folder_check.h"
-#include "maintenance/launch.h"
 #include "platform/platform.h"
 #include "settings/settings_file.h"
 #include "settings/settings_state.h"
@@ -28,8 +27,7 @@ class MainScreen {
     void Load();
     void Activate(); // a host folder that is gone fails only the first time
     void ComboSelected(size_t entry);
-    void FileListClicked();
-    void InstalledListClicked();
+    void SelectionChanged(); // by a click in either list
     void TreeRowOpened(size_t row);
     void TreeUpPressed(); // Backspace in the tree
     // F5: reads host folder, tree and files anew; what is selected stays selected, by its name.
@@ -41,27 +39,19 @@ class MainScreen {
     // archive, and the install button can be pressed.
     bool InstallsFile(size_t row) const;
 
-    void InstallPressed(InstallScreen& screen); // Command1
-    void PrepareStagingPressed();               // Command2
-    void SettingsPressed();                     // Command6: before folder management is shown
-    void DeselectInstalledPressed();            // Command7
-    void DeselectFilesPressed();                // Command9
-    void UpdateHostPressed();                   // Command3
-    void UpdateDefinitionPressed();             // Command4
-    void UninstallPressed();                    // Command5
-    void SetStartUpCharacterPressed();          // Command11
-    void CheckPressed(FolderCheck& check);      // Command12: before the result window is shown
-    void LaunchPressed();                       // Command13, mnrun
-    void ShowReadmePressed();                   // Command14, mnview
+    void PrepareStagingPressed();
+    void SettingsPressed(); // before folder management is shown
+    void DeselectInstalledPressed();
+    void DeselectFilesPressed();
     // The right button over a row, beside all rows, or the keyboard.
-    std::optional<CharacterMenu> InstalledListMenu(std::optional<size_t> row);
+    Menu InstalledListMenu(std::optional<size_t> row);
 
     // Leaving: both save, then ask. True when the window has to be closed.
-    bool ExitPressed();     // Command8
+    bool ExitPressed();
     bool CloseBoxPressed(); // close box or system menu
 
     // What the status line says while the pointer is over a button; nothing when it stays as it is.
-    static std::optional<std::wstring> StatusText(size_t command);
+    static std::optional<std::wstring> StatusText(Command command);
     static std::wstring InitialStatusText();
 
   private:

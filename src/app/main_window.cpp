@@ -1,10 +1,15 @@
 #include "app/main_window.h"
 
 #include "install/confirmation_window.h"
+#include "maintenance/character_menu.h"
 #include "maintenance/folder_check_window.h"
-#include "maintenance/menus.h"
+#include "maintenance/launch.h"
+#include "maintenance/start_up_file.h"
+#include "maintenance/uninstall.h"
+#include "maintenance/updates.h"
 #include "ui/at_exit.h"
 #include "ui/busy_pointer.h"
+#include "ui/popup_menu.h"
 
 namespace tamblin {
 
@@ -12,6 +17,7 @@ Form1::Form1(Application& owner, Platform& surroundings, SettingsState& settings
              SettingsFile& settingsFile, HandOver& windows)
     : Form(owner, 1, L"Tamblin Ver.0.61", FormFrame::Resizable),
       platform(surroundings),
+      state(settings),
       handOver(windows),
       screen(surroundings, settings, settingsFile) {
     text2.SetText(MainScreen::InitialStatusText());
@@ -53,31 +59,33 @@ void Form1::SetAccessKeys() {
 // Events
 
 void Form1::ConnectCommands() {
-    const auto press = [this](Button& button, void (MainScreen::*event)()) {
+    const auto connect = [this](Button& button, auto event) {
         button.onClick = [this, event] {
-            Run([this, event] { (screen.*event)(); });
+            Run(event);
         };
     };
-    command1.onClick = [this] {
-        Run([this] { screen.InstallPressed(*this); });
+    // What needs the model and the platform alone.
+    const auto connectRule = [&](Button& button, auto rule) {
+        connect(button, [this, rule] { rule(screen.Model(), platform); });
     };
-    press(command2, &MainScreen::PrepareStagingPressed);
-    press(command3, &MainScreen::UpdateHostPressed);
-    press(command4, &MainScreen::UpdateDefinitionPressed);
-    press(command7, &MainScreen::DeselectInstalledPressed);
+    connect(command1, [this] { Install(screen.Model(), state, platform, *this); });
+    connect(command2, [this] { screen.PrepareStagingPressed(); });
+    connectRule(command3, UpdateHostProgram);
+    connectRule(command4, UpdateDefinitionFile);
+    connect(command7, [this] { screen.DeselectInstalledPressed(); });
     command8.onClick = [this] {
         bool leave = false;
         Run([&] { leave = screen.ExitPressed(); });
         if (leave)
             Close();
     };
-    press(command9, &MainScreen::DeselectFilesPressed);
-    press(command11, &MainScreen::SetStartUpCharacterPressed);
-    press(command13, &MainScreen::LaunchPressed);
-    press(command14, &MainScreen::ShowReadmePressed);
+    connect(command9, [this] { screen.DeselectFilesPressed(); });
+    connectRule(command11, SetStartUpCharacter);
+    connectRule(command13, LaunchCharacter);
+    connectRule(command14, ShowReadme);
     command5.onClick = [this] {
         const Held held(*this);
-        Run([this] { screen.UninstallPressed(); });
+        Run([this] { Uninstall(screen.Model(), state, platform); });
     };
     command6.onClick = [this] {
         screen.SettingsPressed();
@@ -99,11 +107,8 @@ void Form1::ConnectLists() {
     list1.onOpen = [this](size_t row) {
         Run([&] { screen.TreeRowOpened(row); });
     };
-    list2.onSelect = [this] {
-        Run([this] { screen.FileListClicked(); });
-    };
-    list3.onSelect = [this] {
-        Run([this] { screen.InstalledListClicked(); });
+    list2.onSelect = list3.onSelect = [this] {
+        Run([this] { screen.SelectionChanged(); });
     };
     list2.onOpen = [this](size_t row) {
         OpenFile(row);
@@ -115,7 +120,7 @@ void Form1::ConnectLists() {
 
 void Form1::CheckFolders() {
     FolderCheck check(platform);
-    Run([&] { screen.CheckPressed(check); });
+    Run([&] { check.RunCheck(screen.Model()); });
     Form11(App(), check, Handle()).ShowModal();
 }
 
@@ -147,17 +152,13 @@ void Form1::FilesDropped(const std::vector<std::wstring>& paths) {
 }
 
 void Form1::ShowCharacterMenu(POINT position, std::optional<size_t> row) {
-    std::optional<CharacterMenu> items;
-    Run([&] { items = screen.InstalledListMenu(row); });
-    if (items)
-        Form10::ShowCharacterMenu(*this, position, *items);
+    Menu menu;
+    Run([&] { menu = screen.InstalledListMenu(row); });
+    ShowMenu(menu, *this, position);
 }
 
-void Form1::MenuChosen(int item) {
-    if (item == Form10::mnrun)
-        Run([this] { screen.LaunchPressed(); });
-    else if (item == Form10::mnview)
-        Run([this] { screen.ShowReadmePressed(); });
+void Form1::MenuChosen(MenuItem item) {
+    Run([&] { ChooseFromCharacterMenu(item, screen.Model(), platform); });
 }
 
 void Form1::Load() {
@@ -191,7 +192,7 @@ void Form1::PointerOver(Control* control) {
 void Form1::Explain(const Control& control) {
     if (control.Name().kind != ControlKind::Command)
         return;
-    if (const auto text = MainScreen::StatusText(static_cast<size_t>(control.Name().number)))
+    if (const auto text = MainScreen::StatusText(static_cast<Command>(control.Name().number)))
         text2.SetText(*text);
 }
 
@@ -244,7 +245,7 @@ void Form1::ShowModel() {
     list2.Show(model.browser.Files());
     for (Control* control : Controls())
         if (control->Name().kind == ControlKind::Command)
-            control->SetEnabled(model.buttons[static_cast<size_t>(control->Name().number)]);
+            control->SetEnabled(model.enabled[static_cast<Command>(control->Name().number)]);
 }
 
 } // namespace tamblin

@@ -3,6 +3,7 @@
 
 #include "app/artwork.h"
 #include "app/main_screen.h"
+#include "install/install.h"
 #include "ui/button.h"
 #include "ui/combo_box.h"
 #include "ui/first_fitting_layout.h"
@@ -30,7 +31,7 @@ class Form1 : public Form, private InstallScreen {
     void Closing() override;
     void PointerOver(Control* control) override;
     void FocusOn(const Control& control) override { Explain(control); }
-    void MenuChosen(int item) override;
+    void MenuChosen(MenuItem item) override;
     bool KeyPressed(const KeyPress& press, const Control* focus) override;
     void FilesDropped(const std::vector<std::wstring>& paths) override;
     Size FirstSize() const override;
@@ -62,6 +63,7 @@ class Form1 : public Form, private InstallScreen {
     std::unique_ptr<LayoutItem> MakeBrowserCommands(LabelPlace labels);
 
     Platform& platform;
+    SettingsState& state;
     HandOver& handOver;
     MainScreen screen;
     bool installHolds = false;

@@ -66,7 +66,7 @@ class InstallRun {
         if (!OutsideStagingFolder({model.browser.ShownFolder(), hostFolder, platform.programFolder},
                                   hostFolder, platform))
             return;
-        model.buttons[1] = false;
+        model.enabled[Command::Install] = false;
         MainWindowLock lock(screen);
         const StagingSession session(platform);
         if (!PrepareStagingFolder(hostFolder, platform) || !StageSelectedFiles())
@@ -191,7 +191,7 @@ class InstallRun {
         // Without a selected file the rules disable Command9, and Command1, which has to stay
         // enabled although nothing is selected any more.
         ApplySelectionRules(model, state, platform);
-        model.buttons[1] = true;
+        model.enabled[Command::Install] = true;
     }
 
     MainModel& model;

@@ -30,7 +30,7 @@ void RefreshInstalledList(MainModel& model, SettingsState& state, Platform& plat
     const std::wstring hostFolder = model.combo.Text();
 
     installed.names.Clear();
-    DisableCharacterButtons(model);
+    DisableCharacterCommands(model);
     if (hostFolder != installed.folder || installed.outdated)
         ApplySelectionRules(model, state, platform);
     state.DefaultFolder = hostFolder;

@@ -27,12 +27,6 @@ bool IsOfferedForInstall(const std::wstring& name, const std::wstring& folder,
 
 } // namespace
 
-ActionButtons::ActionButtons() {
-    // Folder management, leaving, quick help and the folder check need no selection.
-    for (const size_t command : {6U, 8U, 10U, 12U})
-        enabled[command] = true;
-}
-
 MainModel::MainModel(Platform& platform, SettingsState& state)
     : browser(platform, state.BrowseStartFolder,
               [this](const std::wstring& name, const std::wstring& folder) {

@@ -1,12 +1,12 @@
 // What the main window shows, without the window: the combo, the two selectable lists, the folder
-// browser, and which buttons can be pressed. Commands read and change it; the window mirrors it.
+// browser, and which commands can be used. Commands read and change it; the window mirrors it.
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
 #include "base/selection_list.h"
+#include "install/command.h"
 #include "install/folder_browser.h"
 #include "settings/host_folder_list.h"
 #include "settings/settings_state.h"
@@ -23,17 +23,6 @@ struct InstalledList {
     bool outdated = false;
 };
 
-// Enabled states by button number, Command1 to Command14.
-class ActionButtons {
-  public:
-    ActionButtons();
-    bool& operator[](size_t command) { return enabled[command]; }
-    bool operator[](size_t command) const { return enabled[command]; }
-
-  private:
-    std::array<bool, 15> enabled{};
-};
-
 struct MainModel {
     MainModel(Platform& platform, SettingsState& state);
     MainModel(const MainModel&) = delete; // the browser's filter refers to this model
@@ -42,7 +31,7 @@ struct MainModel {
     HostFolderCombo combo;
     InstalledList installed;
     FolderBrowser browser;
-    ActionButtons buttons;
+    EnabledCommands enabled;
     bool definitionUpdateReady = false; // the update lies in the character's own folder
 };
 

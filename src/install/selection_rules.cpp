@@ -1,7 +1,6 @@
 #include "install/selection_rules.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/character_files.h"
 #include "base/text.h"
@@ -10,34 +9,32 @@
 namespace tamblin {
 namespace {
 
-constexpr std::array<size_t, 10> GovernedButtons = {1, 2, 3, 4, 5, 7, 9, 11, 13, 14};
 constexpr const wchar_t* ReadmeEndings[] = {L".txt", L"-X.txt", L".htm", L".html"};
 
 bool IsProgram(const std::wstring& file) {
     return EndsWithIgnoringCase(file, L".EXE");
 }
 
-void EnableForInstalledSelection(ActionButtons& buttons, size_t installedCount) {
-    if (installedCount == 0)
-        return;
-    buttons[5] = buttons[7] = true;
+void EnableForInstalledSelection(EnabledCommands& enabled, size_t installedCount) {
+    if (installedCount >= 1)
+        enabled.Set({Command::Uninstall, Command::DeselectInstalled});
     if (installedCount == 1)
-        buttons[11] = buttons[13] = true;
+        enabled.Set({Command::SetStartUpCharacter, Command::Launch});
 }
 
 void EnableForOneFile(MainModel& model, const std::wstring& file, size_t installedCount) {
-    ActionButtons& buttons = model.buttons;
-    buttons[9] = true;
+    EnabledCommands& enabled = model.enabled;
+    enabled[Command::DeselectFiles] = true;
     if (installedCount == 0) {
-        buttons[3] = IsProgram(file);
-        buttons[1] = IsArchive(file);
+        enabled[Command::UpdateHost] = IsProgram(file);
+        enabled[Command::Install] = IsArchive(file);
         return;
     }
-    buttons[1] = true;
-    EnableForInstalledSelection(buttons, installedCount);
+    enabled[Command::Install] = true;
+    EnableForInstalledSelection(enabled, installedCount);
     const std::wstring& character = model.installed.names[*model.installed.names.LastSelected()];
     if (IsDefinition(file) && EqualIgnoringCase(CharacterOf(file), character))
-        buttons[4] = true;
+        enabled[Command::UpdateDefinition] = true;
 }
 
 // A program file never stays part of a multiple selection.
@@ -56,20 +53,16 @@ void EnableForFiles(MainModel& model, size_t installedCount) {
     }
     if (fileCount >= 2) {
         DeselectPrograms(files);
-        model.buttons[9] = model.buttons[1] = true;
+        model.enabled.Set({Command::DeselectFiles, Command::Install});
     }
-    EnableForInstalledSelection(model.buttons, installedCount);
+    EnableForInstalledSelection(model.enabled, installedCount);
 }
 
 void EnableForOneCharacter(MainModel& model, const std::wstring& hostFolder, Platform& platform) {
-    const auto exists = [&](const std::wstring& path) {
-        return FindNeededFile(platform.files, path).has_value();
-    };
     const std::wstring& character = model.installed.names[*model.installed.names.LastSelected()];
-    if (exists(DeliveredDefinitionFile(hostFolder, character)))
-        model.buttons[4] = model.definitionUpdateReady = true;
-    const auto readmes = ReadmeCandidates(model.installed.folder, character);
-    model.buttons[14] = std::any_of(readmes.begin(), readmes.end(), exists);
+    if (FindNeededFile(platform.files, DeliveredDefinitionFile(hostFolder, character)))
+        model.enabled[Command::UpdateDefinition] = model.definitionUpdateReady = true;
+    model.enabled[Command::ShowReadme] = HasReadme(model.installed.folder, character, platform);
 }
 
 } // namespace
@@ -83,20 +76,27 @@ std::vector<std::wstring> ReadmeCandidates(const std::wstring& hostFolder,
     return candidates;
 }
 
+bool HasReadme(const std::wstring& hostFolder, const std::wstring& character, Platform& platform) {
+    const auto readmes = ReadmeCandidates(hostFolder, character);
+    return std::any_of(readmes.begin(), readmes.end(), [&](const std::wstring& readme) {
+        return FindNeededFile(platform.files, readme).has_value();
+    });
+}
+
 std::wstring DeliveredDefinitionFile(const std::wstring& hostFolder,
                                      const std::wstring& character) {
     return WithBackslash(hostFolder) + character + L"\\dat\\obl\\" + DefinitionOf(character);
 }
 
-void DisableCharacterButtons(MainModel& model) {
-    for (const size_t command : {4U, 5U, 7U, 11U, 13U, 14U})
-        model.buttons[command] = false;
+void DisableCharacterCommands(MainModel& model) {
+    model.enabled.Set({Command::UpdateDefinition, Command::Uninstall, Command::DeselectInstalled,
+                       Command::SetStartUpCharacter, Command::Launch, Command::ShowReadme},
+                      false);
     model.definitionUpdateReady = false;
 }
 
 void ApplySelectionRules(MainModel& model, const SettingsState& state, Platform& platform) {
-    for (const size_t command : GovernedButtons)
-        model.buttons[command] = false;
+    model.enabled = {};
     if (state.DefaultFolder.empty())
         return;
 

@@ -1,4 +1,4 @@
-// Which buttons the selections of the file list and the installed list enable.
+// Which commands the selections of the file list and the installed list enable.
 #pragma once
 
 #include "install/main_model.h"
@@ -11,14 +11,16 @@ namespace tamblin {
 // the program folder current.
 void ApplySelectionRules(MainModel& model, const SettingsState& state, Platform& platform);
 
-// What the buttons show once nothing is selected in the installed list any more: none of those that
-// need a character can be pressed.
-void DisableCharacterButtons(MainModel& model);
+// Once nothing is selected in the installed list any more, no command that needs a character can be
+// used.
+void DisableCharacterCommands(MainModel& model);
 
 // The README documents that a character may carry, in the order in which they are shown: paths
 // without regard to whether they exist.
 std::vector<std::wstring> ReadmeCandidates(const std::wstring& hostFolder,
                                            const std::wstring& character);
+
+bool HasReadme(const std::wstring& hostFolder, const std::wstring& character, Platform& platform);
 
 // Where a character's own updates deliver its newer definition file.
 std::wstring DeliveredDefinitionFile(const std::wstring& hostFolder, const std::wstring& character);

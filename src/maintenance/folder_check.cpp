@@ -53,6 +53,12 @@ void FolderCheck::DeleteDefinitionFiles() {
     definitionFilesEnabled = deleteEnabled = false;
 }
 
+Menu FolderCheck::FolderMenu() const {
+    if (!folders.FirstSelected())
+        return {};
+    return {{MenuItem::mnmv, L"ごみ箱へ移動"}, {}, {MenuItem::mncan, L"キャンセル"}};
+}
+
 // From the last entry to the first: that is the order in which the shell is told of them. The rows
 // go together at the end.
 void FolderCheck::MoveFoldersToRecycleBin() {

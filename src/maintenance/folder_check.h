@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "base/menu.h"
 #include "base/selection_list.h"
 #include "install/main_model.h"
 #include "platform/platform.h"
@@ -24,8 +25,8 @@ class FolderCheck {
     // RunTimeError when one cannot be deleted; those before it are gone, the list stays.
     void DeleteDefinitionFiles();
 
-    // The folder list's menu opens only over a selection.
-    bool HasFolderMenu() const { return folders.FirstSelected().has_value(); }
+    // The folder list's menu, which opens only over a selection.
+    Menu FolderMenu() const;
     // "ごみ箱へ移動": moves the selected folders to the recycle bin, after a question.
     void MoveFoldersToRecycleBin();
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "maintenance/menus.h"
 #include "ui/at_exit.h"
 #include "ui/busy_pointer.h"
+#include "ui/popup_menu.h"
 
 namespace tamblin {
 
@@ -24,8 +24,7 @@ Form11::Form11(Application& owner, FolderCheck& folderCheck, HWND ownerWindow)
             if (row)
                 check.folders.MoveSelectionOfOneTo(*row);
         });
-        if (check.HasFolderMenu())
-            Form10::ShowFolderMenu(*this, position);
+        ShowMenu(check.FolderMenu(), *this, position);
     };
     SetFirstFocus(command3);
     SetLayout(MakeLayout());
@@ -53,8 +52,8 @@ void Form11::Activated() {
     Run([this] { check.Activate(); });
 }
 
-void Form11::MenuChosen(int item) {
-    if (item != Form10::mnmv)
+void Form11::MenuChosen(MenuItem item) {
+    if (item != MenuItem::mnmv)
         return;
     const Held held(*this);
     Run([this] { check.MoveFoldersToRecycleBin(); });

@@ -17,7 +17,7 @@ class Form11 : public Form {
   private:
     void Load() override { ShowModel(); }
     void Activated() override;
-    void MenuChosen(int item) override;
+    void MenuChosen(MenuItem item) override;
     void EscapePressed() override { Close(); }
     Size FirstSize() const override;
     void Run(const std::function<void()>& event);

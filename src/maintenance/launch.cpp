@@ -1,7 +1,5 @@
 #include "maintenance/launch.h"
 
-#include <algorithm>
-
 #include "base/text.h"
 #include "install/selection_rules.h"
 #include "maintenance/start_up_file.h"
@@ -47,17 +45,6 @@ void ShowReadme(const MainModel& model, Platform& platform) {
     for (const std::wstring& readme : ReadmeCandidates(hostFolder, character))
         if (FindNeededFile(platform.files, readme))
             platform.shell.Open(readme, characterFolder);
-}
-
-std::optional<CharacterMenu> MenuForInstalledList(const MainModel& model, Platform& platform) {
-    const SelectionList& names = model.installed.names;
-    if (names.SelectedCount() != 1)
-        return std::nullopt;
-    const auto readmes = ReadmeCandidates(model.combo.Text(), names[*names.FirstSelected()]);
-    const bool any = std::any_of(readmes.begin(), readmes.end(), [&](const std::wstring& readme) {
-        return FindNeededFile(platform.files, readme).has_value();
-    });
-    return CharacterMenu{.readmeEnabled = any};
 }
 
 } // namespace tamblin

@@ -2,8 +2,6 @@
 // from the installed list's menu alike. Both act on the first selected character.
 #pragma once
 
-#include <optional>
-
 #include "install/main_model.h"
 #include "platform/platform.h"
 
@@ -16,11 +14,5 @@ void LaunchCharacter(const MainModel& model, Platform& platform);
 
 // Opens every README document that the character has.
 void ShowReadme(const MainModel& model, Platform& platform);
-
-// The menu of the installed list. There is none unless exactly one character is selected.
-struct CharacterMenu {
-    bool readmeEnabled = false;
-};
-std::optional<CharacterMenu> MenuForInstalledList(const MainModel& model, Platform& platform);
 
 } // namespace tamblin

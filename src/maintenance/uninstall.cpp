@@ -33,7 +33,7 @@ void Uninstall(MainModel& model, SettingsState& state, Platform& platform) {
         platform.files.Delete(DefinitionOf(lastFolder));
     platform.messages.Inform(UninstallDoneText);
 
-    model.buttons[7] = model.buttons[5] = false;
+    model.enabled.Set({Command::DeselectInstalled, Command::Uninstall}, false);
     RefreshInstalledList(model, state, platform);
 }
 

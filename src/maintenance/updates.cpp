@@ -41,7 +41,7 @@ void UpdateHostProgram(MainModel& model, Platform& platform) {
         return;
     platform.files.Copy(source, model.combo.Text() + L"\\" + *name);
     platform.messages.Inform(HostDoneText);
-    model.buttons[3] = false;
+    model.enabled[Command::UpdateHost] = false;
 }
 
 void UpdateDefinitionFile(MainModel& model, Platform& platform) {
@@ -54,7 +54,7 @@ void UpdateDefinitionFile(MainModel& model, Platform& platform) {
         return;
     platform.files.Copy(*source, WithBackslash(model.combo.Text()) + *name);
     platform.messages.Inform(WithGapFilled(DefinitionDoneText, character));
-    model.buttons[4] = false;
+    model.enabled[Command::UpdateDefinition] = false;
     platform.files.SetCurrentFolder(platform.programFolder);
 }
 

@@ -629,7 +629,7 @@ void Form::Commanded(WPARAM wParam, LPARAM lParam) {
         return;
     auto* window = reinterpret_cast<HWND>(lParam);
     if (!window && LOWORD(wParam) >= FirstMenuId) {
-        MenuChosen(LOWORD(wParam));
+        MenuChosen(static_cast<MenuItem>(LOWORD(wParam)));
         return;
     }
     Control* const control = Find(window ? window : GetDlgItem(handle, LOWORD(wParam)));

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/menu.h"
 #include "ui/application.h"
 #include "ui/control.h"
 #include "ui/layout.h"
@@ -105,7 +106,7 @@ class Form {
     // A control of the form has got the focus.
     virtual void FocusOn(const Control&) {}
     // An item of a menu that the form has opened.
-    virtual void MenuChosen(int) {}
+    virtual void MenuChosen(MenuItem) {}
     virtual void ReturnPressed() {}
     virtual void EscapePressed() {}
     // Any other key that the control with the focus has left. True when it has been dealt with.

@@ -5,10 +5,12 @@ import os
 
 import pytest
 
+from controls import wait_until
+from document_recorder import Recorder
 from hosts import make_host
 from machine import MACHINES, Machine, discard
-from more_windows import CheckWindow, Recorder
-from tamblin_app import App, wait_until
+from tamblin_app import App
+from windows import CheckWindow
 
 HOST = "C:\\Vimora 表ソ能"
 OTHER_HOST = "D:\\Games\\Vimora"

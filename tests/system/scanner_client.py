@@ -3,8 +3,8 @@
 import subprocess
 import threading
 
+from controls import wait_until
 from machine import PROGRAMS
-from tamblin_app import wait_until
 
 SCANNER = PROGRAMS / "tests" / "system" / "scanner.exe"
 

@@ -2,16 +2,11 @@
 
 import pytest
 
+from controls import wait_until
 from hosts import make_host
-from more_windows import (
-    ChoiceWindow,
-    HelpWindow,
-    ManagementWindow,
-    ManualWindow,
-    SearchWindow,
-    WizardWindow,
-)
-from tamblin_app import App, wait_until
+from set_up_windows import ChoiceWindow, ManagementWindow, ManualWindow, SearchWindow, WizardWindow
+from tamblin_app import App
+from windows import HelpWindow
 
 EXIT = "Tamblin を終了してもよろしいですか？"
 CANCELLED = "Vimoraフォルダの検出を中止しました。"
@@ -92,7 +87,7 @@ def fresh_settings(*folders, default, kavalet=""):
 
 
 def leave_main(app):
-    app.main.command8.press()
+    app.main.leave.press()
     app.answer(EXIT, "OK")
     app.wait_ended()
     assert shown_windows(app) == []

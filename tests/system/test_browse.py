@@ -1,6 +1,7 @@
 """The main window's lists and buttons: hosts, characters, folders, files, selections."""
 
-from tamblin_app import click, point_at, press_keys, tab_to, wait_until
+from controls import click, point_at, press_keys, tab_to, wait_until
+from windows import ALWAYS
 
 
 def test_the_main_window_shows_hosts_characters_and_packages(running):
@@ -86,19 +87,19 @@ def test_files_of_a_host_are_offered_elsewhere_only(running, machine):
 
 def test_selections_light_the_buttons_that_fit(running):
     main = running.main
-    always = [6, 8, 10, 12]
-    assert main.enabled_commands() == always
+    assert main.enabled_commands() == ALWAYS
     main.list2.select("futari.lzh")
-    assert main.enabled_commands() == sorted([1, 9] + always)
+    assert main.enabled_commands() == ALWAYS | {"install", "deselect_files"}
     main.list3.select("mikan")
-    assert main.enabled_commands() == sorted([1, 5, 7, 9, 11, 13, 14] + always)
+    for_several = ALWAYS | {"install", "deselect_files", "uninstall", "deselect_installed"}
+    assert main.enabled_commands() == for_several | {"set_start_up_character", "launch", "show_readme"}
     main.list3.select("mikan", "yuzu")
-    assert main.enabled_commands() == sorted([1, 5, 7, 9] + always)
-    main.command7.press()
+    assert main.enabled_commands() == for_several
+    main.deselect_installed.press()
     wait_until(lambda: main.list3.selected() == [], "the installed list to be deselected")
-    main.command9.press()
+    main.deselect_files.press()
     wait_until(lambda: main.list2.selected() == [], "the file list to be deselected")
-    wait_until(lambda: not main.command9.enabled(), "the deselect button to be disabled")
+    wait_until(lambda: not main.deselect_files.enabled(), "the deselect button to be disabled")
 
 
 def test_selecting_several_files_with_the_mouse(running):
@@ -111,24 +112,24 @@ def test_selecting_several_files_with_the_mouse(running):
     wait_until(lambda: main.list2.selected() == ["picture.lzh"], "the last alone to be selected")
     main.list2.real_click_row("damaged.lzh", "shift")
     wait_until(lambda: len(main.list2.selected()) == 6, "the range to be selected")
-    assert 1 in main.enabled_commands()
+    assert main.install.enabled()
 
 
 def test_the_status_line_explains_the_button_under_the_pointer(running):
     main = running.main
     assert main.text2.text().startswith("Tamblin Ver.0.61")
-    point_at(*main.command12.centre())
+    point_at(*main.check_folders.centre())
     wait_until(
         lambda: main.text2.text() == "ヴィモラフォルダの不具合を検出します。", "the text of CHK"
     )
-    point_at(*main.command8.centre())
+    point_at(*main.leave.centre())
     wait_until(lambda: main.text2.text() == "Tamblinを終了します。", "the text of the exit button")
 
 
 def test_the_status_line_explains_a_disabled_button_too(running):
     main = running.main
-    assert not main.command1.enabled()
-    point_at(*main.command1.centre())
+    assert not main.install.enabled()
+    point_at(*main.install.centre())
     wait_until(
         lambda: main.text2.text() == "選択しているパッケージをインストールします。",
         "the text of the install button",
@@ -147,8 +148,8 @@ def test_a_glance_at_another_program_keeps_the_selection(running, machine):
     running.operator.ask("close-box", host["window"])
     wait_until(lambda: not running.operator.running("ombrel.exe"), "the host to end")
     assert main.list2.selected() == ["futari.lzh"]
-    assert main.command1.enabled()
-    click(*main.command1.centre())
+    assert main.install.enabled()
+    click(*main.install.centre())
     running.confirmation.wait_shown()
 
 
@@ -171,4 +172,4 @@ def test_by_keyboard_alone_to_a_new_package(running, machine):
     assert main.list2.selected() == ["first.lzh"]
     press_keys("ctrl+a")
     wait_until(lambda: main.list2.selected() == main.list2.entries(), "all to be selected")
-    assert main.command1.enabled()
+    assert main.install.enabled()

@@ -2,8 +2,8 @@
 
 import pytest
 
+from controls import LB_GETHORIZONTALEXTENT, wait_until
 from hosts import make_host
-from more_windows import LB_GETHORIZONTALEXTENT
 from set_up_scene import (  # noqa: F401
     app,
     assert_main_shows,
@@ -14,13 +14,12 @@ from set_up_scene import (  # noqa: F401
     start_main,
     wait_only,
 )
-from tamblin_app import wait_until
 
 ONE, TWO, THREE = "C:\\One", "D:\\表ソ能\\Two 2", "C:\\Three"
 
 
 def open_management(app):
-    app.main.command6.press()
+    app.main.manage_folders.press()
     return wait_only(app, app.management)
 
 

@@ -5,9 +5,10 @@ import shutil
 import pytest
 
 import lzh_packages
-from more_windows import Recorder
+from controls import tab_to, wait_until
+from document_recorder import Recorder
 from sandbox import settings
-from tamblin_app import tab_to, wait_until
+from windows import ALWAYS
 
 DONE = "インストールが完了しました。"
 CANCELLED = "インストールを中止しました。"
@@ -33,7 +34,7 @@ def as_tree(content):
 def propose(app, *packages):
     """Selects packages and presses install, up to the confirmation window."""
     app.main.list2.select(*packages)
-    app.main.command1.press()
+    app.main.install.press()
     return app.confirmation.wait_shown()
 
 
@@ -46,7 +47,7 @@ def finish(app):
 
 
 def install(app, *packages):
-    propose(app, *packages).command1.press()
+    propose(app, *packages).install.press()
     finish(app)
 
 
@@ -65,23 +66,23 @@ def test_a_package_with_two_characters(running, machine):
     assert not confirmation.label6.visible()
     assert not running.main.enabled()
     assert machine.tree(HOST) == before
-    confirmation.command1.press()
+    confirmation.install.press()
     finish(running)
     assert machine.tree(HOST) == {**before, **as_tree(lzh_packages.TWO_CHARACTERS)}
     assert_not_staged(machine, "C", "D")
     main = running.main
     assert main.list3.entries() == ["haruka", "mikan", "minato", "yuzu"]
     assert main.list2.selected() == []
-    assert main.command1.enabled()
-    assert not main.command9.enabled()
+    assert main.install.enabled()
+    assert not main.deselect_files.enabled()
 
 
 def test_the_whole_install_with_the_mouse(running, machine):
     main = running.main
     main.list2.real_click_row("futari.lzh")
-    wait_until(main.command1.enabled, "the install button")
-    main.command1.real_click()
-    running.confirmation.wait_shown().command1.real_click()
+    wait_until(main.install.enabled, "the install button")
+    main.install.real_click()
+    running.confirmation.wait_shown().install.real_click()
     finish(running)
     assert main.list3.entries() == ["haruka", "mikan", "minato", "yuzu"]
     assert machine.tree(HOST)["haruka.obl"] == lzh_packages.definition("haruka")
@@ -93,10 +94,10 @@ def test_the_whole_install_with_the_keyboard(running, machine):
     while (before := main.list2.selected()) != ["futari.lzh"]:
         main.press_keys("Down")
         wait_until(lambda: main.list2.selected() != before, "the next file to be selected")
-    tab_to(main.command1)
+    tab_to(main.install)
     main.press_keys("space")
     confirmation = running.confirmation.wait_shown()
-    tab_to(confirmation.command1)
+    tab_to(confirmation.install)
     confirmation.press_keys("Return")
     running.wait_box().press_keys("Return")
     running.box.wait_gone()
@@ -107,7 +108,7 @@ def test_the_whole_install_with_the_keyboard(running, machine):
 
 def test_cancelling_changes_nothing(running, machine):
     before = machine.tree(HOST)
-    propose(running, "futari.lzh").command2.press()
+    propose(running, "futari.lzh").cancel.press()
     box = running.wait_box()
     assert box.has_icon()
     running.answer(CANCELLED, "OK")
@@ -115,7 +116,7 @@ def test_cancelling_changes_nothing(running, machine):
     assert machine.tree(HOST) == before
     assert_not_staged(machine, "C", "D")
     assert running.main.list2.selected() == ["futari.lzh"]
-    assert running.main.enabled_commands() == [1, 6, 8, 9, 10, 12]
+    assert running.main.enabled_commands() == ALWAYS | {"install", "deselect_files"}
 
 
 def test_escape_in_the_confirmation_cancels(running, machine):
@@ -140,7 +141,7 @@ def test_two_archives_at_once(running, machine):
         "minato （futari.lzh）",
         "sora （sora.LZH）",
     ]
-    confirmation.command1.press()
+    confirmation.install.press()
     finish(running)
     wanted = {**lzh_packages.TWO_CHARACTERS, **lzh_packages.WITH_KAVALET}
     assert machine.tree(HOST) == {**before, **as_tree(wanted)}
@@ -153,7 +154,7 @@ def test_the_host_on_another_drive(running, machine):
     confirmation = propose(running, "futari.lzh")
     assert machine.path("D:\\TAMTMP\\haruka.obl").exists()
     assert_not_staged(machine, "C")
-    confirmation.command1.press()
+    confirmation.install.press()
     finish(running)
     assert machine.tree("D:\\Games\\Vimora") == {**before, **as_tree(lzh_packages.TWO_CHARACTERS)}
     assert machine.tree(HOST) == untouched
@@ -167,8 +168,8 @@ def test_what_is_installed_already_stays_as_it_is(running, machine):
     assert confirmation.list1.entries() == [NONE]
     assert confirmation.list2.entries() == [NONE]
     assert confirmation.list3.entries() == ["mikan （mikan.lzh）"]
-    assert not confirmation.command1.enabled()
-    confirmation.command2.press()
+    assert not confirmation.install.enabled()
+    confirmation.cancel.press()
     running.answer(CANCELLED, "OK")
     running.main.wait_enabled()
     assert machine.tree(HOST) == before
@@ -179,7 +180,7 @@ def test_beside_an_installed_one_only_the_others_are_installed(running, machine)
     confirmation = propose(running, "futari.lzh", "mikan.lzh")
     assert confirmation.list1.entries() == ["haruka （futari.lzh）", "minato （futari.lzh）"]
     assert confirmation.list3.entries() == ["mikan （mikan.lzh）"]
-    confirmation.command1.press()
+    confirmation.install.press()
     finish(running)
     assert machine.tree(HOST) == {**before, **as_tree(lzh_packages.TWO_CHARACTERS)}
 
@@ -192,8 +193,8 @@ def test_a_package_in_another_form_cannot_be_installed(running, machine, package
     assert confirmation.list2.entries() == [package]
     assert confirmation.label6.visible()
     assert confirmation.label6.text().replace("\r\n", "\n") == NOTE
-    assert not confirmation.command1.enabled()
-    confirmation.command2.press()
+    assert not confirmation.install.enabled()
+    confirmation.cancel.press()
     running.answer(CANCELLED, "OK")
     assert machine.tree(HOST) == before
     assert_not_staged(machine, "C")
@@ -213,7 +214,7 @@ def test_a_loose_definition_file_cannot_be_installed(running, machine):
     before = machine.tree(HOST)
     confirmation = propose(running, "futari.lzh", "kinako.obl")
     assert confirmation.list2.entries() == ["kinako.obl"]
-    confirmation.command1.press()
+    confirmation.install.press()
     finish(running)
     assert machine.tree(HOST) == {**before, **as_tree(lzh_packages.TWO_CHARACTERS)}
 
@@ -224,7 +225,7 @@ def test_a_bad_archive_ends_the_install(running, machine, package):
     host = machine.tree(HOST)
     main = running.main
     main.list2.select(package)
-    main.command1.press()
+    main.install.press()
     box = running.wait_box()
     assert box.buttons() == ["OK"]
     assert not box.has_icon()
@@ -234,7 +235,7 @@ def test_a_bad_archive_ends_the_install(running, machine, package):
     assert {drive: machine.tree(f"{drive}:\\") for drive in "D"} == before
     assert not list(machine.prefix.rglob("evil.txt"))
     assert_not_staged(machine, "C", "D")
-    assert not main.command1.enabled()
+    assert not main.install.enabled()
     assert not running.confirmation.shown()
     # The program goes on as ever.
     install(running, "futari.lzh")
@@ -246,7 +247,7 @@ def test_a_bad_archive_discards_those_before_it(running, machine):
     shutil.copy(machine.path("C:\\Packages\\damaged.lzh"), machine.path("C:\\Packages\\z.lzh"))
     running.main.browse("C:\\Packages")
     running.main.list2.select("futari.lzh", "z.lzh")
-    running.main.command1.press()
+    running.main.install.press()
     running.answer(UNPACK_FAILED, "OK")
     running.main.wait_enabled()
     assert machine.tree(HOST) == before
@@ -257,7 +258,7 @@ def test_names_in_japanese(running, machine):
     before = machine.tree(HOST)
     confirmation = propose(running, "表ソ能.lzh")
     assert sorted(confirmation.list1.entries()) == ["表ソ能 （表ソ能.lzh）", "ｶﾅ （表ソ能.lzh）"]
-    confirmation.command1.press()
+    confirmation.install.press()
     finish(running)
     assert machine.tree(HOST) == {**before, **as_tree(lzh_packages.JAPANESE)}
     assert set(running.main.list3.entries()) == {"mikan", "yuzu", "表ソ能", "ｶﾅ"}

@@ -2,9 +2,9 @@
 
 import pytest
 
-from more_windows import HelpWindow
+from controls import click, wait_until
 from sandbox import settings
-from tamblin_app import click, wait_until
+from windows import HelpWindow
 
 EXIT = "Tamblin を終了してもよろしいですか？"
 CLOSE = "終了してもよろしいですか？"
@@ -20,7 +20,7 @@ SAVED = as_file([line + "\\" if line.startswith("VIEWFOLDER=") else line for lin
 
 def ways_to_leave():
     return [
-        pytest.param(lambda main: main.command8.press(), EXIT, ["OK", "Cancel"], id="button"),
+        pytest.param(lambda main: main.leave.press(), EXIT, ["OK", "Cancel"], id="button"),
         pytest.param(lambda main: main.close(), CLOSE, ["Yes", "No"], id="close-box"),
     ]
 
@@ -70,7 +70,7 @@ def test_the_end_of_the_session_saves_nothing(running):
 
 def test_settings_that_are_gone_are_written_afresh(running, machine):
     machine.path("C:\\Tamblin\\tamb.ini").unlink()
-    running.main.command8.press()
+    running.main.leave.press()
     running.answer(EXIT, "OK")
     running.wait_ended()
     assert running.ini() == SAVED
@@ -83,7 +83,7 @@ def test_an_older_version_is_brought_up_to_date_and_other_lines_survive(furnishe
         odd + as_file(["VMRFOLDER=C:\\Vimora", "VERSION=Ver.0.60 Beta-2", "VMRFOLDER=D:\\gone", "# end"]),
     )
     furnished.start_main()
-    furnished.main.command8.press()
+    furnished.main.leave.press()
     furnished.answer(EXIT, "OK")
     furnished.wait_ended()
     # The rewrite reads field by field: a comma ends a field, and so a line.
@@ -94,7 +94,7 @@ def test_an_older_version_is_brought_up_to_date_and_other_lines_survive(furnishe
 
 def test_settings_survive_from_one_run_to_the_next(running):
     running.main.combo1.select("D:\\Games\\Vimora")
-    running.main.command8.press()
+    running.main.leave.press()
     running.answer(EXIT, "OK")
     running.wait_ended()
     running.start_main()
@@ -103,9 +103,9 @@ def test_settings_survive_from_one_run_to_the_next(running):
 
 
 def test_leaving_with_other_windows_open_ends_the_program(running):
-    running.main.command10.press()
+    running.main.show_help.press()
     HelpWindow(running).wait_shown()
-    running.main.command8.press()
+    running.main.leave.press()
     running.answer(EXIT, "OK")
     running.wait_ended()
     assert not [w for w in running.operator.windows() if w["class"].startswith("Tamblin.")]

@@ -6,6 +6,7 @@ import urllib.parse
 
 import pytest
 
+from controls import LB_GETHORIZONTALEXTENT, right_click_row, wait_until
 from maintenance_scene import (  # noqa: F401
     HOST,
     OTHER_HOST,
@@ -14,9 +15,9 @@ from maintenance_scene import (  # noqa: F401
     scene,
     scenes,
 )
-from more_windows import LB_GETHORIZONTALEXTENT, MENU_RECYCLE, folder_menu, right_click_row
-from tamblin_app import wait_until
+from names import MENU_ITEMS
 from test_faults import wait_report
+from windows import folder_menu
 
 DELETE_QUESTION = "使用可能状態にないオンブレルの定義ファイルを削除します。"
 RECYCLE_QUESTION = "VMRフォルダ内にある、オンブレルとは直接関係のないフォルダをごみ箱へ移動します。"
@@ -24,7 +25,7 @@ NOTHING = "（該当なし）"
 
 
 def open_check(app):
-    app.main.command12.press()
+    app.main.check_folders.press()
     check = app.check.wait_shown()
     wait_until(lambda: check.files.entries() and check.folders.entries(), "the lists to be filled")
     return check
@@ -208,7 +209,7 @@ def restore(machine, name):
 
 def choose_recycle(app, check, row):
     right_click_row(check.folders, row)
-    folder_menu(app).wait_shown().click_item(0)
+    folder_menu(app).wait_shown().click_item("ごみ箱へ移動")
     folder_menu(app).wait_gone()
 
 
@@ -241,7 +242,7 @@ def test_the_last_folder_greys_the_list(app, machine):
     orphan_folder(machine, "dat")
     check = open_check(app)
     check.folders.select("dat")
-    app.operator.act("command", check.handle, MENU_RECYCLE)
+    app.operator.act("command", check.handle, MENU_ITEMS["mnmv"])
     app.answer(RECYCLE_QUESTION, "OK")
     check.wait_enabled()
     wait_until(lambda: check.folders.entries() == [], "the list to be empty")
@@ -271,7 +272,7 @@ def test_the_menus_cancel_does_nothing(app, machine):
     check.folders.select("dat")
     right_click_row(check.folders, "dat")
     menu = folder_menu(app).wait_shown()
-    menu.click_item(1)
+    menu.click_item("キャンセル")
     menu.wait_gone()
     assert not app.box.shown()
     assert machine.tree(HOST) == before
@@ -296,7 +297,7 @@ def test_what_a_linked_folder_points_to_is_not_recycled(app, machine):
     check = open_check(app)
     assert check.folders.entries() == ["link"]
     check.folders.select("link")
-    app.operator.act("command", check.handle, MENU_RECYCLE)
+    app.operator.act("command", check.handle, MENU_ITEMS["mnmv"])
     app.answer(RECYCLE_QUESTION, "OK")
     check.wait_enabled()
     assert machine.read("D:\\Elsewhere\\kept.txt") == b"the only copy"

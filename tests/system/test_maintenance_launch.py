@@ -5,6 +5,7 @@ import pathlib
 
 import pytest
 
+from controls import point_at, press_keys, right_click_row, wait_until
 from hosts import install_by_hand
 from maintenance_scene import (  # noqa: F401
     HOST,
@@ -15,12 +16,13 @@ from maintenance_scene import (  # noqa: F401
     scene,
     scenes,
 )
-from more_windows import MENU_RUN, MENU_VIEW, character_menu, right_click_row
-from tamblin_app import point_at, press_keys, wait_until
+from names import MENU_ITEMS
 from test_faults import wait_report
 from test_maintenance_uninstall import DONE as UNINSTALLED
 from test_maintenance_uninstall import QUESTION as UNINSTALL_QUESTION
+from windows import character_menu
 
+RUN, VIEW = "オンブレルの起動", "READMEの表示"
 REWRITTEN = "が起動するようにombrel.rcを書き換えました。"
 CHARACTERS = ["mikan", "yuzu", "空 白", "表ソ能"]
 
@@ -62,7 +64,7 @@ def assert_start_up_file_is_back(machine, folder=HOST, content=START_UP):
 def test_the_start_up_file_becomes_one_line(app, machine, character):
     before = machine.tree(HOST)
     app.main.list3.select(character)
-    app.main.command11.press()
+    app.main.set_start_up_character.press()
     box = app.wait_box()
     assert box.buttons() == ["OK"]
     assert not box.has_icon()
@@ -74,13 +76,13 @@ def test_the_start_up_file_becomes_one_line(app, machine, character):
 
 def test_a_character_called_like_a_definition_file(with_dotted_name, app, machine):
     app.main.list3.select("x.obl")
-    app.main.command11.press()
+    app.main.set_start_up_character.press()
     app.answer("x.obl" + REWRITTEN, "OK")
     assert machine.read(HOST + "\\ombrel.rc") == start_up_line("x.obl.obl")
-    app.main.command13.press()
+    app.main.launch.press()
     wait_host(machine)
     assert_start_up_file_is_back(machine, content=start_up_line("x.obl.obl"))
-    app.main.command5.press()
+    app.main.uninstall.press()
     app.answer(UNINSTALL_QUESTION, "OK")
     app.answer(UNINSTALLED, "OK")
     app.main.wait_enabled()
@@ -92,7 +94,7 @@ def test_a_character_called_like_a_definition_file(with_dotted_name, app, machin
 def test_the_start_up_file_is_made_where_there_is_none(app, machine):
     app.main.list3.select("yuzu")
     machine.path(HOST + "\\ombrel.rc").unlink()
-    app.main.command11.press()
+    app.main.set_start_up_character.press()
     app.answer("yuzu" + REWRITTEN, "OK")
     assert machine.read(HOST + "\\ombrel.rc") == start_up_line("yuzu.obl")
 
@@ -100,12 +102,12 @@ def test_the_start_up_file_is_made_where_there_is_none(app, machine):
 def test_a_read_only_start_up_file_is_reported_and_kept(app, machine):
     machine.path(HOST + "\\ombrel.rc").chmod(0o444)
     app.main.list3.select("mikan")
-    app.main.command11.press()
+    app.main.set_start_up_character.press()
     wait_report(app, 70, 75)
     app.main.wait_enabled()
     assert machine.read(HOST + "\\ombrel.rc") == START_UP
     machine.path(HOST + "\\ombrel.rc").chmod(0o644)
-    app.main.command11.press()
+    app.main.set_start_up_character.press()
     app.answer("mikan" + REWRITTEN, "OK")
     assert machine.read(HOST + "\\ombrel.rc") == start_up_line("mikan.obl")
 
@@ -114,13 +116,13 @@ def test_a_read_only_start_up_file_is_reported_and_kept(app, machine):
 
 
 def launch_by_button(app):
-    app.main.command13.press()
+    app.main.launch.press()
 
 
 def launch_by_menu(app):
     main = app.main
     right_click_row(main.list3, main.list3.selected()[0])
-    character_menu(app).wait_shown().click_item(0)
+    character_menu(app).wait_shown().click_item(RUN)
     character_menu(app).wait_gone()
 
 
@@ -158,7 +160,7 @@ def test_a_host_in_another_folder_is_started_there(app, machine):
     former = machine.read(OTHER_HOST + "\\ombrel.rc")
     app.main.combo1.select(OTHER_HOST)
     app.main.list3.select("kinako")
-    app.main.command13.press()
+    app.main.launch.press()
     log = wait_host(machine, OTHER_HOST)
     assert log["command line"] == f'"{OTHER_HOST}\\ombrel.exe" /n'
     assert log["current folder"] == OTHER_HOST
@@ -167,7 +169,7 @@ def test_a_host_in_another_folder_is_started_there(app, machine):
 
 def test_after_a_launch_the_program_is_back_in_its_own_folder(app, machine):
     app.main.list3.select("yuzu")
-    app.main.command13.press()
+    app.main.launch.press()
     wait_host(machine)
     assert machine.path(HOST) in folders_in_use(machine)
     for window in app.operator.windows():
@@ -194,9 +196,9 @@ def test_without_what_it_needs_a_launch_ends_silently(app, machine, missing):
     app.main.list3.select("mikan")
     machine.path(f"{HOST}\\{missing}").unlink()
     before = machine.tree(HOST)
-    app.main.command13.press()
+    app.main.launch.press()
     # The next command has its turn only after the launch.
-    app.main.command7.press()
+    app.main.deselect_installed.press()
     wait_until(lambda: app.main.list3.selected() == [], "the list to be deselected")
     assert not app.box.shown()
     assert machine.tree(HOST) == before
@@ -212,7 +214,7 @@ def test_the_definition_file_is_the_one_in_the_same_place(app, machine):
     app.main.combo1.select(HOST)
     assert app.main.list3.entries() == CHARACTERS
     app.main.list3.select("mikan")
-    app.main.command13.press()
+    app.main.launch.press()
     wait_report(app, 5, 53, 57, 70, 75)
     app.main.wait_enabled()
     assert machine.read(HOST + "\\ombrel.rc") == start_up_line("akane.OBL")
@@ -223,12 +225,12 @@ def test_a_leftover_of_an_earlier_launch_is_reported_and_nothing_is_lost(app, ma
     machine.write(HOST + "\\ombrel_rc.bak", b"of an earlier launch")
     before = machine.tree(HOST)
     app.main.list3.select("mikan")
-    app.main.command13.press()
+    app.main.launch.press()
     wait_report(app, 58, 75)
     app.main.wait_enabled()
     assert machine.tree(HOST) == before
     machine.path(HOST + "\\ombrel_rc.bak").unlink()
-    app.main.command13.press()
+    app.main.launch.press()
     wait_host(machine)
     assert_start_up_file_is_back(machine)
 
@@ -236,7 +238,7 @@ def test_a_leftover_of_an_earlier_launch_is_reported_and_nothing_is_lost(app, ma
 def test_a_start_up_file_that_is_read_only_survives_a_launch(app, machine):
     machine.path(HOST + "\\ombrel.rc").chmod(0o444)
     app.main.list3.select("mikan")
-    app.main.command13.press()
+    app.main.launch.press()
     wait_host(machine)
     assert_start_up_file_is_back(machine)
     assert machine.path(HOST + "\\ombrel.rc").stat().st_mode & 0o222 == 0
@@ -247,12 +249,12 @@ def test_a_host_folder_that_is_read_only_survives_a_launch(app, machine):
     machine.path(HOST).chmod(0o555)
     before = machine.tree(HOST)
     app.main.list3.select("mikan")
-    app.main.command13.press()
+    app.main.launch.press()
     wait_report(app, 70, 75)
     app.main.wait_enabled()
     assert machine.tree(HOST) == before
     machine.path(HOST).chmod(0o755)
-    app.main.command13.press()
+    app.main.launch.press()
     wait_host(machine)
     assert_start_up_file_is_back(machine)
 
@@ -261,12 +263,12 @@ def test_a_start_up_file_in_use_survives_a_launch(app, machine):
     held = app.operator.ask("hold-file", HOST + "\\ombrel.rc")
     before = machine.tree(HOST)
     app.main.list3.select("mikan")
-    app.main.command13.press()
+    app.main.launch.press()
     wait_report(app, 55, 70, 75)
     app.main.wait_enabled()
     assert machine.tree(HOST) == before
     app.operator.ask("release-file", held)
-    app.main.command13.press()
+    app.main.launch.press()
     wait_host(machine)
     assert_start_up_file_is_back(machine)
 
@@ -280,13 +282,13 @@ def write_readmes(machine, character, *endings):
 
 
 def view_by_button(app):
-    app.main.command14.press()
+    app.main.show_readme.press()
 
 
 def view_by_menu(app):
     main = app.main
     right_click_row(main.list3, main.list3.selected()[0])
-    character_menu(app).wait_shown().click_item(1)
+    character_menu(app).wait_shown().click_item(VIEW)
     character_menu(app).wait_gone()
 
 
@@ -307,7 +309,7 @@ def test_every_readme_is_opened_in_its_order(app, machine):
     write_readmes(machine, "mikan", ".html", ".htm", "-X.txt", ".txt")
     write_readmes(machine, "yuzu", ".html")
     app.main.list3.select("mikan")
-    app.main.command14.press()
+    app.main.show_readme.press()
     records = app.recorder.wait_records(4)
     stem = f"{HOST}\\mikan\\mikan"
     assert [record["command line"] for record in records] == [
@@ -320,7 +322,7 @@ def test_a_note_alone_is_a_readme(app, machine):
     machine.path(HOST + "\\mikan\\mikan.txt").unlink()
     write_readmes(machine, "mikan", "-X.txt")
     app.main.list3.select("mikan")
-    assert app.main.command14.enabled()
+    assert app.main.show_readme.enabled()
     view_by_menu(app)
     (record,) = app.recorder.wait_records(1)
     assert record["command line"] == app.recorder.opened(HOST + "\\mikan\\mikan-X.txt")
@@ -332,13 +334,13 @@ def test_a_note_alone_is_a_readme(app, machine):
 def test_without_a_readme_the_menus_item_is_grey(app, machine):
     machine.path(HOST + "\\mikan\\mikan.txt").unlink()
     app.main.list3.select("mikan")
-    assert not app.main.command14.enabled()
+    assert not app.main.show_readme.enabled()
     right_click_row(app.main.list3, "mikan")
     menu = character_menu(app).wait_shown()
-    menu.click_item(1)
-    point_at(*menu.row_centre(2))
+    menu.click_item(VIEW)
+    point_at(*menu.row_centre("キャンセル"))
     assert menu.shown()
-    menu.click_item(2)
+    menu.click_item("キャンセル")
     menu.wait_gone()
     assert app.main.enabled()
     assert app.recorder.records() == []
@@ -371,7 +373,7 @@ def test_the_menu_by_the_keyboard(app, machine):
 def test_the_menu_acts_on_the_character_under_the_pointer(app):
     app.main.list3.select("mikan")
     right_click_row(app.main.list3, "yuzu")
-    character_menu(app).wait_shown().click_item(1)
+    character_menu(app).wait_shown().click_item(VIEW)
     (record,) = app.recorder.wait_records(1)
     assert record["command line"] == app.recorder.opened(HOST + "\\yuzu\\yuzu.txt")
     assert app.main.list3.selected() == ["yuzu"]
@@ -383,7 +385,7 @@ def test_unless_one_is_selected_no_menu_opens(app, selection):
     main.list3.select(*selection)
     right_click_row(main.list3, "mikan")
     # The pointer's next stop shows that the click has had its turn.
-    point_at(*main.command12.centre())
+    point_at(*main.check_folders.centre())
     wait_until(lambda: main.text2.text() == "ヴィモラフォルダの不具合を検出します。", "the text of CHK")
     assert not character_menu(app).shown()
     assert main.list3.selected() == selection
@@ -391,8 +393,8 @@ def test_unless_one_is_selected_no_menu_opens(app, selection):
 
 def test_the_menus_commands_by_message(app, machine):
     app.main.list3.select("mikan")
-    app.operator.act("command", app.main.handle, MENU_VIEW)
+    app.operator.act("command", app.main.handle, MENU_ITEMS["mnview"])
     app.recorder.wait_records(1)
-    app.operator.act("command", app.main.handle, MENU_RUN)
+    app.operator.act("command", app.main.handle, MENU_ITEMS["mnrun"])
     wait_host(machine)
     assert_start_up_file_is_back(machine)

@@ -2,6 +2,7 @@
 
 import pytest
 
+from controls import click, wait_until
 from maintenance_scene import (  # noqa: F401
     HOST,
     OTHER_HOST,
@@ -10,7 +11,6 @@ from maintenance_scene import (  # noqa: F401
     scene,
     scenes,
 )
-from tamblin_app import click, wait_until
 from test_faults import wait_report
 
 QUESTION = "現在選択されているオンブレルをアンインストールしてもよろしいですか？"
@@ -28,7 +28,7 @@ def without(tree, *names):
 
 def uninstall(app, *characters):
     app.main.list3.select(*characters)
-    app.main.command5.press()
+    app.main.uninstall.press()
     app.answer(QUESTION, "OK")
     app.answer(DONE, "OK")
     app.main.wait_enabled()
@@ -37,7 +37,7 @@ def uninstall(app, *characters):
 def test_cancel_changes_nothing(app, machine):
     before = machine.tree(HOST)
     app.main.list3.select("mikan", "yuzu")
-    app.main.command5.press()
+    app.main.uninstall.press()
     box = app.wait_box()
     assert box.buttons() == ["OK", "Cancel"]
     assert not box.has_icon()
@@ -52,7 +52,7 @@ def test_one_character_goes_for_good(app, machine, character):
     before = machine.tree(HOST)
     others = machine.tree(OTHER_HOST)
     app.main.list3.select(character)
-    app.main.command5.press()
+    app.main.uninstall.press()
     app.answer(QUESTION, "OK")
     box = app.wait_box()
     assert box.buttons() == ["OK"]
@@ -63,7 +63,7 @@ def test_one_character_goes_for_good(app, machine, character):
     assert machine.tree(OTHER_HOST) == others
     assert character not in main.list3.entries() and len(main.list3.entries()) == 3
     assert main.list3.selected() == []
-    assert not main.command5.enabled() and not main.command7.enabled()
+    assert not main.uninstall.enabled() and not main.deselect_installed.enabled()
     assert list(machine.prefix.glob("user_data/Trash/files/*")) == []
 
 
@@ -78,8 +78,8 @@ def test_the_whole_uninstall_with_the_mouse(app, machine):
     before = machine.tree(HOST)
     main = app.main
     main.list3.real_click_row("yuzu")
-    wait_until(main.command5.enabled, "the uninstall button")
-    main.command5.real_click()
+    wait_until(main.uninstall.enabled, "the uninstall button")
+    main.uninstall.real_click()
     box = app.wait_box()
     ok = next(c for c in box.controls() if c["id"] == 1)
     left, top, right, bottom = ok["area"]
@@ -130,7 +130,7 @@ def test_a_definition_file_that_is_gone_is_reported_after_the_folder(app, machin
     before = machine.tree(HOST)
     app.main.list3.select("mikan")
     machine.path(HOST + "\\mikan.obl").unlink()
-    app.main.command5.press()
+    app.main.uninstall.press()
     app.answer(QUESTION, "OK")
     wait_report(app, 53)
     app.main.wait_enabled()
@@ -144,7 +144,7 @@ def test_a_definition_file_in_use_is_reported_and_kept(app, machine):
     before = machine.tree(HOST)
     held = app.operator.ask("hold-file", HOST + "\\表ソ能.obl")
     app.main.list3.select("表ソ能")
-    app.main.command5.press()
+    app.main.uninstall.press()
     app.answer(QUESTION, "OK")
     wait_report(app, 55, 70, 75)
     app.main.wait_enabled()
@@ -169,7 +169,7 @@ def test_a_character_folder_that_cannot_be_deleted_keeps_its_definition_file(app
 def test_a_host_folder_that_vanished_is_reported(app, machine):
     app.main.list3.select("mikan")
     machine.path(HOST).rename(machine.path("C:\\moved"))
-    app.main.command5.press()
+    app.main.uninstall.press()
     app.answer(QUESTION, "OK")
     wait_report(app, 53, 76)
     app.main.wait_enabled()

@@ -2,6 +2,7 @@
 
 import pytest
 
+from controls import press_keys, right_click_row
 from maintenance_scene import (  # noqa: F401
     HOST,
     OTHER_HOST,
@@ -10,11 +11,10 @@ from maintenance_scene import (  # noqa: F401
     scene,
     scenes,
 )
-from more_windows import character_menu, right_click_row
-from tamblin_app import press_keys
 from test_faults import wait_report
 from test_maintenance_uninstall import QUESTION
 from test_maintenance_updates import HOST_QUESTION, offer, question
+from windows import character_menu
 
 
 @pytest.fixture
@@ -38,7 +38,7 @@ def assert_usable(app):
 
 def test_the_check_is_reported_and_opens_no_window(app, vanish):
     vanish()
-    app.main.command12.press()
+    app.main.check_folders.press()
     wait_report(app, 76)
     assert_usable(app)
 
@@ -47,8 +47,8 @@ def test_launch_readme_and_menu_end_silently(app, machine, vanish):
     machine.write(HOST + "\\mikan\\mikan.txt", b"read me")
     app.main.list3.select("mikan")
     vanish()
-    app.main.command13.press()
-    app.main.command14.press()
+    app.main.launch.press()
+    app.main.show_readme.press()
     right_click_row(app.main.list3, "mikan")
     menu = character_menu(app).wait_shown()
     press_keys("Escape")
@@ -60,7 +60,7 @@ def test_launch_readme_and_menu_end_silently(app, machine, vanish):
 def test_the_start_up_file_is_reported(app, vanish):
     app.main.list3.select("mikan")
     vanish()
-    app.main.command11.press()
+    app.main.set_start_up_character.press()
     wait_report(app, 76)
     assert_usable(app)
 
@@ -68,7 +68,7 @@ def test_the_start_up_file_is_reported(app, vanish):
 def test_uninstall_is_reported(app, vanish):
     app.main.list3.select("mikan")
     vanish()
-    app.main.command5.press()
+    app.main.uninstall.press()
     app.answer(QUESTION, "OK")
     wait_report(app, 53, 76)
     assert_usable(app)
@@ -79,13 +79,13 @@ def test_updates_are_reported(app, machine, vanish):
     app.main.list3.select("mikan")
     app.main.list2.select("mikan.obl")
     vanish()
-    app.main.command4.press()
+    app.main.update_definition.press()
     app.answer(question("mikan"), "OK")
     wait_report(app, 76)
     app.main.wait_enabled()
-    app.main.command7.press()
+    app.main.deselect_installed.press()
     app.main.list2.select("ombrel.exe")
-    app.main.command3.press()
+    app.main.update_host.press()
     app.answer(HOST_QUESTION, "OK")
     wait_report(app, 76)
     assert_usable(app)

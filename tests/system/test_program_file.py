@@ -63,7 +63,7 @@ def test_it_searches_libraries_in_windows_own_folder_alone(furnished, machine, t
         )
         furnished.main.wait_shown()
         furnished.main.wait_enabled()
-        furnished.main.command8.press()
+        furnished.main.leave.press()
         furnished.answer("Tamblin を終了してもよろしいですか？", "OK")
         furnished.wait_ended()
     log = searches.read_text("utf-8", "replace").replace("\\\\", "\\").lower()

@@ -5,14 +5,14 @@ import time
 
 import pytest
 
+from controls import point_at, wait_until
 from maintenance_scene import (  # noqa: F401
     app,
     machine,
     scene,
     scenes,
 )
-from more_windows import HelpWindow
-from tamblin_app import point_at, wait_until
+from windows import HelpWindow
 
 CATEGORIES = ["●機能制限", "●ボタン説明", "●目的別ヘルプ", "●Tamblinについて"]
 LIMITATIONS, BUTTONS, PURPOSES, ABOUT = range(4)
@@ -90,7 +90,7 @@ BUTTON_TOPICS = {
 def help_window(app):
     window = HelpWindow(app)
     app.operator.ask("move", app.main.handle, 0, 60, 740, 560)
-    app.main.command10.press()
+    app.main.show_help.press()
     window.wait_shown()
     yield window
     if app.running() and window.shown():
@@ -217,7 +217,7 @@ def test_without_remora_mode_the_window_stays(app, help_window):
 
 def test_the_window_opens_only_once(app, help_window):
     show(help_window, ABOUT)
-    app.main.command10.press()
+    app.main.show_help.press()
     assert len([w for w in app.operator.windows() if w["class"] == HelpWindow.CLASS]) == 1
     assert visible_parts(help_window) == [ABOUT]
 
@@ -268,7 +268,7 @@ def settled_picture(control):
 
 
 def test_leaving_the_program_takes_the_help_along(app, help_window):
-    app.main.command8.press()
+    app.main.leave.press()
     app.answer("Tamblin を終了してもよろしいですか？", "OK")
     app.wait_ended()
     assert not help_window.shown()

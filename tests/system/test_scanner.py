@@ -9,17 +9,18 @@ import os
 import pytest
 
 import lzh_packages
+from controls import wait_until
 from hosts import install_by_hand
 from machine import MACHINES, Machine
-from more_windows import MENU_RECYCLE, CheckWindow
+from names import MENU_ITEMS
 from sandbox import HOST, PACKAGES, furnish
 from scanner_client import Scanner
-from tamblin_app import Window, wait_until
 from test_faults import wait_report
 from test_install import HOST_KAVALET, MERGED_KAVALET, as_tree, finish, install, kavalet_files, propose
 from test_maintenance_check import RECYCLE_QUESTION, recycled
 from test_maintenance_uninstall import uninstall, without
 from test_maintenance_updates import HOST_DONE, HOST_QUESTION
+from windows import CheckWindow, Window
 
 EXIT = "Tamblin を終了してもよろしいですか？"
 STAGING = "C:\\TAMTMP"
@@ -68,7 +69,7 @@ def app(started, samples):
 def update_host_program(app):
     """Up to the confirmed question."""
     app.main.list2.select("ombrel.exe")
-    app.main.command3.press()
+    app.main.update_host.press()
     app.answer(HOST_QUESTION, "OK")
 
 
@@ -89,7 +90,7 @@ def test_an_install_waits_and_shows_that_it_works(app):
         confirmation = propose(app, "nagi.lzh")
         rewrite(machine, HOST + "\\kva.def", HOST_KAVALET)
         scanner.wait_held(*staged, HOST + "\\kva.def")
-        confirmation.command1.press()
+        confirmation.install.press()
         app.progress.wait_shown()
         assert app.progress.state()["owner"] == app.main.handle
         finish(app)
@@ -135,13 +136,13 @@ def test_recycling_waits(app):
     name = "orphan"
     with Scanner(machine, 1, HOST, lets_delete=True) as scanner:
         machine.write(f"{HOST}\\{name}\\below\\a.txt", b"a")
-        app.main.command12.press()
+        app.main.check_folders.press()
         check = app.check.wait_shown()
         wait_until(lambda: check.folders.entries() == [name], "the folder to be listed")
         check.folders.select(name)
         rewrite(machine, f"{HOST}\\{name}\\below\\a.txt", b"another")
         scanner.wait_held(f"{HOST}\\{name}\\below\\a.txt")
-        app.operator.act("command", check.handle, MENU_RECYCLE)
+        app.operator.act("command", check.handle, MENU_ITEMS["mnmv"])
         app.answer(RECYCLE_QUESTION, "OK")
         check.wait_enabled()
         wait_until(lambda: check.folders.entries() == [], "the list to be empty")
@@ -160,7 +161,7 @@ def test_a_save_waits(app):
         rewrite(machine, SETTINGS)
         rewrite(machine, BACKUP, b"left over")
         scanner.wait_held(SETTINGS, BACKUP)
-        app.main.command8.press()
+        app.main.leave.press()
         app.answer(EXIT, "Cancel")
         app.main.wait_enabled()
     assert b"DEFAULT=D:\\Games\\Vimora\r\n" in app.ini()
@@ -180,7 +181,7 @@ def test_an_install_gives_up_before_anything_is_replaced_and_can_be_done_again(a
         confirmation = propose(app, "nagi.lzh")
         rewrite(machine, HOST + "\\kva.def", HOST_KAVALET)
         scanner.wait_held(HOST + "\\kva.def")
-        confirmation.command1.press()
+        confirmation.install.press()
         _, path, advice = wait_report(app, 70)
         assert path == HOST + "\\kva.def"
         assert "使用" in advice
@@ -203,7 +204,7 @@ def test_an_install_that_breaks_off_loses_nothing_and_can_be_done_again(app):
     with Scanner(machine, TOO_LONG, STAGING) as scanner:
         confirmation = propose(app, "表ソ能.lzh")
         scanner.wait_held(STAGING + "\\ｶﾅ.obl", STAGING + "\\表ソ能\\ア.TXT")
-        confirmation.command1.press()
+        confirmation.install.press()
         (_, path, _) = wait_report(app, 70)
         assert path.startswith(STAGING + "\\")
         app.main.wait_enabled()
@@ -237,14 +238,14 @@ def test_a_save_leaves_the_former_settings_and_can_be_done_again(app):
     with Scanner(machine, TOO_LONG, "C:\\Tamblin") as scanner:
         rewrite(machine, SETTINGS)
         scanner.wait_held(SETTINGS)
-        app.main.command8.press()
+        app.main.leave.press()
         (_, path, _) = wait_report(app, 70)
         assert path == SETTINGS
         app.wait_ended()
         assert app.ini() == before
     app.start_main()
     app.main.combo1.select("D:\\Games\\Vimora")
-    app.main.command8.press()
+    app.main.leave.press()
     app.answer(EXIT, "OK")
     app.wait_ended()
     assert b"DEFAULT=D:\\Games\\Vimora\r\n" in app.ini()

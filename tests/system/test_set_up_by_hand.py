@@ -2,6 +2,7 @@
 
 import pytest
 
+from controls import wait_until
 from hosts import make_host
 from set_up_scene import (  # noqa: F401
     DEFAULT_QUESTION,
@@ -19,7 +20,6 @@ from set_up_scene import (  # noqa: F401
     start_wizard,
     wait_only,
 )
-from tamblin_app import wait_until
 
 HOST = "D:\\Games 能\\表ソ能 Vimora"
 
@@ -32,7 +32,7 @@ def start_by_hand(app):
 
 def change(app, folder):
     """From the main window to the manual window for one registered folder."""
-    app.main.command6.press()
+    app.main.manage_folders.press()
     management = wait_only(app, app.management)
     management.folders.select(folder)
     management.change.press()

@@ -2,6 +2,7 @@
 
 import pytest
 
+from controls import wait_until
 from hosts import make_host
 from set_up_scene import (  # noqa: F401
     CANCELLED,
@@ -21,7 +22,6 @@ from set_up_scene import (  # noqa: F401
     start_wizard,
     wait_only,
 )
-from tamblin_app import wait_until
 
 HOST = "C:\\Programs 表ソ\\Vimora 能"
 
@@ -359,7 +359,7 @@ def test_of_eleven_hosts_the_last_takes_the_tenth_place(app, machine):
 
 
 def open_wizard_from_management(app):
-    app.main.command6.press()
+    app.main.manage_folders.press()
     wait_only(app, app.management).add.press()
     wait_only(app, app.wizard)
 

@@ -4,9 +4,9 @@ import time
 
 import pytest
 
+from controls import wait_until
 from hosts import make_host
 from sandbox import settings
-from tamblin_app import wait_until
 
 WM_SYSCOMMAND, SC_MINIMIZE, WS_MINIMIZE = 0x0112, 0xF020, 0x20000000
 ALREADY_RUNNING = "すでに起動されています。"

@@ -5,6 +5,10 @@
 #include <algorithm>
 
 #include "maintenance/folder_check.h"
+#include "maintenance/launch.h"
+#include "maintenance/start_up_file.h"
+#include "maintenance/uninstall.h"
+#include "maintenance/updates.h"
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
@@ -55,44 +59,44 @@ const DeniedCommand commands[] = {
     {"Launch",
      [](DeniedScene& scene) {
          SelectCharacter(scene);
-         scene.main.LaunchPressed();
+         LaunchCharacter(scene.model, scene.fake.platform);
      },
      false},
     {"SetStartUpCharacter",
      [](DeniedScene& scene) {
          SelectCharacter(scene);
-         scene.main.SetStartUpCharacterPressed();
+         SetStartUpCharacter(scene.model, scene.fake.platform);
      }},
     {"Readme",
      [](DeniedScene& scene) {
          SelectCharacter(scene);
-         scene.main.ShowReadmePressed();
+         ShowReadme(scene.model, scene.fake.platform);
      },
      false},
     {"UpdateHost",
      [](DeniedScene& scene) {
-         scene.model.buttons[3] = true;
-         scene.main.UpdateHostPressed();
+         scene.model.enabled[Command::UpdateHost] = true;
+         UpdateHostProgram(scene.model, scene.fake.platform);
      }},
     {"UpdateDefinition",
      [](DeniedScene& scene) {
          SelectCharacter(scene);
-         scene.model.definitionUpdateReady = scene.model.buttons[4] = true;
-         scene.main.UpdateDefinitionPressed();
+         scene.model.definitionUpdateReady = scene.model.enabled[Command::UpdateDefinition] = true;
+         UpdateDefinitionFile(scene.model, scene.fake.platform);
      }},
     {"Uninstall",
      [](DeniedScene& scene) {
          SelectCharacter(scene);
-         scene.main.UninstallPressed();
+         Uninstall(scene.model, scene.state, scene.fake.platform);
      }},
     {"DeleteOrphans",
      [](DeniedScene& scene) {
-         scene.main.CheckPressed(scene.check);
+         scene.check.RunCheck(scene.model);
          scene.check.DeleteDefinitionFiles();
      }},
     {"Recycle",
      [](DeniedScene& scene) {
-         scene.main.CheckPressed(scene.check);
+         scene.check.RunCheck(scene.model);
          for (size_t index = 0; index < scene.check.folders.Size(); ++index)
              scene.check.folders.Select(index);
          scene.check.MoveFoldersToRecycleBin();
@@ -105,7 +109,7 @@ const DeniedCommand commands[] = {
      [](DeniedScene& scene) {
          scene.main.Activate();
          Select(scene.model.browser.Files(), {L"p.lzh"});
-         scene.main.InstallPressed(scene.screen);
+         Install(scene.model, scene.state, scene.fake.platform, scene.screen);
      }},
 };
 

@@ -212,11 +212,12 @@ TEST(FolderCheckDeletion, EndsAtAFileThatStaysAndLeavesTheListAsItWas) {
 TEST_F(FolderCheckTest, MenuOpensOnlyOverASelection) {
     AddFolders({L"a", L"b"});
     RunAndActivate();
-    EXPECT_FALSE(check.HasFolderMenu());
+    EXPECT_THAT(check.FolderMenu(), IsEmpty());
+    const Menu menu{{MenuItem::mnmv, L"ごみ箱へ移動"}, {}, {MenuItem::mncan, L"キャンセル"}};
     SelectFolders({L"b"});
-    EXPECT_TRUE(check.HasFolderMenu());
+    EXPECT_EQ(check.FolderMenu(), menu);
     SelectFolders({L"a", L"b"});
-    EXPECT_TRUE(check.HasFolderMenu());
+    EXPECT_EQ(check.FolderMenu(), menu);
 }
 
 TEST_F(FolderCheckRecycle, MovesExactlyTheSelectedFromTheLastToTheFirst) {
@@ -256,7 +257,7 @@ TEST_F(FolderCheckRecycle, CancelChangesNothing) {
     check.MoveFoldersToRecycleBin();
     EXPECT_THAT(files.Log(), IsEmpty());
     EXPECT_THAT(check.folders.Entries(), ElementsAre(L"a"));
-    EXPECT_TRUE(check.HasFolderMenu());
+    EXPECT_FALSE(check.FolderMenu().empty());
 }
 
 TEST_F(FolderCheckRecycle, FolderThatCannotBeMovedLeavesTheListAllTheSame) {

@@ -48,7 +48,7 @@ struct FaultScene : MainWindowScene {
         Select(model.browser.Files(), {L"p.lzh"});
         files.ForgetOperations();
         files.FailOperation(n, error);
-        const auto failure = ErrorOf([&] { main.InstallPressed(screen); });
+        const auto failure = ErrorOf([&] { Install(model, state, fake.platform, screen); });
         faultReached = files.OperationCount() >= n;
         if (faultReached)
             shellFailed = StartsWith(files.Log()[n - 1], L"DeleteTree ");
@@ -59,7 +59,7 @@ struct FaultScene : MainWindowScene {
     std::optional<ErrorNumber> InstallAgain() {
         main.Activate();
         Select(model.browser.Files(), {L"p.lzh"});
-        return ErrorOf([&] { main.InstallPressed(screen); });
+        return ErrorOf([&] { Install(model, state, fake.platform, screen); });
     }
 
     bool Holds(const std::wstring& path, std::string_view bytes) const {
@@ -73,7 +73,7 @@ struct FaultScene : MainWindowScene {
         files.CutPower(n);
         bool cut = false;
         try {
-            main.InstallPressed(screen);
+            Install(model, state, fake.platform, screen);
         } catch (const MemoryFileSystem::PowerCut&) {
             cut = true;
         }

@@ -94,7 +94,7 @@ TEST_F(InstallTest, PutsTheCharacterIntoTheHostFolderAndTheList) {
     EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"abc", L"mio"));
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
     EXPECT_THAT(SelectedEntries(model.browser.Files()), IsEmpty());
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1));
+    EXPECT_EQ(EnabledButtons(model), Commands{Command::Install});
 }
 
 TEST_F(InstallTest, MainWindowIsDisabledAndTheSelectionStaysUntilTheUserHasSeenTheEnd) {
@@ -102,7 +102,7 @@ TEST_F(InstallTest, MainWindowIsDisabledAndTheSelectionStaysUntilTheUserHasSeenT
         scene.screen.answer = answer;
         scene.screen.onConfirmation = [&] {
             EXPECT_FALSE(scene.screen.enabled);
-            EXPECT_FALSE(model.buttons[1]);
+            EXPECT_FALSE(model.enabled[Command::Install]);
             EXPECT_EQ(files.HeldFolder(), L"C:\\TAMTMP");
         };
         fake.messages.onShow = [&](const Box&) {
@@ -311,7 +311,7 @@ TEST_F(InstallTest, CancelLeavesTheHostAndTheSelectionAlone) {
                                                      MessageIcon::Information}));
     EXPECT_TRUE(scene.screen.enabled);
     EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh"));
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9)); // the rules have run again
+    EXPECT_EQ(EnabledButtons(model), ForPackages); // the rules have run again
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
 }
 
@@ -353,10 +353,10 @@ TEST_F(InstallTest, DamagedArchiveEndsTheInstallAtOnce) {
     ExpectHostUntouched();
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
     EXPECT_TRUE(scene.screen.enabled);
-    EXPECT_FALSE(model.buttons[1]); // until the selection rules run again
+    EXPECT_FALSE(model.enabled[Command::Install]); // until the selection rules run again
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
-    scene.main.FileListClicked();
-    EXPECT_TRUE(model.buttons[1]);
+    scene.main.SelectionChanged();
+    EXPECT_TRUE(model.enabled[Command::Install]);
 }
 
 TEST_F(InstallTest, AnyReturnCodeButZeroIsAFailureToldWhileTheStagingIsStillThere) {
@@ -417,7 +417,7 @@ TEST_F(InstallTest, WhatLiesInTheStagingFolderIsNeitherUsedNorDeleted) {
         ExpectRefused(refusal);
     };
     const auto install = [&] {
-        scene.main.InstallPressed(scene.screen);
+        tamblin::Install(scene.model, scene.state, scene.fake.platform, scene.screen);
     };
     for (const wchar_t* host : {L"C:\\TAMTMP\\host", L"c:/tamtmp", L"C:\\\\TAMTMP\\host\\"}) {
         model.combo.entries = {host};
@@ -527,7 +527,10 @@ TEST_F(InstallTest, WithoutAHostFolderNothingIsStaged) {
     scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     scene.Open();
     model.combo.selected.reset();
-    EXPECT_EQ(ErrorOf([&] { scene.main.InstallPressed(scene.screen); }), ErrorNumber::PathNotFound);
+    EXPECT_EQ(ErrorOf([&] {
+                  tamblin::Install(scene.model, scene.state, scene.fake.platform, scene.screen);
+              }),
+              ErrorNumber::PathNotFound);
     EXPECT_TRUE(scene.screen.enabled);
     EXPECT_THAT(fake.unlha.calls, IsEmpty());
 }

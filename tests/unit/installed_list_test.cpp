@@ -85,18 +85,20 @@ TEST_F(InstalledListTest, AnotherFolderRunsTheSelectionRulesOfTheOneBefore) {
     Refresh();
     model.browser.Files().Assign({L"a.lzh"});
     model.browser.Files().Select(0);
-    model.buttons[5] = true;
+    model.enabled[Command::Uninstall] = true;
     Choose(L"C:\\Other");
     Refresh();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+    EXPECT_EQ(EnabledButtons(model), ForPackages);
 }
 
 TEST_F(InstalledListTest, SameFolderLeavesTheButtonsAloneThatNeedNoCharacter) {
     Refresh();
-    for (const size_t command : {1U, 2U, 3U, 9U, 14U})
-        model.buttons[command] = true;
+    for (const Command command :
+         ForPackages + Commands{Command::PrepareStaging, Command::UpdateHost, Command::ShowReadme})
+        model.enabled[command] = true;
     Refresh();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 2, 3, 9));
+    EXPECT_EQ(EnabledButtons(model),
+              (ForPackages + Commands{Command::PrepareStaging, Command::UpdateHost}));
 }
 
 TEST_F(InstalledListTest, FolderThatIsGoneFailsWithAnEmptyList) {

@@ -12,6 +12,8 @@
 #include <filesystem>
 #include <map>
 
+#include "maintenance/launch.h"
+#include "maintenance/updates.h"
 #include "platform/win32/win32_desktop_shell.h"
 #include "platform/win32/win32_file_system.h"
 #include "support/event_loop_fake.h"
@@ -262,7 +264,7 @@ const KilledCommand commands[] = {
     {"Launch",
      [](RealScene& scene) {
          if (!scene.files.Find(scene.Host() + L"\\ombrel_rc.bak"))
-             scene.main.LaunchPressed();
+             LaunchCharacter(scene.main.Model(), scene.platform);
      },
      [](RealScene& scene) {
          EXPECT_TRUE(scene.HoldsFormer(L"\\Host\\ombrel.rc") ||
@@ -272,8 +274,8 @@ const KilledCommand commands[] = {
      [](RealScene&) {}, 5},
     {"Update",
      [](RealScene& scene) {
-         scene.main.Model().buttons[3] = true;
-         scene.main.UpdateHostPressed();
+         scene.main.Model().enabled[Command::UpdateHost] = true;
+         UpdateHostProgram(scene.main.Model(), scene.platform);
      },
      [](RealScene& scene) {
          EXPECT_TRUE(scene.HoldsFormer(L"\\Host\\ombrel.exe") ||
@@ -285,7 +287,7 @@ const KilledCommand commands[] = {
     {"InstallWithMerge",
      [](RealScene& scene) {
          Select(scene.main.Model().browser.Files(), {L"p.lzh"});
-         scene.main.InstallPressed(scene.screen);
+         Install(scene.main.Model(), scene.state, scene.platform, scene.screen);
      },
      [](RealScene& scene) {
          EXPECT_TRUE(scene.HoldsFormer(L"\\Host\\kva.def") ||

@@ -1,6 +1,7 @@
 // Starting the host with a character, showing READMEs, the installed list's menu.
 #include "maintenance/launch.h"
 
+#include "maintenance/character_menu.h"
 #include "maintenance/folder_check.h"
 #include "unit/maintenance_scene.h"
 
@@ -34,7 +35,7 @@ struct LaunchTest : testing::Test, MaintenanceScene {
     }
 };
 using ReadmeTest = LaunchTest;
-using InstalledListMenuTest = LaunchTest;
+using CharacterMenuTest = LaunchTest;
 
 TEST(LaunchCharacter, CommandLineQuotesThePathAloneAndEndsInTheSwitch) {
     const std::pair<const wchar_t*, const wchar_t*> commandLines[] = {
@@ -160,6 +161,13 @@ TEST_F(LaunchTest, ListingThatHasShrunkOrVanishedSinceEndsItSilently) {
     EXPECT_THAT(starter.started, IsEmpty());
 }
 
+Menu MenuWithReadme(bool enabled) {
+    return {{MenuItem::mnrun, L"オンブレルの起動"},
+            {MenuItem::mnview, L"READMEの表示", enabled},
+            {},
+            {MenuItem::mncancel, L"キャンセル"}};
+}
+
 class LostDrives : public testing::TestWithParam<bool> {};
 
 INSTANTIATE_TEST_SUITE_P(LaunchCharacter, LostDrives, testing::Bool(),
@@ -176,9 +184,7 @@ TEST_P(LostDrives, EndItSilently) {
     ShowReadme(scene.model, scene.platform);
     EXPECT_THAT(scene.starter.started, IsEmpty());
     EXPECT_THAT(scene.shell.opened, IsEmpty());
-    const auto menu = MenuForInstalledList(scene.model, scene.platform);
-    ASSERT_TRUE(menu.has_value());
-    EXPECT_FALSE(menu->readmeEnabled);
+    EXPECT_EQ(CharacterMenu(scene.model, scene.platform), MenuWithReadme(false));
 }
 
 TEST_F(LaunchTest, LeftoverBackupEndsItBeforeTheStart) {
@@ -238,28 +244,40 @@ TEST(ShowReadme, PathsAreFormedOnceWithoutDoubledBackslash) {
     }
 }
 
-TEST_F(InstalledListMenuTest, EachKindOfReadmeEnablesItsItemAlone) {
+TEST_F(CharacterMenuTest, EachKindOfReadmeEnablesItsItemAlone) {
     AddReadmes({L".doc"});
     ShowSelected(L"abc");
     for (const wchar_t* ending : {L".doc", L".txt", L"-X.txt", L".htm", L".html"}) {
         AddReadmes({ending});
-        const auto menu = MenuForInstalledList(model, platform);
-        ASSERT_TRUE(menu.has_value());
-        EXPECT_EQ(menu->readmeEnabled, ending != std::wstring(L".doc")) << ending;
+        EXPECT_EQ(CharacterMenu(model, platform), MenuWithReadme(ending != std::wstring(L".doc")))
+            << ending;
         files.DeleteTree(L"C:\\VMR\\abc\\abc" + std::wstring(ending));
     }
     EXPECT_THAT(shell.opened, IsEmpty());
 }
 
-TEST_F(InstalledListMenuTest, OpensOnlyOverExactlyOneSelected) {
+TEST_F(CharacterMenuTest, OpensOnlyOverExactlyOneSelected) {
     AddCharacter(L"a");
     AddCharacter(L"b");
     Show();
-    EXPECT_FALSE(MenuForInstalledList(model, platform).has_value());
+    EXPECT_TRUE(CharacterMenu(model, platform).empty());
     SelectCharacters({L"b"});
-    EXPECT_TRUE(MenuForInstalledList(model, platform).has_value());
+    EXPECT_FALSE(CharacterMenu(model, platform).empty());
     SelectCharacters({L"a", L"b"});
-    EXPECT_FALSE(MenuForInstalledList(model, platform).has_value());
+    EXPECT_TRUE(CharacterMenu(model, platform).empty());
+}
+
+TEST_F(CharacterMenuTest, EachItemDoesWhatItSays) {
+    files.AddFile(L"C:\\VMR\\abc\\abc.txt");
+    ShowSelected(L"abc");
+    const auto done = [&](MenuItem item) {
+        ChooseFromCharacterMenu(item, model, platform);
+        return std::vector{starter.started.size(), shell.opened.size()};
+    };
+    EXPECT_THAT(done(MenuItem::mnrun), ElementsAre(1, 0));
+    EXPECT_THAT(done(MenuItem::mnview), ElementsAre(1, 1));
+    for (const MenuItem other : {MenuItem::mncancel, MenuItem::Separator, MenuItem::mnmv})
+        EXPECT_THAT(done(other), ElementsAre(1, 1));
 }
 
 } // namespace

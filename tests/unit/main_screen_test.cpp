@@ -1,6 +1,11 @@
 // The main window's events: what they refresh, enable, ask and save.
 #include "app/main_screen.h"
 
+#include "maintenance/folder_check.h"
+#include "maintenance/launch.h"
+#include "maintenance/start_up_file.h"
+#include "maintenance/uninstall.h"
+#include "maintenance/updates.h"
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
@@ -21,7 +26,7 @@ class MainScreenTest : public testing::Test {
     void SelectBoth() {
         Select(model.installed.names, {L"abc"});
         Select(model.browser.Files(), {L"mio.lzh"});
-        main.FileListClicked();
+        main.SelectionChanged();
     }
     void ExpectMissing(const std::function<void()>& command) {
         EXPECT_EQ(ErrorOf(command), ErrorNumber::PathNotFound);
@@ -81,7 +86,7 @@ TEST_F(MainScreenTest, ActivationShowsWhatOtherWindowsHaveChanged) {
 TEST_F(MainScreenTest, ActivationKeepsTheFolderThatIsBrowsedAndAppliesTheRules) {
     main.Load();
     SelectBoth();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 9, 11, 13));
+    EXPECT_EQ(EnabledButtons(model), ForPackages + ForOneCharacter);
     state.BrowseStartFolder = L"C:\\Second\\";
     main.Activate();
     EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Second\\");
@@ -133,23 +138,24 @@ class BrokenOffUninstall : public MainScreenTest {
         main.Load();
         Select(model.browser.Files(), {L"mio.lzh"});
         Select(model.installed.names, {L"abc"});
-        main.InstalledListClicked();
+        main.SelectionChanged();
         files.DeleteTree(L"C:\\Host\\abc.obl");
-        EXPECT_EQ(ErrorOf([&] { main.UninstallPressed(); }), ErrorNumber::FileNotFound);
+        EXPECT_EQ(ErrorOf([&] { Uninstall(model, state, fake.platform); }),
+                  ErrorNumber::FileNotFound);
     }
 };
 
 // The list behind the names is no longer what it was, so the same folder counts as another one.
 TEST_F(BrokenOffUninstall, LetsTheNextChoiceApplyTheRules) {
-    model.buttons[1] = model.buttons[9] = false;
+    model.enabled[Command::Install] = model.enabled[Command::DeselectFiles] = false;
     main.ComboSelected(0);
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+    EXPECT_EQ(EnabledButtons(model), ForPackages);
 }
 
 TEST_F(BrokenOffUninstall, LeavesTheReadmesOfTheOtherCharactersInReach) {
     Select(model.installed.names, {L"def"});
-    main.InstalledListClicked();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 9, 11, 13, 14));
+    main.SelectionChanged();
+    EXPECT_EQ(EnabledButtons(model), ForPackages + ForOneCharacter + Commands{Command::ShowReadme});
 }
 
 // --- The combo ----------------------------------------------------------------------------------
@@ -157,8 +163,8 @@ TEST_F(BrokenOffUninstall, LeavesTheReadmesOfTheOtherCharactersInReach) {
 TEST_F(MainScreenTest, ChoiceInTheComboBecomesTheCurrentHostFolderAndDecidesOnTheButtons) {
     main.Load();
     Select(model.installed.names, {L"abc"});
-    main.InstalledListClicked();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(5, 7, 11, 13));
+    main.SelectionChanged();
+    EXPECT_EQ(EnabledButtons(model), ForOneCharacter);
     main.ComboSelected(1);
     EXPECT_EQ(state.DefaultFolder, L"C:\\Second");
     EXPECT_THAT(Installed(), ElementsAre(L"xyz"));
@@ -185,13 +191,15 @@ class LostSelection : public MainScreenTest {
         main.Load();
         Select(model.browser.Files(), {L"mio.lzh"});
         Select(model.installed.names, {L"abc"});
-        main.InstalledListClicked();
-        EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 4, 5, 7, 9, 11, 13, 14));
+        main.SelectionChanged();
+        EXPECT_EQ(EnabledButtons(model),
+                  (ForPackages + ForOneCharacter +
+                   Commands{Command::UpdateDefinition, Command::ShowReadme}));
         EXPECT_TRUE(model.definitionUpdateReady);
     }
     void ExpectNoneOfACharacter() {
         EXPECT_THAT(SelectedEntries(model.installed.names), IsEmpty());
-        EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+        EXPECT_EQ(EnabledButtons(model), ForPackages);
         EXPECT_FALSE(model.definitionUpdateReady);
     }
 };
@@ -200,8 +208,9 @@ TEST_F(LostSelection, ByAChoiceLeavesNoButtonLitThatNeedsACharacter) {
     main.ComboSelected(0);
     ExpectNoneOfACharacter();
     Select(model.installed.names, {L"abc"});
-    main.InstalledListClicked();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 4, 5, 7, 9, 11, 13, 14));
+    main.SelectionChanged();
+    EXPECT_EQ(EnabledButtons(model), (ForPackages + ForOneCharacter +
+                                      Commands{Command::UpdateDefinition, Command::ShowReadme}));
     main.ComboSelected(1);
     ExpectNoneOfACharacter();
 }
@@ -229,18 +238,18 @@ TEST_F(LostSelection, ByActivationLeavesNoButtonLitThatNeedsACharacter) {
 TEST_F(MainScreenTest, ClicksInEitherListApplyTheRules) {
     main.Load();
     Select(model.browser.Files(), {L"mio.lzh"});
-    main.FileListClicked();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+    main.SelectionChanged();
+    EXPECT_EQ(EnabledButtons(model), ForPackages);
     Select(model.installed.names, {L"abc"});
-    main.InstalledListClicked();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 9, 11, 13));
+    main.SelectionChanged();
+    EXPECT_EQ(EnabledButtons(model), ForPackages + ForOneCharacter);
 }
 
 TEST_F(MainScreenTest, WaysThroughTheTreeApplyTheRulesToALostSelection) {
     for (const bool up : {false, true}) {
         main.Load();
         Select(model.browser.Files(), {L"mio.lzh"});
-        main.FileListClicked();
+        main.SelectionChanged();
         if (up)
             main.TreeUpPressed();
         else
@@ -257,7 +266,7 @@ TEST_F(MainScreenTest, DeselectingFilesDisablesItsOwnButtonOnly) {
     main.DeselectFilesPressed();
     EXPECT_THAT(SelectedEntries(model.browser.Files()), IsEmpty());
     EXPECT_THAT(SelectedEntries(model.installed.names), ElementsAre(L"abc"));
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 5, 7, 11, 13));
+    EXPECT_EQ(EnabledButtons(model), ForOneCharacter + Commands{Command::Install});
 }
 
 TEST_F(MainScreenTest, SecondActionButtonPreparesTheStagingFolder) {
@@ -277,25 +286,25 @@ TEST_F(MainScreenTest, ButtonsRunTheirCommands) {
     main.Load();
     Select(model.installed.names, {L"abc"});
     Select(model.browser.Files(), {L"abc.obl"});
-    main.FileListClicked();
+    main.SelectionChanged();
 
     FolderCheck check(fake.platform);
-    main.CheckPressed(check);
+    check.RunCheck(model);
     EXPECT_THAT(check.folders.Entries(), ElementsAre(L"orphan"));
-    main.LaunchPressed();
+    LaunchCharacter(model, fake.platform);
     EXPECT_EQ(fake.starter.started.size(), 1U);
-    main.ShowReadmePressed();
+    ShowReadme(model, fake.platform);
     EXPECT_EQ(fake.shell.opened.size(), 1U);
-    EXPECT_TRUE(main.InstalledListMenu(std::nullopt).value().readmeEnabled);
-    main.SetStartUpCharacterPressed();
+    EXPECT_TRUE(main.InstalledListMenu(std::nullopt).at(1).enabled);
+    SetStartUpCharacter(model, fake.platform);
     EXPECT_EQ(files.Contents(L"C:\\Host\\ombrel.rc"), "H001currentobl=abc.obl\r\n");
-    main.UpdateDefinitionPressed();
+    UpdateDefinitionFile(model, fake.platform);
     EXPECT_EQ(files.Contents(L"C:\\Host\\abc.obl"), "new");
-    main.UpdateHostPressed();
+    UpdateHostProgram(model, fake.platform);
     EXPECT_EQ(files.Contents(L"C:\\Host\\ombrel.exe"), "new");
-    main.UninstallPressed();
+    Uninstall(model, state, fake.platform);
     EXPECT_FALSE(files.Exists(L"C:\\Host\\abc"));
-    main.InstallPressed(scene.screen);
+    Install(model, state, fake.platform, scene.screen);
     EXPECT_EQ(scene.screen.confirmations.size(), 1U);
 }
 
@@ -318,13 +327,13 @@ TEST_F(MainScreenTest, OpeningASelectedArchiveInstallsItWhereTheButtonWould) {
     };
     EXPECT_FALSE(main.InstallsFile(row(L"mio.lzh")));
     Select(model.browser.Files(), {L"mio.lzh"});
-    main.FileListClicked();
+    main.SelectionChanged();
     EXPECT_TRUE(main.InstallsFile(row(L"mio.lzh")));
     EXPECT_FALSE(main.InstallsFile(row(L"gone")));
     Select(model.browser.Files(), {L"abc.obl"});
     Select(model.installed.names, {L"abc"});
-    main.FileListClicked();
-    ASSERT_TRUE(model.buttons[1]);
+    main.SelectionChanged();
+    ASSERT_TRUE(model.enabled[Command::Install]);
     EXPECT_FALSE(main.InstallsFile(row(L"abc.obl")));
 }
 
@@ -332,8 +341,8 @@ TEST_F(MainScreenTest, OpeningAnArchiveDoesNothingWhileTheButtonIsDisabled) {
     state.DefaultFolder = L"C:\\gone";
     main.Load();
     Select(model.browser.Files(), {L"mio.lzh"});
-    main.FileListClicked();
-    ASSERT_FALSE(model.buttons[1]);
+    main.SelectionChanged();
+    ASSERT_FALSE(model.enabled[Command::Install]);
     EXPECT_FALSE(main.InstallsFile(0));
 }
 
@@ -342,24 +351,24 @@ TEST_F(MainScreenTest, TheMenuIsThatOfTheCharacterUnderThePointer) {
     files.AddFile(L"C:\\Host\\def\\def.txt");
     main.Load();
     Select(model.installed.names, {L"abc"});
-    main.InstalledListClicked();
-    ASSERT_FALSE(model.buttons[14]);
+    main.SelectionChanged();
+    ASSERT_FALSE(model.enabled[Command::ShowReadme]);
     const auto menu = main.InstalledListMenu(1);
-    ASSERT_TRUE(menu);
-    EXPECT_TRUE(menu->readmeEnabled);
+    ASSERT_EQ(menu.size(), 4U);
+    EXPECT_TRUE(menu[1].enabled);
     EXPECT_THAT(SelectedEntries(model.installed.names), ElementsAre(L"def"));
-    EXPECT_TRUE(model.buttons[14]);
-    EXPECT_TRUE(main.InstalledListMenu(std::nullopt));
+    EXPECT_TRUE(model.enabled[Command::ShowReadme]);
+    EXPECT_FALSE(main.InstalledListMenu(std::nullopt).empty());
 }
 
 TEST_F(MainScreenTest, TheRightButtonLeavesNoneAndSeveralAsTheyAre) {
     AddCharacter(files, L"C:\\Host", L"def");
     AddCharacter(files, L"C:\\Host", L"ghi");
     main.Load();
-    EXPECT_FALSE(main.InstalledListMenu(1));
+    EXPECT_TRUE(main.InstalledListMenu(1).empty());
     EXPECT_THAT(SelectedEntries(model.installed.names), IsEmpty());
     Select(model.installed.names, {L"abc", L"def"});
-    EXPECT_FALSE(main.InstalledListMenu(2));
+    EXPECT_TRUE(main.InstalledListMenu(2).empty());
     EXPECT_THAT(SelectedEntries(model.installed.names), ElementsAre(L"abc", L"def"));
 }
 
@@ -372,7 +381,7 @@ TEST_F(MainScreenTest, RefreshShowsWhatIsNewAndKeepsWhatIsSelected) {
     main.Load();
     Select(model.installed.names, {L"def"});
     Select(model.browser.Files(), {L"mio.lzh", L"other.lzh"});
-    main.FileListClicked();
+    main.SelectionChanged();
     const auto before = EnabledButtons(model);
     AddCharacter(files, L"C:\\Host", L"aaa");
     scene.AddPackage(L"download.lzh", {});
@@ -390,11 +399,11 @@ TEST_F(MainScreenTest, RefreshAppliesTheRulesToWhatIsLeftOfTheSelectionIfAnythin
     SelectBoth();
     files.DeleteTree(L"C:\\Packs\\mio.lzh");
     main.RefreshPressed();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(5, 7, 11, 13));
+    EXPECT_EQ(EnabledButtons(model), ForOneCharacter);
     main.DeselectInstalledPressed();
-    model.buttons[1] = true; // as after an install
+    model.enabled[Command::Install] = true; // as after an install
     main.RefreshPressed();
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1));
+    EXPECT_EQ(EnabledButtons(model), Commands{Command::Install});
 }
 
 TEST_F(MainScreenTest, RefreshReportsALostHostFolderEachTimeAndReadsTheRest) {
@@ -431,7 +440,7 @@ TEST_F(DropTest, ShowsTheirFolderAsADoubleClickWouldAndSelectsTheArchives) {
     EXPECT_TRUE(main.FilesDropped(
         {L"C:\\Downloads\\two.lzh", L"C:\\Downloads\\note.txt", L"c:\\downloads\\ONE.LZH"}));
     EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"one.LZH", L"two.lzh"));
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+    EXPECT_EQ(EnabledButtons(model), ForPackages);
     EXPECT_THAT(fake.messages.shown, IsEmpty());
     EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Downloads\\");
     EXPECT_EQ(model.browser.Rows()[model.browser.SelectedRow()], L"  + Downloads");
@@ -460,23 +469,25 @@ TEST_F(DropTest, ArchivesThatAreNotListedAreRefused) {
 // --- Status line --------------------------------------------------------------------------------
 
 TEST(StatusText, ExplainsTheButtons) {
-    const std::pair<size_t, const wchar_t*> texts[] = {
-        {1, L"選択しているパッケージをインストールします。"},
-        {3, L"ombrel.exeをアップデートします。"},
-        {4, L"該当オンブレルのオンブレル定義ファイルをアップデートします。"},
-        {5, L"選択されているオンブレルをアンインストールします。"},
-        {6, L"ヴィモラフォルダの設定を行います。"},
-        {7, L"「導入済オンブレル一覧」のファイル選択を解除します。"},
-        {8, L"Tamblinを終了します。"},
-        {9, L"「すべてのフォルダ」のファイル選択を解除します。"},
-        {10, L"Tamblinの簡単な操作説明です。"},
-        {11, L"選択しているオンブレルを、通常起動時のオンブレルに設定します。"},
-        {12, L"ヴィモラフォルダの不具合を検出します。"},
-        {13, L"選択されているオンブレルを呼び出します。"},
-        {14, L"選択されているオンブレルの README ファイルを表示します。"}};
+    const std::pair<Command, const wchar_t*> texts[] = {
+        {Command::Install, L"選択しているパッケージをインストールします。"},
+        {Command::UpdateHost, L"ombrel.exeをアップデートします。"},
+        {Command::UpdateDefinition,
+         L"該当オンブレルのオンブレル定義ファイルをアップデートします。"},
+        {Command::Uninstall, L"選択されているオンブレルをアンインストールします。"},
+        {Command::ManageFolders, L"ヴィモラフォルダの設定を行います。"},
+        {Command::DeselectInstalled, L"「導入済オンブレル一覧」のファイル選択を解除します。"},
+        {Command::Leave, L"Tamblinを終了します。"},
+        {Command::DeselectFiles, L"「すべてのフォルダ」のファイル選択を解除します。"},
+        {Command::ShowHelp, L"Tamblinの簡単な操作説明です。"},
+        {Command::SetStartUpCharacter,
+         L"選択しているオンブレルを、通常起動時のオンブレルに設定します。"},
+        {Command::CheckFolders, L"ヴィモラフォルダの不具合を検出します。"},
+        {Command::Launch, L"選択されているオンブレルを呼び出します。"},
+        {Command::ShowReadme, L"選択されているオンブレルの README ファイルを表示します。"}};
     for (const auto& [command, text] : texts)
         EXPECT_EQ(MainScreen::StatusText(command), text);
-    EXPECT_FALSE(MainScreen::StatusText(2));
+    EXPECT_FALSE(MainScreen::StatusText(Command::PrepareStaging));
 }
 
 TEST(StatusText, BeginsWithTheVersionAndACredit) {

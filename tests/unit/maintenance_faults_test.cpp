@@ -1,6 +1,7 @@
 // Every file operation of every maintenance command fails in turn, with every error that a drive
 // can give; afterwards nothing may be lost beyond what the command's own steps say.
 
+#include "maintenance/character_menu.h"
 #include "maintenance/folder_check.h"
 #include "maintenance/launch.h"
 #include "maintenance/start_up_file.h"
@@ -144,7 +145,7 @@ TEST_P(MaintenanceFaults, ReadmesFoundBeforeTheFailureAreOpen) {
 
 TEST_P(MaintenanceFaults, MenuFailsWithoutTouchingAnything) {
     ForEachOperation<OneCharacter>(
-        [](OneCharacter& scene) { MenuForInstalledList(scene.model, scene.platform); },
+        [](OneCharacter& scene) { CharacterMenu(scene.model, scene.platform); },
         [](OneCharacter& scene, const std::wstring&) {
             EXPECT_EQ(scene.files.Snapshot(), scene.before);
         },
@@ -187,7 +188,7 @@ TEST_P(MaintenanceFaults, UninstallTouchesOnlyWhatWasSelected) {
 struct NewHostProgram : OneCharacter {
     NewHostProgram() {
         files.AddFile(L"C:\\Browsed\\ombrel.exe", "new");
-        model.buttons[3] = true;
+        model.enabled[Command::UpdateHost] = true;
         before = files.Snapshot();
     }
 };
@@ -197,7 +198,7 @@ TEST_P(MaintenanceFaults, UpdateOfTheHostProgramLeavesItOrReplacesIt) {
         [](NewHostProgram& scene) { UpdateHostProgram(scene.model, scene.platform); },
         [](NewHostProgram& scene, const std::wstring& failed) {
             EXPECT_EQ(scene.files.Snapshot(), scene.before);
-            EXPECT_TRUE(scene.model.buttons[3]);
+            EXPECT_TRUE(scene.model.enabled[Command::UpdateHost]);
             EXPECT_EQ(scene.messages.shown.size(), StartsWith(failed, L"Copy ") ? 1U : 0U);
         },
         NotReady::IsMissing);
@@ -207,7 +208,7 @@ struct DeliveredUpdate : MaintenanceScene {
     DeliveredUpdate() {
         files.AddFile(L"C:\\VMR\\abc\\dat\\obl\\abc.obl", "new");
         ShowSelected(L"abc");
-        model.definitionUpdateReady = model.buttons[4] = true;
+        model.definitionUpdateReady = model.enabled[Command::UpdateDefinition] = true;
         before = files.Snapshot();
     }
     MemoryFileSystem::Tree before;
@@ -221,7 +222,7 @@ TEST_P(MaintenanceFaults, UpdateOfADefinitionFileLeavesItOrReplacesIt) {
             if (copied)
                 scene.before[L"C:\\VMR\\abc.obl"] = "new";
             EXPECT_EQ(scene.files.Snapshot(), scene.before);
-            EXPECT_EQ(scene.model.buttons[4], !copied);
+            EXPECT_EQ(scene.model.enabled[Command::UpdateDefinition], !copied);
         },
         NotReady::IsMissing);
 }
@@ -410,8 +411,8 @@ TEST(UninstallFaults, ListIsEmptyWhenItCannotBeReadAnew) {
     EXPECT_EQ(ErrorOf([&] { Uninstall(scene.model, scene.state, scene.platform); }),
               ErrorNumber::PathNotFound);
     EXPECT_TRUE(scene.model.installed.names.Empty());
-    EXPECT_FALSE(scene.model.buttons[5]);
-    EXPECT_FALSE(scene.model.buttons[7]);
+    EXPECT_FALSE(scene.model.enabled[Command::Uninstall]);
+    EXPECT_FALSE(scene.model.enabled[Command::DeselectInstalled]);
 }
 
 } // namespace

@@ -18,6 +18,7 @@
 #include "base/text.h"
 #include "install/install.h"
 #include "settings/settings_file.h"
+#include "support/commands.h"
 #include "support/platform_fake.h"
 #include "unit/case_name.h"
 
@@ -70,13 +71,11 @@ inline std::vector<std::wstring> SelectedEntries(const SelectionList& list) {
     return names;
 }
 
-// The numbers of the enabled buttons among those that selections govern.
-inline std::vector<int> EnabledButtons(const MainModel& model) {
-    std::vector<int> enabled;
-    for (const int command : {1, 2, 3, 4, 5, 7, 9, 11, 13, 14})
-        if (model.buttons[static_cast<size_t>(command)])
-            enabled.push_back(command);
-    return enabled;
+// The enabled commands among those that selections govern.
+inline Commands EnabledButtons(const MainModel& model) {
+    return CommandsWhere([&](Command command) {
+        return model.enabled[command] && !NeedingNoSelection.contains(command);
+    });
 }
 
 // Runs what may fail, and tells how: the error's number, or nothing.
@@ -152,9 +151,9 @@ struct MainWindowScene {
     // Selects the files named in the browser and presses Install.
     void InstallFiles(const std::vector<std::wstring>& names) {
         Select(model.browser.Files(), names);
-        main.FileListClicked();
+        main.SelectionChanged();
         files.ForgetOperations();
-        main.InstallPressed(screen);
+        Install(model, state, fake.platform, screen);
     }
 
     PlatformFake fake;

@@ -19,8 +19,11 @@ class SelectionRulesTest : public testing::Test {
         model.installed.folder = L"C:\\Host";
         model.installed.names.Assign(AllCharacters);
         model.browser.Files().Assign(AllFiles);
-        for (const int command : {1, 2, 3, 4, 5, 7, 9, 11, 13, 14})
-            model.buttons[static_cast<size_t>(command)] = true;
+        SetGoverned(true);
+    }
+    void SetGoverned(bool on) {
+        for (const Command command : CommandsWhere([](Command) { return true; }))
+            model.enabled[command] = on || NeedingNoSelection.contains(command);
     }
     void Apply(const std::vector<std::wstring>& chosenFiles,
                const std::vector<std::wstring>& characters) {
@@ -38,46 +41,61 @@ struct RuleCase {
     const char* name;
     std::vector<std::wstring> files;
     std::vector<std::wstring> characters;
-    std::vector<int> enabled;
+    Commands enabled;
 };
 
 class RuleTest : public SelectionRulesTest, public testing::WithParamInterface<RuleCase> {};
 
 TEST_P(RuleTest, EnablesExactly) {
     for (const bool before : {true, false}) {
-        for (const size_t command : {1U, 2U, 3U, 4U, 5U, 7U, 9U, 11U, 13U, 14U})
-            model.buttons[command] = before;
+        SetGoverned(before);
         Apply(GetParam().files, GetParam().characters);
-        EXPECT_THAT(EnabledButtons(model), ElementsAreArray(GetParam().enabled));
+        EXPECT_EQ(EnabledButtons(model), GetParam().enabled);
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Selections, RuleTest,
     testing::Values(
-        RuleCase{"Nothing", {}, {}, {}}, RuleCase{"Program", {L"ombrel.exe"}, {}, {3, 9}},
-        RuleCase{"AnyProgram", {L"OTHER.EXE"}, {}, {3, 9}},
-        RuleCase{"Archive", {L"abc.lzh"}, {}, {1, 9}},
-        RuleCase{"Definition", {L"ABC.OBL"}, {}, {9}}, RuleCase{"Text", {L"readme.txt"}, {}, {9}},
-        RuleCase{"OneCharacter", {}, {L"abc"}, {5, 7, 11, 13}},
-        RuleCase{"TwoCharacters", {}, {L"abc", L"Def"}, {5, 7}},
-        RuleCase{"ArchiveAndItsCharacter", {L"abc.lzh"}, {L"abc"}, {1, 5, 7, 9, 11, 13}},
-        RuleCase{"ArchiveAndAnother", {L"abc.lzh"}, {L"ア"}, {1, 5, 7, 9, 11, 13}},
-        RuleCase{"ArchiveAndItsCharacterInOtherCase", {L"def.lzh"}, {L"Def"}, {1, 5, 7, 9, 11, 13}},
-        RuleCase{"ArchiveAndTwo", {L"abc.lzh"}, {L"abc", L"Def"}, {1, 5, 7, 9}},
-        RuleCase{"DefinitionAndItsCharacter", {L"ABC.OBL"}, {L"abc"}, {1, 4, 5, 7, 9, 11, 13}},
-        RuleCase{"DefinitionAndAnother", {L"ABC.OBL"}, {L"Def"}, {1, 5, 7, 9, 11, 13}},
+        RuleCase{"Nothing", {}, {}, {}}, RuleCase{"Program", {L"ombrel.exe"}, {}, ForAProgram},
+        RuleCase{"AnyProgram", {L"OTHER.EXE"}, {}, ForAProgram},
+        RuleCase{"Archive", {L"abc.lzh"}, {}, ForPackages},
+        RuleCase{"Definition", {L"ABC.OBL"}, {}, Commands{Command::DeselectFiles}},
+        RuleCase{"Text", {L"readme.txt"}, {}, {Command::DeselectFiles}},
+        RuleCase{"OneCharacter", {}, {L"abc"}, ForOneCharacter},
+        RuleCase{"TwoCharacters", {}, {L"abc", L"Def"}, ForCharacters},
+        RuleCase{"ArchiveAndItsCharacter", {L"abc.lzh"}, {L"abc"}, ForPackages + ForOneCharacter},
+        RuleCase{"ArchiveAndAnother", {L"abc.lzh"}, {L"ア"}, ForPackages + ForOneCharacter},
+        RuleCase{"ArchiveAndItsCharacterInOtherCase",
+                 {L"def.lzh"},
+                 {L"Def"},
+                 ForPackages + ForOneCharacter},
+        RuleCase{"ArchiveAndTwo", {L"abc.lzh"}, {L"abc", L"Def"}, ForPackages + ForCharacters},
+        RuleCase{"DefinitionAndItsCharacter",
+                 {L"ABC.OBL"},
+                 {L"abc"},
+                 ForPackages + ForOneCharacter + Commands{Command::UpdateDefinition}},
+        RuleCase{"DefinitionAndAnother", {L"ABC.OBL"}, {L"Def"}, ForPackages + ForOneCharacter},
         // Only the last of several selected characters is compared.
-        RuleCase{"DefinitionOfTheLast", {L"ア.obl"}, {L"abc", L"ア"}, {1, 4, 5, 7, 9}},
-        RuleCase{"DefinitionOfTheFirst", {L"ABC.OBL"}, {L"abc", L"ア"}, {1, 5, 7, 9}},
-        RuleCase{"ProgramAndCharacter", {L"ombrel.exe"}, {L"abc"}, {1, 5, 7, 9, 11, 13}},
-        RuleCase{"TextAndCharacter", {L"readme.txt"}, {L"abc"}, {1, 5, 7, 9, 11, 13}},
-        RuleCase{"TwoArchives", {L"abc.lzh", L"def.lzh"}, {}, {1, 9}},
-        RuleCase{"TwoTexts", {L"readme.txt", L"xyz.obl"}, {}, {1, 9}},
-        RuleCase{"TwoPrograms", {L"ombrel.exe", L"OTHER.EXE"}, {}, {1, 9}},
-        RuleCase{"TwoFilesOneCharacter", {L"abc.lzh", L"ABC.OBL"}, {L"abc"}, {1, 5, 7, 9, 11, 13}},
+        RuleCase{"DefinitionOfTheLast",
+                 {L"ア.obl"},
+                 {L"abc", L"ア"},
+                 ForPackages + ForCharacters + Commands{Command::UpdateDefinition}},
         RuleCase{
-            "TwoFilesTwoCharacters", {L"abc.lzh", L"def.lzh"}, {L"abc", L"Def"}, {1, 5, 7, 9}}),
+            "DefinitionOfTheFirst", {L"ABC.OBL"}, {L"abc", L"ア"}, ForPackages + ForCharacters},
+        RuleCase{"ProgramAndCharacter", {L"ombrel.exe"}, {L"abc"}, ForPackages + ForOneCharacter},
+        RuleCase{"TextAndCharacter", {L"readme.txt"}, {L"abc"}, ForPackages + ForOneCharacter},
+        RuleCase{"TwoArchives", {L"abc.lzh", L"def.lzh"}, {}, ForPackages},
+        RuleCase{"TwoTexts", {L"readme.txt", L"xyz.obl"}, {}, ForPackages},
+        RuleCase{"TwoPrograms", {L"ombrel.exe", L"OTHER.EXE"}, {}, ForPackages},
+        RuleCase{"TwoFilesOneCharacter",
+                 {L"abc.lzh", L"ABC.OBL"},
+                 {L"abc"},
+                 ForPackages + ForOneCharacter},
+        RuleCase{"TwoFilesTwoCharacters",
+                 {L"abc.lzh", L"def.lzh"},
+                 {L"abc", L"Def"},
+                 ForPackages + ForCharacters}),
     CaseName);
 
 TEST_P(RuleTest, NothingWithoutAHostFolder) {
@@ -89,7 +107,7 @@ TEST_P(RuleTest, NothingWithoutAHostFolder) {
 TEST_F(SelectionRulesTest, ProgramsLeaveAMultipleSelection) {
     Apply({L"abc.lzh", L"ombrel.exe", L"OTHER.EXE"}, {});
     EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"abc.lzh"));
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 9));
+    EXPECT_EQ(EnabledButtons(model), ForPackages);
 }
 
 TEST_F(SelectionRulesTest, LoneProgramStaysSelected) {
@@ -99,8 +117,8 @@ TEST_F(SelectionRulesTest, LoneProgramStaysSelected) {
 
 TEST_F(SelectionRulesTest, OtherButtonsAreNotGoverned) {
     Apply({}, {});
-    for (const size_t command : {6U, 8U, 10U, 12U})
-        EXPECT_TRUE(model.buttons[command]) << command;
+    for (const Command command : NeedingNoSelection)
+        EXPECT_TRUE(model.enabled[command]) << static_cast<int>(command);
 }
 
 // --- Updates that a character has delivered -----------------------------------------------------
@@ -114,7 +132,7 @@ TEST_F(DeliveredUpdateTest, EnablesTheUpdateOfTheOneCharacter) {
     for (const wchar_t* host : {L"C:\\Host", L"C:\\Host\\"}) {
         model.combo.entries = {host};
         Apply({}, {L"abc"});
-        EXPECT_THAT(EnabledButtons(model), ElementsAre(4, 5, 7, 11, 13));
+        EXPECT_EQ(EnabledButtons(model), ForOneCharacter + Commands{Command::UpdateDefinition});
         EXPECT_TRUE(model.definitionUpdateReady);
     }
     state.DefaultFolder.clear(); // then the flag stays
@@ -129,7 +147,7 @@ TEST_F(DeliveredUpdateTest, IsNotReadyForOthersNorForSeveralNorByAFolderOfThatNa
         model.definitionUpdateReady = true;
         Apply({}, characters);
         EXPECT_FALSE(model.definitionUpdateReady);
-        EXPECT_FALSE(model.buttons[4]);
+        EXPECT_FALSE(model.enabled[Command::UpdateDefinition]);
     }
 }
 
@@ -145,11 +163,11 @@ TEST_F(SelectionRulesTest, EachKindOfReadmeEnablesTheViewOfTheOneCharacter) {
         const std::wstring readme = std::wstring(L"C:\\Host\\abc\\abc") + ending;
         fake.files.AddFile(readme);
         Apply({}, {L"abc"});
-        EXPECT_THAT(EnabledButtons(model), ElementsAre(5, 7, 11, 13, 14)) << ending;
+        EXPECT_EQ(EnabledButtons(model), ForOneCharacter + Commands{Command::ShowReadme}) << ending;
         for (const std::vector<std::wstring>& others :
              {std::vector<std::wstring>{L"abc", L"Def"}, {L"Def"}}) {
             Apply({}, others);
-            EXPECT_FALSE(model.buttons[14]);
+            EXPECT_FALSE(model.enabled[Command::ShowReadme]);
         }
         fake.files.DeleteTree(readme);
     }
@@ -159,7 +177,7 @@ TEST_F(SelectionRulesTest, OtherDocumentsAreNoReadme) {
     for (const wchar_t* name : {L"abc\\readme.txt", L"abc\\abc.doc", L"abc\\Def.txt", L"abc.txt"})
         fake.files.AddFile(std::wstring(L"C:\\Host\\") + name);
     Apply({}, {L"abc"});
-    EXPECT_FALSE(model.buttons[14]);
+    EXPECT_FALSE(model.enabled[Command::ShowReadme]);
 }
 
 TEST_F(SelectionRulesTest, ReadmeIsLookedForInTheListedFolder) {
@@ -167,7 +185,7 @@ TEST_F(SelectionRulesTest, ReadmeIsLookedForInTheListedFolder) {
     fake.files.AddFile(L"C:\\Listed\\abc\\dat\\obl\\abc.obl");
     model.installed.folder = L"C:\\Listed\\";
     Apply({}, {L"abc"});
-    EXPECT_TRUE(model.buttons[14]);
+    EXPECT_TRUE(model.enabled[Command::ShowReadme]);
     EXPECT_FALSE(model.definitionUpdateReady); // that one is looked for in the combo's folder
 }
 
@@ -197,8 +215,9 @@ TEST_F(SelectionRulesTest, CostDoesNotGrowWithTheLists) {
 
 TEST_F(SelectionRulesTest, WithoutACharacterTheButtonsThatNeedOneAreDisabled) {
     model.definitionUpdateReady = true;
-    DisableCharacterButtons(model);
-    EXPECT_THAT(EnabledButtons(model), ElementsAre(1, 2, 3, 9));
+    DisableCharacterCommands(model);
+    EXPECT_EQ(EnabledButtons(model),
+              (ForPackages + Commands{Command::PrepareStaging, Command::UpdateHost}));
     EXPECT_FALSE(model.definitionUpdateReady);
 }
 

@@ -66,12 +66,12 @@ TEST_F(UninstallTest, OfSeveralSelectedOnlyTheLastLosesItsDefinitionFileAtTheEnd
 TEST_F(UninstallTest, ListIsReadAnewAndItsButtonsAreDisabled) {
     AddCharacter(L"other");
     ShowSelected(L"abc");
-    model.buttons[5] = model.buttons[7] = true;
+    model.enabled[Command::Uninstall] = model.enabled[Command::DeselectInstalled] = true;
     Uninstall();
     EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"other"));
     EXPECT_EQ(model.installed.folder, L"C:\\VMR");
-    EXPECT_FALSE(model.buttons[5]);
-    EXPECT_FALSE(model.buttons[7]);
+    EXPECT_FALSE(model.enabled[Command::Uninstall]);
+    EXPECT_FALSE(model.enabled[Command::DeselectInstalled]);
     EXPECT_EQ(files.CountLogged(L"List "), 1U);
 }
 
@@ -80,8 +80,8 @@ TEST_F(UninstallTest, ButtonsOfTheFileSelectionAreDecidedAnew) {
     ShowSelected(L"abc");
     SelectFiles({L"ombrel.exe"});
     Uninstall();
-    EXPECT_TRUE(model.buttons[3]);
-    EXPECT_TRUE(model.buttons[9]);
+    EXPECT_TRUE(model.enabled[Command::UpdateHost]);
+    EXPECT_TRUE(model.enabled[Command::DeselectFiles]);
 }
 
 TEST_F(UninstallTest, WithoutSelectionTheMissingDefinitionFileEndsIt) {

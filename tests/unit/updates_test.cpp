@@ -10,7 +10,7 @@ struct HostUpdateTest : testing::Test, MaintenanceScene {
     void ShowNewHost() {
         files.AddFile(L"C:\\Browsed\\ombrel.exe", "new");
         Show();
-        model.buttons[3] = true;
+        model.enabled[Command::UpdateHost] = true;
     }
     void Update() { UpdateHostProgram(model, platform); }
 };
@@ -25,12 +25,12 @@ TEST_F(HostUpdateTest, ReplacesItWithTheBrowsedCopyAfterAQuestionAndKeepsNoBacku
     messages.onShow = [&](const Box& box) {
         const bool asked = box.kind == Kind::AskOkCancel;
         EXPECT_EQ(files.Contents(L"C:\\VMR\\ombrel.exe"), asked ? "host" : "new");
-        EXPECT_TRUE(model.buttons[3]);
+        EXPECT_TRUE(model.enabled[Command::UpdateHost]);
     };
     Update();
     expected[L"C:\\VMR\\ombrel.exe"] = "new";
     EXPECT_EQ(files.Snapshot(), expected);
-    EXPECT_FALSE(model.buttons[3]);
+    EXPECT_FALSE(model.enabled[Command::UpdateHost]);
     EXPECT_THAT(messages.shown,
                 ElementsAre(Box{Kind::AskOkCancel, HostQuestion}, Box{Kind::Inform, HostDone}));
 }
@@ -40,7 +40,7 @@ TEST_F(HostUpdateTest, CancelChangesNothing) {
     messages.answer = false;
     Update();
     EXPECT_EQ(files.Contents(L"C:\\VMR\\ombrel.exe"), "host");
-    EXPECT_TRUE(model.buttons[3]);
+    EXPECT_TRUE(model.enabled[Command::UpdateHost]);
     EXPECT_THAT(messages.Texts(), ElementsAre(HostQuestion));
 }
 
@@ -89,7 +89,7 @@ struct BrowsedUpdate : MaintenanceScene {
         files.AddFile(L"C:\\Browsed\\" + file, "new");
         ShowSelected(L"abc");
         SelectFiles({file});
-        model.buttons[4] = true;
+        model.enabled[Command::UpdateDefinition] = true;
     }
     void Update() { UpdateDefinitionFile(model, platform); }
 };
@@ -103,7 +103,7 @@ TEST_F(BrowsedUpdateTest, ReplacesItWithTheSelectedFileAfterAQuestionAndEndsInTh
     files.AddDrive(L"D:");
     files.SetCurrentFolder(L"D:\\");
     Update();
-    EXPECT_FALSE(model.buttons[4]);
+    EXPECT_FALSE(model.enabled[Command::UpdateDefinition]);
     EXPECT_THAT(messages.shown,
                 ElementsAre(Box{Kind::AskOkCancel, L"abcをアップデートします。よろしいですか？"},
                             Box{Kind::Inform, L"abcのアップデートが完了しました。"}));
@@ -132,7 +132,7 @@ TEST_F(BrowsedUpdateTest, CancelChangesNothing) {
     const auto before = files.Snapshot();
     Update();
     EXPECT_EQ(files.Snapshot(), before);
-    EXPECT_TRUE(model.buttons[4]);
+    EXPECT_TRUE(model.enabled[Command::UpdateDefinition]);
     EXPECT_EQ(messages.shown.size(), 1U);
 }
 
@@ -210,7 +210,7 @@ TEST(Updates, LostSourcesEndEitherSilently) {
 
 // Expects the failure, the target's former contents, and no word of completion.
 void ExpectRefused(MaintenanceScene& scene, void (*update)(MaintenanceScene& scene),
-                   const std::wstring& target, size_t button, const std::wstring& reason) {
+                   const std::wstring& target, Command button, const std::wstring& reason) {
     SCOPED_TRACE(reason);
     auto number = ErrorNumber::PermissionDenied;
     if (reason == L"in use")
@@ -225,12 +225,12 @@ void ExpectRefused(MaintenanceScene& scene, void (*update)(MaintenanceScene& sce
         scene.files.DeleteTree(L"C:\\VMR");
         number = ErrorNumber::PathNotFound;
     }
-    scene.model.buttons[button] = true;
+    scene.model.enabled[button] = true;
     const auto before = scene.files.Snapshot();
     EXPECT_EQ(ErrorOf([&] { update(scene); }), number);
     EXPECT_EQ(scene.files.Snapshot(), before);
     EXPECT_EQ(scene.messages.shown.size(), 1U);
-    EXPECT_TRUE(scene.model.buttons[button]);
+    EXPECT_TRUE(scene.model.enabled[button]);
 }
 
 TEST(Updates, TargetsThatRefuseEndEither) {
@@ -238,11 +238,11 @@ TEST(Updates, TargetsThatRefuseEndEither) {
         BrowsedUpdate host(L"ombrel.exe");
         ExpectRefused(
             host, [](auto& scene) { UpdateHostProgram(scene.model, scene.platform); },
-            L"C:\\VMR\\ombrel.exe", 3, reason);
+            L"C:\\VMR\\ombrel.exe", Command::UpdateHost, reason);
         BrowsedUpdate definition;
         ExpectRefused(
             definition, [](auto& scene) { UpdateDefinitionFile(scene.model, scene.platform); },
-            L"C:\\VMR\\abc.obl", 4, reason);
+            L"C:\\VMR\\abc.obl", Command::UpdateDefinition, reason);
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include <cstring>
 
+#include "support/commands.h"
 #include "windows/form_check.h"
 #include "windows/window_scene.h"
 
@@ -76,15 +77,13 @@ class MainWindowTest : public WindowScene {
         Pump();
         return *form;
     }
-    HWND Command(int number) const { return Find(*form, ControlKind::Command, number); }
+    HWND Button(Command command) const {
+        return Find(*form, ControlKind::Command, static_cast<int>(command));
+    }
     HWND List(int number) const { return Find(*form, ControlKind::List, number); }
     std::wstring Status() const { return TextOf(Find(*form, ControlKind::Text, 2)); }
-    std::vector<int> EnabledCommands() const {
-        std::vector<int> enabled;
-        for (int number = 1; number <= 14; ++number)
-            if (IsEnabled(Command(number)))
-                enabled.push_back(number);
-        return enabled;
+    Commands Enabled() const {
+        return CommandsWhere([&](Command command) { return IsEnabled(Button(command)); });
     }
     int RowOf(HWND list, const std::wstring& entry) const {
         const auto entries = EntriesOf(list);
@@ -114,10 +113,9 @@ TEST_F(MainWindowTest, FitsASmallScreenAtEveryDensityWithRoomForEveryStatus) {
         EXPECT_LE(info.ptMinTrackSize.y, MulDiv(480, static_cast<int>(dpi), 96));
         ShrinkToMinimum(*form);
         const RECT line = ClientAreaOf(Find(*form, ControlKind::Text, 2));
-        for (size_t command = 1; command <= 14; ++command) {
-            const std::wstring text = MainScreen::StatusText(command).value_or(L"");
-            EXPECT_LE(form->Measure().Width(text) + 4, line.right) << command;
-        }
+        for (const Command command : CommandsWhere(MainScreen::StatusText))
+            EXPECT_LE(form->Measure().Width(*MainScreen::StatusText(command)) + 4, line.right)
+                << static_cast<int>(command);
     }
 }
 
@@ -125,10 +123,10 @@ TEST_F(MainWindowTest, FitsASmallScreenAtEveryDensityWithRoomForEveryStatus) {
 TEST_F(MainWindowTest, ListsAreWideEnoughForNamesOnANarrowScreen) {
     Open();
     const HWND label = Find(*form, ControlKind::Label, 5);
-    EXPECT_GE(AreaOf(label).left, AreaOf(Command(3)).right);
+    EXPECT_GE(AreaOf(label).left, AreaOf(Button(Command::UpdateHost)).right);
     MoveToDensity(*form, static_cast<unsigned>(MulDiv(144, GetSystemMetrics(SM_CXSCREEN), 800)));
     ShrinkToMinimum(*form);
-    EXPECT_GE(AreaOf(label).top, AreaOf(Command(3)).bottom);
+    EXPECT_GE(AreaOf(label).top, AreaOf(Button(Command::UpdateHost)).bottom);
     const int least[] = {24, 24, 16};
     for (const int number : {1, 2, 3}) {
         const RECT area = ClientAreaOf(List(number));
@@ -176,7 +174,7 @@ TEST_F(MainWindowTest, SettingsShowFolderManagementAndHideItOnlyAfterwards) {
     handOver.onShow = [&] {
         visibleMeanwhile = IsWindowVisible(form->Handle()) != 0;
     };
-    Click(Command(6));
+    Click(Button(Command::ManageFolders));
     EXPECT_TRUE(visibleMeanwhile);
     EXPECT_FALSE(IsWindowVisible(form->Handle()));
     EXPECT_EQ(handOver.shown, std::vector{NextWindow::FolderManagement});
@@ -195,7 +193,7 @@ TEST_F(MainWindowTest, ShowsWhatIsLoaded) {
     ASSERT_LT(selected, rows.size());
     EXPECT_EQ(rows[selected], L"  + packages");
     EXPECT_EQ(Status().substr(0, 16), L"Tamblin Ver.0.61");
-    EXPECT_EQ(EnabledCommands(), (std::vector{6, 8, 10, 12}));
+    EXPECT_EQ(Enabled(), NeedingNoSelection);
 }
 
 TEST_F(MainWindowTest, ItsListsGrowWithIt) {
@@ -208,7 +206,7 @@ TEST_F(MainWindowTest, ItsListsGrowWithIt) {
     std::vector<Size> before;
     for (int list = 1; list <= 3; ++list)
         before.push_back(sizeOf(List(list)));
-    const Size button = sizeOf(Command(3));
+    const Size button = sizeOf(Button(Command::UpdateHost));
     const RECT window = AreaOf(form->Handle());
     SetWindowPos(form->Handle(), nullptr, 0, 0, window.right - window.left + 200,
                  window.bottom - window.top + 200, SWP_NOMOVE | SWP_NOZORDER);
@@ -217,7 +215,7 @@ TEST_F(MainWindowTest, ItsListsGrowWithIt) {
         EXPECT_GT(after.width, before[static_cast<size_t>(list - 1)].width);
         EXPECT_GT(after.height, before[static_cast<size_t>(list - 1)].height);
     }
-    EXPECT_EQ(sizeOf(Command(3)).width, button.width);
+    EXPECT_EQ(sizeOf(Button(Command::UpdateHost)).width, button.width);
     EXPECT_EQ(MisplacedControls(*form), "");
 }
 
@@ -237,25 +235,25 @@ TEST_F(MainWindowTest, KeepsTheTreeRowThatTheUserHasClicked) {
 TEST_F(MainWindowTest, LightsTheButtonsThatFitTheSelections) {
     Open();
     SelectRows(List(2), {RowOf(List(2), L"a.lzh")});
-    EXPECT_EQ(EnabledCommands(), (std::vector{1, 6, 8, 9, 10, 12}));
+    EXPECT_EQ(Enabled(), ForPackages + NeedingNoSelection);
     SelectRows(List(2), {RowOf(List(2), L"a.lzh"), RowOf(List(2), L"ombrel.exe")});
     EXPECT_EQ(SelectedOf(List(2)), std::vector<std::wstring>{L"a.lzh"});
-    EXPECT_TRUE(IsEnabled(Command(1)));
+    EXPECT_TRUE(IsEnabled(Button(Command::Install)));
     SelectRows(List(2), {RowOf(List(2), L"ombrel.exe")});
-    EXPECT_EQ(EnabledCommands(), (std::vector{3, 6, 8, 9, 10, 12}));
-    Click(Command(9));
+    EXPECT_EQ(Enabled(), ForAProgram + NeedingNoSelection);
+    Click(Button(Command::DeselectFiles));
     EXPECT_TRUE(SelectedOf(List(2)).empty());
-    EXPECT_FALSE(IsEnabled(Command(9)));
+    EXPECT_FALSE(IsEnabled(Button(Command::DeselectFiles)));
     SelectRows(List(3), {1});
-    EXPECT_EQ(EnabledCommands(), (std::vector{5, 6, 7, 8, 10, 11, 12, 13}));
+    EXPECT_EQ(Enabled(), ForOneCharacter + NeedingNoSelection);
     SelectRows(List(3), {0, 1});
-    EXPECT_EQ(EnabledCommands(), (std::vector{5, 6, 7, 8, 10, 12}));
+    EXPECT_EQ(Enabled(), ForCharacters + NeedingNoSelection);
     SelectRows(List(2), {0, 1});
-    EXPECT_FALSE(IsEnabled(Command(2)));
-    Click(Command(7));
+    EXPECT_FALSE(IsEnabled(Button(Command::PrepareStaging)));
+    Click(Button(Command::DeselectInstalled));
     EXPECT_TRUE(SelectedOf(List(3)).empty());
-    EXPECT_FALSE(IsEnabled(Command(5)));
-    EXPECT_FALSE(IsEnabled(Command(7)));
+    EXPECT_FALSE(IsEnabled(Button(Command::Uninstall)));
+    EXPECT_FALSE(IsEnabled(Button(Command::DeselectInstalled)));
 }
 
 TEST_F(MainWindowTest, AnotherHostFolderShowsItsCharactersOrNoneAfterAFailure) {
@@ -306,7 +304,7 @@ TEST_F(MainWindowTest, DeleteAsksToUninstallTheSelectedCharacters) {
 
 TEST_F(MainWindowTest, F1OpensQuickHelpFromAnywhere) {
     Open();
-    for (const HWND focus : {List(1), Command(8), Find(*form, ControlKind::Combo, 1)}) {
+    for (const HWND focus : {List(1), Button(Command::Leave), Find(*form, ControlKind::Combo, 1)}) {
         SetFocus(focus);
         PressKey(VK_F1);
     }
@@ -346,7 +344,7 @@ TEST_F(MainWindowTest, F5ShowsWhatIsNewWhereTheUserIs) {
     EXPECT_EQ(SendMessageW(list, LB_GETCARETINDEX, 0, 0), RowOf(list, L"p150.lzh"));
     EXPECT_EQ(RowOf(List(3), L"Gamma"), 2);
     EXPECT_NE(RowOf(List(1), L"    + another"), static_cast<int>(EntriesOf(List(1)).size()));
-    EXPECT_TRUE(IsEnabled(Command(1)));
+    EXPECT_TRUE(IsEnabled(Button(Command::Install)));
 }
 
 TEST_F(MainWindowTest, BackspaceInTheTreeGoesUp) {
@@ -375,6 +373,14 @@ TEST_F(MainWindowTest, TheRightButtonMovesTheSelectionBeforeItsMenuOpens) {
     EXPECT_EQ(SendMessageW(List(3), LB_GETCARETINDEX, 0, 0), 1);
 }
 
+TEST_F(MainWindowTest, DoesWhatItsMenuSays) {
+    fake.files.AddFile(L"C:\\Vimora\\Beta\\Beta.txt");
+    Open();
+    SelectRows(List(3), {RowOf(List(3), L"Beta")});
+    SendMessageW(form->Handle(), WM_COMMAND, static_cast<WPARAM>(MenuItem::mnview), 0);
+    EXPECT_EQ(fake.shell.opened.size(), 1U);
+}
+
 // What the system hands over for files dropped on a window.
 void DropFiles(const Form& form, const std::vector<std::wstring>& paths) {
     std::wstring names;
@@ -399,7 +405,7 @@ TEST_F(MainWindowTest, DroppedArchivesAreReadyToInstall) {
     DropFiles(*form, {L"C:\\Downloads\\表.lzh"});
     EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\Downloads\\");
     EXPECT_EQ(SelectedOf(List(2)), std::vector<std::wstring>{L"表.lzh"});
-    EXPECT_TRUE(IsEnabled(Command(1)));
+    EXPECT_TRUE(IsEnabled(Button(Command::Install)));
     EXPECT_EQ(GetFocus(), List(2));
     EXPECT_EQ(SendMessageW(List(2), LB_GETCARETINDEX, 0, 0), RowOf(List(2), L"表.lzh"));
 }
@@ -416,12 +422,12 @@ TEST_F(MainWindowTest, DropsAreRefusedWhileAnOperationHoldsIt) {
 
 TEST_F(MainWindowTest, ExplainsTheButtonUnderThePointerEnabledOrNot) {
     Open();
-    ASSERT_FALSE(IsEnabled(Command(1)));
-    for (const int number : {1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14}) {
-        MovePointerOver(*form, Command(number));
-        EXPECT_EQ(Status(), MainScreen::StatusText(static_cast<size_t>(number)));
-        MovePointerOver(*form, Command(2)); // which has none
-        EXPECT_EQ(Status(), MainScreen::StatusText(static_cast<size_t>(number)));
+    ASSERT_FALSE(IsEnabled(Button(Command::Install)));
+    for (const Command command : CommandsWhere(MainScreen::StatusText)) {
+        MovePointerOver(*form, Button(command));
+        EXPECT_EQ(Status(), MainScreen::StatusText(command));
+        MovePointerOver(*form, Button(Command::PrepareStaging)); // which has none
+        EXPECT_EQ(Status(), MainScreen::StatusText(command));
     }
     MovePointerTo(*form, {1, 1});
     EXPECT_EQ(Status(), L"");
@@ -432,9 +438,9 @@ TEST_F(MainWindowTest, ExplainsTheButtonThatHasTheKeyboard) {
     const std::wstring before = Status();
     SetFocus(List(2));
     EXPECT_EQ(Status(), before);
-    for (const int number : {6, 8, 10, 12}) {
-        SetFocus(Command(number));
-        EXPECT_EQ(Status(), MainScreen::StatusText(static_cast<size_t>(number)));
+    for (const Command command : NeedingNoSelection) {
+        SetFocus(Button(command));
+        EXPECT_EQ(Status(), MainScreen::StatusText(command));
     }
 }
 
@@ -448,21 +454,25 @@ TEST_F(MainWindowTest, TypingInTheTreeGoesByTheFoldersName) {
 
 TEST_F(MainWindowTest, LabelsAreGreyWithTheirButtons) {
     Open();
-    constexpr std::pair<int, int> pairs[] = {{1, 2}, {2, 4}, {3, 5}, {4, 6}, {11, 10}, {14, 9}};
+    constexpr std::pair<Command, int> pairs[] = {{Command::Install, 2},
+                                                 {Command::PrepareStaging, 4},
+                                                 {Command::UpdateHost, 5},
+                                                 {Command::UpdateDefinition, 6},
+                                                 {Command::SetStartUpCharacter, 10},
+                                                 {Command::ShowReadme, 9}};
     const auto expectAlike = [&] {
         for (const auto& [command, label] : pairs)
-            EXPECT_EQ(IsEnabled(Find(*form, ControlKind::Label, label)),
-                      IsEnabled(Command(command)))
-                << command;
+            EXPECT_EQ(IsEnabled(Find(*form, ControlKind::Label, label)), IsEnabled(Button(command)))
+                << label;
     };
     EXPECT_TRUE(IsEnabled(Find(*form, ControlKind::Label, 12)));
-    ASSERT_FALSE(IsEnabled(Command(1)));
+    ASSERT_FALSE(IsEnabled(Button(Command::Install)));
     expectAlike();
     SelectRows(List(2), {RowOf(List(2), L"a.lzh")});
-    ASSERT_TRUE(IsEnabled(Command(1)));
+    ASSERT_TRUE(IsEnabled(Button(Command::Install)));
     expectAlike();
     SelectRows(List(3), {0});
-    ASSERT_TRUE(IsEnabled(Command(11)));
+    ASSERT_TRUE(IsEnabled(Button(Command::SetStartUpCharacter)));
     expectAlike();
 }
 
@@ -486,7 +496,7 @@ TEST_F(MainWindowTest, ComingFromAnotherWindowItShowsWhatHasChanged) {
 TEST_F(MainWindowTest, ItsExitButtonAndItsCloseBoxSaveThenAsk) {
     const auto leave = [&](bool byButton) {
         if (byButton)
-            Click(Command(8));
+            Click(Button(Command::Leave));
         else
             SendMessageW(form->Handle(), WM_CLOSE, 0, 0);
     };
@@ -531,7 +541,7 @@ TEST_F(MainWindowTest, TakesEveryOtherWindowAlong) {
 TEST_F(MainWindowTest, SettingsThatCannotBeSavedEndTheProgram) {
     Open();
     fake.files.SetCapacity(L"C:", 0);
-    Click(Command(8));
+    Click(Button(Command::Leave));
     EXPECT_EQ(timesEnded, 1);
     ASSERT_FALSE(fake.messages.shown.empty());
     EXPECT_EQ(fake.messages.shown[0].icon, MessageIcon::Stop);
@@ -562,7 +572,7 @@ class InstallWindowTest : public MainWindowTest {
     void InstallAnd(const std::function<void(Form&)>& step) {
         SelectRows(List(2), {RowOf(List(2), L"new.lzh")});
         WhenAsked(step);
-        Click(Command(1));
+        Click(Button(Command::Install));
     }
 };
 
@@ -577,8 +587,8 @@ TEST_F(InstallWindowTest, EndsWithTheCharacterInTheList) {
     EXPECT_EQ(RowOf(List(3), L"New"), 2);
     EXPECT_TRUE(SelectedOf(List(2)).empty());
     EXPECT_TRUE(IsEnabled(form->Handle()));
-    EXPECT_TRUE(IsEnabled(Command(1)));
-    EXPECT_FALSE(IsEnabled(Command(9)));
+    EXPECT_TRUE(IsEnabled(Button(Command::Install)));
+    EXPECT_FALSE(IsEnabled(Button(Command::DeselectFiles)));
     EXPECT_EQ(GetActiveWindow(), form->Handle());
 }
 
@@ -613,25 +623,25 @@ TEST_F(InstallWindowTest, ReturnAndADoubleClickOnAnArchiveInstallIt) {
 TEST_F(InstallWindowTest, IsSeenDisabledBeforeThePackageIsUnpacked) {
     Open();
     Pump();
-    SetFocus(Command(1));
+    SetFocus(Button(Command::Install));
     bool unpacked = false;
     fake.unlha.onUnpack = [&](const std::wstring&) {
         unpacked = true;
         EXPECT_FALSE(IsEnabled(form->Handle()));
-        EXPECT_FALSE(IsEnabled(Command(1)));
+        EXPECT_FALSE(IsEnabled(Button(Command::Install)));
         EXPECT_FALSE(IsEnabled(Find(*form, ControlKind::Label, 2)));
-        EXPECT_NE(GetFocus(), Command(1));
-        EXPECT_FALSE(GetUpdateRect(Command(1), nullptr, FALSE)); // painted so
+        EXPECT_NE(GetFocus(), Button(Command::Install));
+        EXPECT_FALSE(GetUpdateRect(Button(Command::Install), nullptr, FALSE)); // painted so
         fake.files.AddFile(L"C:\\TAMTMP\\New.obl");
         fake.files.AddFolder(L"C:\\TAMTMP\\New");
         return std::int16_t{0};
     };
     SelectRows(List(2), {RowOf(List(2), L"new.lzh")});
-    SetFocus(Command(1));
+    SetFocus(Button(Command::Install));
     WhenAsked([](Form& confirmation) { Click(Find(confirmation, ControlKind::Command, 1)); });
-    Click(Command(1));
+    Click(Button(Command::Install));
     EXPECT_TRUE(unpacked);
-    EXPECT_EQ(GetFocus(), Command(1)); // where the user was
+    EXPECT_EQ(GetFocus(), Button(Command::Install)); // where the user was
 }
 
 TEST_F(InstallWindowTest, TheEndOfTheSessionInstallsNothing) {
@@ -652,7 +662,7 @@ TEST_F(InstallWindowTest, EscapeCancelsIt) {
     EXPECT_EQ(fake.messages.Texts(), std::vector<std::wstring>{L"インストールを中止しました。"});
     EXPECT_EQ(EntriesOf(List(3)).size(), 3u);
     EXPECT_EQ(SelectedOf(List(2)), std::vector<std::wstring>{L"new.lzh"});
-    EXPECT_TRUE(IsEnabled(Command(1)));
+    EXPECT_TRUE(IsEnabled(Button(Command::Install)));
 }
 
 TEST_F(InstallWindowTest, ADamagedPackageLeavesTheWindowUsable) {
@@ -661,11 +671,11 @@ TEST_F(InstallWindowTest, ADamagedPackageLeavesTheWindowUsable) {
         return std::int16_t{1};
     };
     SelectRows(List(2), {RowOf(List(2), L"new.lzh")});
-    Click(Command(1));
+    Click(Button(Command::Install));
     EXPECT_EQ(fake.messages.Texts(),
               std::vector<std::wstring>{L"パッケージの解凍に失敗しました。"});
     EXPECT_TRUE(IsEnabled(form->Handle()));
-    EXPECT_FALSE(IsEnabled(Command(1)));
+    EXPECT_FALSE(IsEnabled(Button(Command::Install)));
 }
 
 TEST_F(InstallWindowTest, AFullDiskIsReportedAndLeavesTheWindowUsable) {

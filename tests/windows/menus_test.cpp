@@ -1,5 +1,5 @@
-// The two menus: their items, and when a form takes what is chosen.
-#include "maintenance/menus.h"
+// Menus: their rows, and when a form takes what is chosen.
+#include "ui/popup_menu.h"
 
 #include "windows/window_scene.h"
 
@@ -9,18 +9,10 @@ namespace {
 class MenuForm : public Form {
   public:
     explicit MenuForm(Application& owner) : Form(owner, 111, L"Menus", FormFrame::Resizable) {}
-    std::vector<int> chosen;
+    std::vector<MenuItem> chosen;
 
   private:
-    void MenuChosen(int item) override { chosen.push_back(item); }
-};
-
-struct Item {
-    int id = 0; // 0 for a separator
-    std::wstring caption;
-    bool enabled = true;
-
-    bool operator==(const Item&) const = default;
+    void MenuChosen(MenuItem item) override { chosen.push_back(item); }
 };
 
 class MenusTest : public WindowScene {
@@ -32,8 +24,8 @@ class MenusTest : public WindowScene {
 
     // What stands in the menu that `show` opens; it is closed again.
     template <class Show>
-    std::vector<Item> ItemsOf(const Show& show) {
-        std::vector<Item> items;
+    Menu ItemsOf(const Show& show) {
+        Menu items;
         Meanwhile([&] {
             constexpr UINT getMenuHandle = 0x01E1; // MN_GETHMENU, which not every header has
             const HWND window = FindWindowW(L"#32768", nullptr);
@@ -47,15 +39,17 @@ class MenusTest : public WindowScene {
         return items;
     }
 
-    static std::vector<Item> Read(HMENU menu) {
-        std::vector<Item> items;
+    static Menu Read(HMENU menu) {
+        Menu items;
         for (int place = 0; place < GetMenuItemCount(menu); ++place) {
             wchar_t caption[100]{};
             GetMenuStringW(menu, static_cast<UINT>(place), caption, 100, MF_BYPOSITION);
             const UINT state = GetMenuState(menu, static_cast<UINT>(place), MF_BYPOSITION);
-            const auto id = static_cast<int>(GetMenuItemID(menu, place));
-            items.push_back({(state & MF_SEPARATOR) ? 0 : id, caption,
-                             (state & (MF_GRAYED | MF_DISABLED)) == 0});
+            if (state & MF_SEPARATOR)
+                items.push_back({});
+            else
+                items.push_back({static_cast<MenuItem>(GetMenuItemID(menu, place)), caption,
+                                 (state & (MF_GRAYED | MF_DISABLED)) == 0});
         }
         return items;
     }
@@ -63,41 +57,29 @@ class MenusTest : public WindowScene {
     MenuForm form{application};
 };
 
-TEST_F(MenusTest, OfACharacter) {
-    for (const bool readme : {false, true}) {
-        const auto items = ItemsOf([&] {
-            Form10::ShowCharacterMenu(form, {50, 50}, {.readmeEnabled = readme});
-        });
-        ASSERT_EQ(items.size(), 4u);
-        EXPECT_EQ(items[0], (Item{Form10::mnrun, L"オンブレルの起動"}));
-        EXPECT_EQ(items[1], (Item{Form10::mnview, L"READMEの表示", readme}));
-        EXPECT_EQ(items[2].id, 0);
-        EXPECT_EQ(items[3], (Item{Form10::mncancel, L"キャンセル"}));
-    }
+TEST_F(MenusTest, HoldTheirRowsInOrder) {
+    const Menu menu{{MenuItem::mnrun, L"一"}, {MenuItem::mnview, L"二", false}, {}};
+    EXPECT_EQ(ItemsOf([&] { ShowMenu(menu, form, {50, 50}); }), menu);
 }
 
-TEST_F(MenusTest, OfAFolder) {
-    const auto items = ItemsOf([&] { Form10::ShowFolderMenu(form, {50, 50}); });
-    ASSERT_EQ(items.size(), 3u);
-    EXPECT_EQ(items[0], (Item{Form10::mnmv, L"ごみ箱へ移動"}));
-    EXPECT_EQ(items[1].id, 0);
-    EXPECT_EQ(items[2], (Item{Form10::mncan, L"キャンセル"}));
+TEST_F(MenusTest, OpenNotWhenTheyAreEmpty) {
+    ShowMenu({}, form, {50, 50});
 }
 
 TEST_F(MenusTest, ReachNoFormThatIsDisabledOrHeld) {
     const auto choose = [&] {
-        SendMessageW(form.Handle(), WM_COMMAND, Form10::mnrun, 0);
+        SendMessageW(form.Handle(), WM_COMMAND, static_cast<WPARAM>(MenuItem::mnrun), 0);
         return std::exchange(form.chosen, {});
     };
-    EXPECT_EQ(choose(), std::vector<int>{Form10::mnrun});
+    EXPECT_EQ(choose(), std::vector{MenuItem::mnrun});
     EnableWindow(form.Handle(), FALSE);
-    EXPECT_EQ(choose(), std::vector<int>{});
+    EXPECT_EQ(choose(), std::vector<MenuItem>{});
     EnableWindow(form.Handle(), TRUE);
     {
         const Form::Held held(form);
-        EXPECT_EQ(choose(), std::vector<int>{});
+        EXPECT_EQ(choose(), std::vector<MenuItem>{});
     }
-    EXPECT_EQ(choose(), std::vector<int>{Form10::mnrun});
+    EXPECT_EQ(choose(), std::vector{MenuItem::mnrun});
 }
 
 } // namespace
