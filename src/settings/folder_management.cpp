@@ -10,10 +10,10 @@ void FolderManagement::Load() {
 void FolderManagement::Activate() {
     leaveEnabled = false;
     folders.Clear();
-    for (size_t slot = 1; slot <= static_cast<size_t>(state.HostFolderCount); ++slot) {
-        folders.Add(state.HostFolders[slot]);
-        if (state.HostFolders[slot] == state.DefaultFolder)
-            folders.Select(slot - 1);
+    for (const std::wstring& folder : state.Registered()) {
+        folders.Add(folder);
+        if (folder == state.DefaultFolder)
+            folders.Select(folders.Size() - 1);
     }
     if (state.ChangedSlot > 0 && state.ChangedSlot <= state.HostFolderCount) {
         folders.DeselectAll();
@@ -21,7 +21,7 @@ void FolderManagement::Activate() {
     }
     state.ChangedSlot = 0;
 
-    addEnabled = state.HostFolderCount < HostFolderLimit;
+    addEnabled = !state.IsFull();
     if (state.HostFolderCount == 0)
         leaveEnabled = true;
     if (folders.FirstSelected())
@@ -55,12 +55,10 @@ void FolderManagement::DeletePressed() {
     const auto deleted = folders.FirstSelected();
     if (!deleted)
         return;
-    size_t slot = 0;
-    for (size_t line = 0; line < folders.Size(); ++line) {
+    state.HostFolderCount = 0;
+    for (size_t line = 0; line < folders.Size(); ++line)
         if (line != *deleted)
-            state.HostFolders[++slot] = folders[line];
-    }
-    state.HostFolderCount = static_cast<std::int16_t>(slot);
+            state.Register(folders[line]);
     Activate();
 }
 

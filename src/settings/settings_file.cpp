@@ -123,7 +123,7 @@ bool SettingsFile::TakeVersion(std::string_view version) {
 void SettingsFile::ReadFolders(std::string_view bytes, bool& result) {
     state.HostFolderCount = 0;
     LineReader lines(bytes);
-    while (state.HostFolderCount < HostFolderLimit) {
+    while (!state.IsFull()) {
         const auto line = lines.Next();
         if (!line)
             break;
@@ -133,8 +133,7 @@ void SettingsFile::ReadFolders(std::string_view bytes, bool& result) {
             platform.ansi.Decode(line->substr(setting_keys::VmrFolder.size()));
         if (folder.size() <= 2 || !IsHostFolder(WithBackslash(folder), platform.files))
             continue;
-        ++state.HostFolderCount;
-        state.HostFolders[static_cast<size_t>(state.HostFolderCount)] = folder;
+        state.Register(folder);
         result = true;
     }
 }

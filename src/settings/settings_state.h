@@ -2,20 +2,14 @@
 // windows, written back when the user leaves.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 
+#include "settings/host_folder_slots.h"
+
 namespace tamblin {
 
-inline constexpr std::int16_t HostFolderLimit = 10;
-
-struct SettingsState {
-    // Slots 1 to HostFolderCount hold the registered host folders exactly as they were entered.
-    // Slot 0 is unused, slot 11 is spare room.
-    std::array<std::wstring, 12> HostFolders;
-    std::int16_t HostFolderCount = 0;
-
+struct SettingsState : HostFolderSlots {
     std::wstring DefaultFolder;     // the current host folder; empty when there is none
     std::wstring ViewFolder;        // the browser's folder as the settings file had it
     std::wstring BrowseStartFolder; // the browser's folder now, with a trailing "\"
@@ -29,8 +23,7 @@ struct SettingsState {
 
     bool OpenedFromMainWindow = false; // folder management was, at least once in this run
 
-    // Set-up. Slots HostFolderCount + 1 to WorkingFolderCount hold what a search has found so far.
-    std::int16_t WorkingFolderCount = 0;
+    // Set-up.
     bool SearchRunning = false;
     bool WizardFromManagement = false; // else the wizard belongs to the first run
     std::int16_t ChoiceStage = 1;      // 1 which folders to register, 2 which is the default

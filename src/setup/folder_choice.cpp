@@ -13,16 +13,16 @@ void FolderChoice::Load() {
 }
 
 void FolderChoice::LoadFirstStage() {
-    const auto first = state.HostFolders.begin() + 1;
-    folders.assign(first, first + state.WorkingFolderCount);
+    const auto all = state.RegisteredAndFound();
+    folders.assign(all.begin(), all.end());
     ticks.assign(folders.size(), false);
     std::fill_n(ticks.begin(), state.HostFolderCount, true);
     okEnabled = state.HostFolderCount > 0;
 }
 
 void FolderChoice::LoadSecondStage() {
-    const auto first = state.HostFolders.begin() + 1;
-    folders.assign(first, first + state.HostFolderCount);
+    const auto registered = state.Registered();
+    folders.assign(registered.begin(), registered.end());
     ticks.clear();
     chosen.reset();
     okEnabled = false;
@@ -47,10 +47,10 @@ NextWindow FolderChoice::OkPressed() {
     if (!InFirstStage())
         return Finish();
     for (size_t line = 0; line < folders.size(); ++line) {
-        if (ticks[line])
-            RegisterTicked(folders[line]);
-        else
+        if (!ticks[line])
             DropUnticked(folders[line]);
+        else if (!state.IsRegistered(folders[line]))
+            state.Register(folders[line]);
     }
     if (state.HostFolderCount < 2)
         return Finish();
@@ -73,15 +73,6 @@ void FolderChoice::DropUnticked(const std::wstring& folder) {
             state.HostFolders[static_cast<size_t>(slot)];
         --state.HostFolderCount;
     }
-}
-
-void FolderChoice::RegisterTicked(const std::wstring& folder) {
-    const auto first = state.HostFolders.begin() + 1;
-    const auto last = first + state.HostFolderCount;
-    if (std::find(first, last, folder) != last)
-        return;
-    ++state.HostFolderCount;
-    state.HostFolders[static_cast<size_t>(state.HostFolderCount)] = folder;
 }
 
 // The one folder of a first run is its default: there is nothing to choose.

@@ -38,7 +38,6 @@ class FolderChoice {
     void LoadFirstStage();
     void LoadSecondStage();
     void DropUnticked(const std::wstring& folder);
-    void RegisterTicked(const std::wstring& folder);
     NextWindow Finish();
 
     SettingsState& state;

@@ -1,7 +1,6 @@
 #include "setup/host_search.h"
 
 #include <algorithm>
-#include <new>
 
 #include "base/text.h"
 #include "settings/host_folder_list.h"
@@ -21,14 +20,19 @@ std::wstring Normalised(const std::wstring& folder) {
 
 } // namespace
 
-// Subfolders are visited from the last to the first, so the ones still to visit are the front.
 struct HostSearch::Visit {
     std::wstring folder;
-    std::vector<std::wstring> subfolders;
+    // Still to visit, from the last to the first.
+    std::vector<std::wstring> subfolders = {};
     std::uint64_t files = 0;       // those that lists of files show
     bool holdsHostProgram = false; // whatever its attributes, as for the start-up file
     bool holdsStartUpFile = false;
 
+    Visit NextSubfolder() {
+        Visit next{WithBackslash(folder) + subfolders.back()};
+        subfolders.pop_back();
+        return next;
+    }
     void TakeFile(const FolderEntry& file) {
         holdsHostProgram |= EqualIgnoringCase(file.name, HostProgramName);
         holdsStartUpFile |= EqualIgnoringCase(file.name, HostStartUpFileName);
@@ -48,8 +52,8 @@ std::wstring SearchProgress::FoundText() const {
 NextWindow HostSearch::SearchAllDrives() {
     progress = {};
     volumes.clear();
-    outOfMemory = false;
-    state.WorkingFolderCount = state.HostFolderCount;
+    stop = Stop::No;
+    state.BeginSearch();
     state.SearchRunning = true;
     try {
         for (const Drive& drive : platform.files.Drives()) {
@@ -58,11 +62,11 @@ NextWindow HostSearch::SearchAllDrives() {
             if (!MayGoOn())
                 break;
         }
+        if (stop == Stop::Abandoned)
+            return NextWindow::Stay;
         platform.files.SetCurrentFolder(platform.programFolder);
     } catch (const RunTimeError& error) {
         Report(error);
-        return NextWindow::Stay;
-    } catch (const Abandoned&) {
         return NextWindow::Stay;
     }
     if (onSettling)
@@ -73,9 +77,9 @@ NextWindow HostSearch::SearchAllDrives() {
 // A drive that is not available is passed over; any other failure to open it ends the search.
 void HostSearch::SearchDrive(const std::wstring& root) {
     progress.drive = UpperCase(root);
-    Visit visit;
+    Visit visit{root};
     try {
-        visit = ListVisit(root);
+        ListVisit(visit);
     } catch (const RunTimeError& error) {
         if (error.Number() != ErrorNumber::DeviceUnavailable)
             throw;
@@ -84,69 +88,72 @@ void HostSearch::SearchDrive(const std::wstring& root) {
     SearchFolderTree(std::move(visit));
 }
 
+// A search that stops before it has entered a subfolder leaves the folder above without a look at
+// its files; the folders above that one still get theirs.
 void HostSearch::SearchFolderTree(Visit root) {
     if (!YieldForVisit())
         return;
-    std::vector<Visit> visits;
-    visits.push_back(std::move(root));
-    while (!visits.empty()) {
-        if (MayGoOn() && !visits.back().subfolders.empty()) {
-            EnterSubfolder(visits);
+    std::vector<Visit> way{std::move(root)};
+    while (!way.empty()) {
+        if (!MayGoOn() || way.back().subfolders.empty()) {
+            LookAtFiles(way.back());
+            way.pop_back();
             continue;
         }
-        LookAtFiles(visits.back());
-        visits.pop_back();
+        Visit subfolder = way.back().NextSubfolder();
+        switch (EnterSubfolder(subfolder)) {
+            case Entered::Yes:
+                way.push_back(std::move(subfolder));
+                break;
+            case Entered::PassedOver:
+                break;
+            case Entered::StoppedBefore:
+                way.pop_back();
+                break;
+            case Entered::DriveIsOver:
+                return;
+        }
     }
 }
 
-// False when the user has cancelled meanwhile.
+// False when the search has been stopped meanwhile.
 bool HostSearch::YieldForVisit() {
     state.SearchRunning = true;
-    platform.events.Yield();
-    if (abandoned)
-        throw Abandoned();
-    return state.SearchRunning;
+    events.Yield();
+    return MayGoOn();
 }
 
-// A search that stops at once in a subfolder leaves the folder above it without a look at its
-// files; the folders above that one still get theirs.
-void HostSearch::EnterSubfolder(std::vector<Visit>& visits) {
-    const std::wstring folder =
-        WithBackslash(visits.back().folder) + visits.back().subfolders.back();
-    visits.back().subfolders.pop_back();
-    if (!YieldForVisit()) {
-        visits.pop_back();
-        return;
-    }
+HostSearch::Entered HostSearch::EnterSubfolder(Visit& subfolder) {
+    if (!YieldForVisit())
+        return stop == Stop::Abandoned ? Entered::DriveIsOver : Entered::StoppedBefore;
     try {
-        visits.push_back(ListVisit(folder));
+        ListVisit(subfolder);
+        return Entered::Yes;
     } catch (const RunTimeError& error) {
-        GiveUpSubfolder(error, visits);
+        return GiveUpSubfolder(error);
     }
 }
 
 // A folder that the user may not open, or that has vanished since it was listed, is an empty one.
 // Every drive of Windows holds dozens of the first kind.
-void HostSearch::GiveUpSubfolder(const RunTimeError& error, std::vector<Visit>& visits) {
+HostSearch::Entered HostSearch::GiveUpSubfolder(const RunTimeError& error) {
     switch (error.Number()) {
         case ErrorNumber::OutOfMemory:
             platform.messages.Inform(OutOfMemoryText);
-            outOfMemory = true;
-            visits.pop_back();
-            break;
+            stop = Stop::OutOfMemory;
+            return Entered::StoppedBefore;
         case ErrorNumber::DeviceUnavailable:
             // What is mounted in the folder is not available: passed over, as a drive would be.
-            if (IsThere(visits.front().folder))
-                break;
+            if (IsThere(progress.drive))
+                return Entered::PassedOver;
             Report(error);
-            visits.clear(); // each of the drive's folders would fail
-            break;
+            return Entered::DriveIsOver; // each of its folders would fail
         case ErrorNumber::DeviceIo:
         case ErrorNumber::DiskNotReady:
             Report(error);
-            break;
+            return Entered::PassedOver;
         default:
-            break;
+            return Entered::PassedOver;
     }
 }
 
@@ -158,25 +165,14 @@ bool HostSearch::IsThere(const std::wstring& root) {
     }
 }
 
-HostSearch::Visit HostSearch::ListVisit(const std::wstring& folder) {
-    try {
-        return ListVisitUnguarded(folder);
-    } catch (const std::bad_alloc&) {
-        throw RunTimeError(ErrorNumber::OutOfMemory);
-    }
-}
-
-HostSearch::Visit HostSearch::ListVisitUnguarded(const std::wstring& folder) {
-    Visit visit;
-    visit.folder = folder;
-    for (FolderEntry& entry : platform.files.List(folder)) {
+void HostSearch::ListVisit(Visit& visit) {
+    for (FolderEntry& entry : platform.files.List(visit.folder)) {
         const FileAttributes& attributes = entry.attributes;
         if (!attributes.folder)
             visit.TakeFile(entry);
-        else if (IsToBeSearched(WithBackslash(folder) + entry.name, attributes))
+        else if (IsToBeSearched(WithBackslash(visit.folder) + entry.name, attributes))
             visit.subfolders.push_back(std::move(entry.name));
     }
-    return visit;
 }
 
 // What is hidden as a part of the system (the recycle bin, restore points) is no place for a host.
@@ -207,17 +203,11 @@ void HostSearch::LookAtFiles(const Visit& visit) {
         ++progress.folders;
 }
 
-// Only the folders registered before the search are compared. With ten in the list each find takes
-// the tenth slot.
+// Only the folders registered before the search are compared.
 void HostSearch::TakeFound(const std::wstring& folder) {
-    const auto first = state.HostFolders.begin() + 1;
-    const auto last = first + state.HostFolderCount;
-    if (std::find(first, last, folder) != last)
+    if (state.IsRegistered(folder))
         return;
-    if (state.WorkingFolderCount >= HostFolderLimit)
-        state.WorkingFolderCount = HostFolderLimit - 1;
-    ++state.WorkingFolderCount;
-    state.HostFolders[static_cast<size_t>(state.WorkingFolderCount)] = folder;
+    state.AddFound(folder);
     ++progress.found;
 }
 
@@ -226,8 +216,7 @@ NextWindow HostSearch::Settle() {
     const int after = state.WorkingFolderCount;
     if (!state.SearchRunning) {
         platform.messages.Inform(CancelledText);
-        for (int slot = before + 1; slot <= after; ++slot)
-            state.HostFolders[static_cast<size_t>(slot)].clear();
+        state.ForgetFound();
         return NextWindow::SetUpWizard;
     }
     if (after == before && before > 0)

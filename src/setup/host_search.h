@@ -29,18 +29,19 @@ struct SearchProgress {
 
 class HostSearch {
   public:
-    HostSearch(Platform& surroundings, SettingsState& settings)
-        : platform(surroundings), state(settings) {}
+    HostSearch(Platform& surroundings, EventLoop& betweenFolders, SettingsState& settings)
+        : platform(surroundings), events(betweenFolders), state(settings) {}
 
-    // Walks all fixed drives, yielding once per folder, and settles the result: where to go next,
-    // or Stay when a failure has ended the search and left the windows as they are. What was found
-    // and is to be chosen from stands in the slots behind the registered folders.
+    // Walks all fixed drives, yielding to `betweenFolders` once per folder, and settles the result:
+    // where to go next, or Stay when a failure has ended the search and left the windows as they
+    // are. What was found and is to be chosen from stands in the slots behind the registered
+    // folders.
     NextWindow SearchAllDrives();
 
     // The cancel button: the next folder visit ends the search.
     void Cancel() { state.SearchRunning = false; }
     // The program ends: the search does too, at the next folder visit, without another word.
-    void Abandon() { abandoned = true; }
+    void Abandon() { stop = Stop::Abandoned; }
 
     // Called when the walk is over and nothing has been said of its result yet.
     std::function<void()> onSettling;
@@ -48,33 +49,33 @@ class HostSearch {
     const SearchProgress& Progress() const { return progress; }
 
   private:
-    struct Abandoned {};
     struct Visit; // a folder on the way from the drive's root down to the current one
+    // What ends the search beside the user, who clears SearchRunning.
+    enum class Stop { No, OutOfMemory, Abandoned };
+    enum class Entered { Yes, PassedOver, StoppedBefore, DriveIsOver };
 
     void SearchDrive(const std::wstring& root);
     void SearchFolderTree(Visit root);
     bool YieldForVisit();
-    bool MayGoOn() const { return state.SearchRunning && !outOfMemory; }
-    void EnterSubfolder(std::vector<Visit>& visits);
-    void GiveUpSubfolder(const RunTimeError& error, std::vector<Visit>& visits);
+    bool MayGoOn() const { return state.SearchRunning && stop == Stop::No; }
+    Entered EnterSubfolder(Visit& subfolder);
+    Entered GiveUpSubfolder(const RunTimeError& error);
     bool IsThere(const std::wstring& root);
     void LookAtFiles(const Visit& visit);
     void TakeFound(const std::wstring& folder);
-    // A lack of memory is a RunTimeError like others here, with a message of its own.
-    Visit ListVisit(const std::wstring& folder);
-    Visit ListVisitUnguarded(const std::wstring& folder);
+    void ListVisit(Visit& visit);
     bool IsToBeSearched(const std::wstring& folder, const FileAttributes& attributes);
     bool IsVolumeYetToBeSearched(const std::wstring& folder);
     NextWindow Settle();
     void Report(const RunTimeError& error);
 
     Platform& platform;
+    EventLoop& events;
     SettingsState& state;
     SearchProgress progress;
     std::set<std::wstring> volumes; // that stand for themselves; filled when the first mounted
                                     // one is met
-    bool outOfMemory = false;
-    bool abandoned = false;
+    Stop stop = Stop::No;
 };
 
 } // namespace tamblin

@@ -87,7 +87,7 @@ NextWindow ManualFolder::MorePressed(const std::wstring& folder) {
     RegisterHostFolder(state, folder, platform);
     if (state.EditMode)
         return BackToManagement();
-    if (state.HostFolderCount >= HostFolderLimit)
+    if (state.IsFull())
         return ChooseDefault();
     return NextWindow::ManualFolder;
 }

@@ -21,16 +21,7 @@ std::unique_ptr<LayoutItem> Line(Label& caption, WidthGroup& captions, Label& va
 Form4::Form4(Application& owner, Platform& surroundings, SettingsState& settings)
     : Form(owner, 4, L"VMRフォルダを検索中... - Tamblin -", FormFrame::Fixed),
       platform(surroundings),
-      searched{surroundings.files,
-               surroundings.shell,
-               surroundings.starter,
-               surroundings.messages,
-               *this,
-               surroundings.unlha,
-               surroundings.ansi,
-               surroundings.progress,
-               surroundings.programFolder},
-      search(searched, settings) {
+      search(surroundings, *this, settings) {
     // A box of the settling stands over counters that say how far the search has come.
     search.onSettling = [this] {
         ShowProgress();

@@ -27,7 +27,6 @@ class Form4 : public Form, private EventLoop {
     std::unique_ptr<LayoutItem> MakeLayout();
 
     Platform& platform;
-    Platform searched; // yields through this window
     HostSearch search;
     bool searching = false;
     ULONGLONG lastPainted = 0; // milliseconds

@@ -45,7 +45,7 @@ struct SearchScene : PlatformFake {
     }
 
     SettingsState state;
-    HostSearch search{platform, state};
+    HostSearch search{platform, events, state};
 };
 
 struct HostSearchTest : testing::Test, SearchScene {};
@@ -118,7 +118,7 @@ TEST_F(HostSearchTest, FindsOfTheSameSearchAreNotCompared) {
     twice.AddFolder(L"C:\\Tamblin");
     AddHost(twice, L"C:\\VMR");
     Platform overTwice = PlatformOver(twice);
-    HostSearch(overTwice, state).SearchAllDrives();
+    HostSearch(overTwice, events, state).SearchAllDrives();
     EXPECT_THAT(Found(), ElementsAre(L"C:\\VMR", L"C:\\VMR"));
 }
 

@@ -155,7 +155,7 @@ std::optional<FolderEntry> Win32FileSystem::Find(const std::wstring& path) {
     return entry;
 }
 
-std::vector<FolderEntry> Win32FileSystem::List(const std::wstring& folder) {
+std::vector<FolderEntry> Win32FileSystem::List(const std::wstring& folder) try {
     const std::wstring full = FullPath(folder);
     std::vector<FolderEntry> entries;
     WIN32_FIND_DATAW found;
@@ -175,6 +175,8 @@ std::vector<FolderEntry> Win32FileSystem::List(const std::wstring& folder) {
         ThrowFolderError(full, Attempt::List);
     SortByUpperCase(entries);
     return entries;
+} catch (const std::bad_alloc&) {
+    throw RunTimeError(ErrorNumber::OutOfMemory);
 }
 
 std::string Win32FileSystem::Read(const std::wstring& file) try {
