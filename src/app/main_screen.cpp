@@ -5,6 +5,7 @@
 #include "app/dropped_packages.h"
 #include "base/character_files.h"
 #include "base/run_time_error.h"
+#include "base/version.h"
 #include "install/installed_list.h"
 #include "install/package_staging.h"
 #include "install/selection_rules.h"
@@ -192,7 +193,7 @@ std::optional<std::wstring> MainScreen::StatusText(Command command) {
 }
 
 std::wstring MainScreen::InitialStatusText() {
-    return L"Tamblin Ver.0.61  - Vimoraのオンブレルを管理します -";
+    return L"Tamblin Ver." TAMBLIN_VERSION L"  - Vimoraのオンブレルを管理します -";
 }
 
 } // namespace tamblin

@@ -1,5 +1,7 @@
 #include "app/main_window.h"
 
+#include "base/version.h"
+#include "base/win32/busy_pointer.h"
 #include "install/confirmation_window.h"
 #include "maintenance/character_menu.h"
 #include "maintenance/folder_check_window.h"
@@ -8,14 +10,13 @@
 #include "maintenance/uninstall.h"
 #include "maintenance/updates.h"
 #include "ui/at_exit.h"
-#include "ui/busy_pointer.h"
 #include "ui/popup_menu.h"
 
 namespace tamblin {
 
 Form1::Form1(Application& owner, Platform& surroundings, SettingsState& settings,
              SettingsFile& settingsFile, HandOver& windows)
-    : Form(owner, 1, L"Tamblin Ver.0.61", FormFrame::Resizable),
+    : Form(owner, 1, L"Tamblin Ver." TAMBLIN_VERSION, FormFrame::Resizable),
       platform(surroundings),
       state(settings),
       handOver(windows),

@@ -3,6 +3,7 @@
 
 #include "app/artwork.h"
 #include "app/start_up.h"
+#include "base/version.h"
 #include "ui/bitmap.h"
 #include "ui/form.h"
 #include "ui/hand_over.h"
@@ -40,7 +41,7 @@ class Form6 : public Form {
                       L"Tamblin",
                       artwork::DrawLetters,
                       {artwork::LettersWidth, artwork::LettersHeight}};
-    Label label2{*this, 2, L"Version 0.61"};
+    Label label2{*this, 2, L"Version " TAMBLIN_VERSION};
     Label label3{*this, 3, L"support to install && uninstall ombrels", Label::Ampersands::Markers};
     Label label4{*this, 4, L"system files are checking..."};
     Label label6{*this, 6, L"a small helper for people who keep many ombrels"};

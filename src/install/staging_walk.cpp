@@ -1,5 +1,6 @@
 #include "install/staging_walk.h"
 
+#include "base/path_limits.h"
 #include "base/text.h"
 
 namespace tamblin {
@@ -7,12 +8,9 @@ namespace {
 
 constexpr FileAttributes PlainFolder{.folder = true};
 
-// Windows cannot make a folder current whose path is longer. The walk then stays above it: every
-// operation names its path in full.
-constexpr size_t LongestCurrentFolder = 247;
-
+// Stays above a folder that cannot be made current: every operation names its path in full.
 void MoveTo(const std::wstring& folder, FileSystem& files) {
-    if (folder.size() <= LongestCurrentFolder)
+    if (folder.size() <= LongestFolder)
         files.SetCurrentFolder(folder);
 }
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/win32/busy_pointer.h"
 #include "ui/at_exit.h"
-#include "ui/busy_pointer.h"
 #include "ui/popup_menu.h"
 
 namespace tamblin {

@@ -4,11 +4,10 @@
 #include <string>
 
 #include "base/device_name.h"
+#include "base/path_limits.h"
 
 namespace tamblin {
 namespace {
-
-constexpr size_t longestName = 255;
 
 bool IsSeparator(wchar_t letter) {
     return letter == L'\\' || letter == L'/';
@@ -24,7 +23,7 @@ bool IsForbidden(wchar_t letter) {
 }
 
 bool IsWellFormedName(std::wstring_view name) {
-    return name.size() <= longestName && std::none_of(name.begin(), name.end(), IsForbidden) &&
+    return name.size() <= LongestName && std::none_of(name.begin(), name.end(), IsForbidden) &&
            !IsDeviceName(name);
 }
 

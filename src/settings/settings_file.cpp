@@ -5,6 +5,7 @@
 #include "base/byte_lines.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "base/version.h"
 #include "platform/file_lists.h"
 
 namespace tamblin {
@@ -12,7 +13,7 @@ namespace {
 
 constexpr wchar_t FileName[] = L"tamb.ini";
 constexpr wchar_t BackupName[] = L"tamb.bak";
-constexpr std::string_view OwnVersion = "Ver.0.61";
+constexpr std::string_view OwnVersion = "Ver." TAMBLIN_VERSION;
 constexpr std::string_view AcceptedVersions[] = {"Ver.0.60 Beta-2", "Ver.0.60", OwnVersion};
 constexpr std::string_view OnValues[] = {"ON", "on", "On"};
 

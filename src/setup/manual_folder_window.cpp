@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "ui/busy_pointer.h"
+#include "base/win32/busy_pointer.h"
 
 namespace tamblin {
 

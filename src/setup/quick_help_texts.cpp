@@ -1,5 +1,7 @@
 #include "setup/quick_help_texts.h"
 
+#include "base/version.h"
+
 namespace tamblin {
 namespace {
 
@@ -90,7 +92,7 @@ constexpr const wchar_t* Limitations[] = {
 };
 
 constexpr const wchar_t* About[] = {
-    L"Tamblin\r\n  Ver.0.61\r\n\r\n1999/11/16 Released.",
+    L"Tamblin\r\n  Ver." TAMBLIN_VERSION L"\r\n\r\n1999/11/16 Released.",
     L"adapted for Vimora",
     L"support Page",
 };

@@ -1,7 +1,7 @@
 #include "setup/search_window.h"
 
+#include "base/win32/busy_pointer.h"
 #include "ui/at_exit.h"
-#include "ui/busy_pointer.h"
 
 namespace tamblin {
 namespace {

@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "base/upper_case.h"
+#include "base/win32/busy_pointer.h"
 #include "ui/at_exit.h"
-#include "ui/busy_pointer.h"
 #include "ui/dpi.h"
 
 namespace tamblin {

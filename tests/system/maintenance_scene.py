@@ -9,6 +9,7 @@ from controls import wait_until
 from document_recorder import Recorder
 from hosts import make_host
 from machine import MACHINES, Machine, discard
+from names import VERSION
 from tamblin_app import App
 from windows import CheckWindow
 
@@ -33,7 +34,7 @@ class Scene:
         self.app = App(self.machine)
         self.app.check = CheckWindow(self.app)
         self.app.write_ini(
-            "VERSION=Ver.0.61",
+            f"VERSION=Ver.{VERSION}",
             f"DEFAULT={HOST}",
             f"VMRFOLDER={HOST}",
             f"VMRFOLDER={OTHER_HOST}",

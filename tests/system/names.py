@@ -25,6 +25,7 @@ def rows_of_menu(file):
     return re.findall(r'{(?:MenuItem::\w+, L"([^"]*)"[^{}]*)?}', table)
 
 
+VERSION = re.search(r"project\(\w+ VERSION ([\d.]+)", source("../CMakeLists.txt"))[1]
 KINDS = {name.lower(): number for name, number in numbers_of("ControlKind", "ui/control_id.h").items()}
 COMMANDS = {snake_case(name): number for name, number in numbers_of("Command", "install/command.h").items()}
 MENU_ITEMS = numbers_of("MenuItem", "base/menu.h")

@@ -5,6 +5,7 @@ import shutil
 
 import lzh_packages
 from hosts import make_host
+from names import VERSION
 from tamblin_app import App
 
 HOST = "C:\\Vimora"
@@ -18,7 +19,7 @@ def settings(kavalet="OFF"):
         "# Tamblin",
         "# Configuration File",
         "",
-        "VERSION=Ver.0.61",
+        f"VERSION=Ver.{VERSION}",
         f"DEFAULT={HOST}",
         f"KVAOPTION={kavalet}",
         f"VMRFOLDER={HOST}",

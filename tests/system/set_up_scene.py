@@ -4,6 +4,7 @@ import pytest
 
 from controls import wait_until
 from hosts import make_host
+from names import VERSION
 from set_up_windows import ChoiceWindow, ManagementWindow, ManualWindow, SearchWindow, WizardWindow
 from tamblin_app import App
 from windows import HelpWindow
@@ -71,7 +72,7 @@ def make_known(app, *folders, default=None, lines=("KVAOPTION=OFF",)):
     for folder in folders:
         make_host(app.machine, folder, [folder.rsplit("\\", 1)[1].lower()])
     app.write_ini(
-        "VERSION=Ver.0.61",
+        f"VERSION=Ver.{VERSION}",
         f"DEFAULT={folders[0] if default is None else default}",
         *lines,
         *[f"VMRFOLDER={folder}" for folder in folders],
@@ -80,7 +81,7 @@ def make_known(app, *folders, default=None, lines=("KVAOPTION=OFF",)):
 
 def fresh_settings(*folders, default, kavalet=""):
     """The settings file that a first run leaves; its browser stood in the program's folder."""
-    lines = ["# Tamblin", "# Configuration File", "", "VERSION=Ver.0.61", f"DEFAULT={default}"]
+    lines = ["# Tamblin", "# Configuration File", "", f"VERSION=Ver.{VERSION}", f"DEFAULT={default}"]
     lines += [f"KVAOPTION={kavalet}", *[f"VMRFOLDER={folder}" for folder in folders]]
     lines += ["VIEWFOLDER=C:\\Tamblin\\", ""]
     return "".join(line + "\r\n" for line in lines).encode("cp932")

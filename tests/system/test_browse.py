@@ -1,12 +1,13 @@
 """The main window's lists and buttons: hosts, characters, folders, files, selections."""
 
 from controls import click, point_at, press_keys, tab_to, wait_until
+from names import VERSION
 from windows import ALWAYS
 
 
 def test_the_main_window_shows_hosts_characters_and_packages(running):
     main = running.main
-    assert main.title() == "Tamblin Ver.0.61"
+    assert main.title() == f"Tamblin Ver.{VERSION}"
     assert main.combo1.entries() == ["C:\\Vimora", "D:\\Games\\Vimora"]
     assert main.combo1.selected() == ["C:\\Vimora"]
     assert main.list3.entries() == ["mikan", "yuzu"]
@@ -117,7 +118,7 @@ def test_selecting_several_files_with_the_mouse(running):
 
 def test_the_status_line_explains_the_button_under_the_pointer(running):
     main = running.main
-    assert main.text2.text().startswith("Tamblin Ver.0.61")
+    assert main.text2.text().startswith(f"Tamblin Ver.{VERSION}")
     point_at(*main.check_folders.centre())
     wait_until(
         lambda: main.text2.text() == "ヴィモラフォルダの不具合を検出します。", "the text of CHK"

@@ -4,6 +4,7 @@ import pytest
 
 from controls import LB_GETHORIZONTALEXTENT, wait_until
 from hosts import make_host
+from names import VERSION
 from set_up_scene import (  # noqa: F401
     app,
     assert_main_shows,
@@ -35,7 +36,7 @@ def go_back(app):
 
 
 def expected_settings(*folders, default, kavalet="OFF", has_kavalet=True):
-    lines = ["VERSION=Ver.0.61", f"DEFAULT={default}"]
+    lines = [f"VERSION=Ver.{VERSION}", f"DEFAULT={default}"]
     lines += [f"KVAOPTION={kavalet}"] if has_kavalet else []
     lines += [f"VMRFOLDER={folder}" for folder in folders]
     return "".join(line + "\r\n" for line in lines).encode("cp932")

@@ -3,6 +3,7 @@
 import pytest
 
 from controls import click, wait_until
+from names import VERSION
 from sandbox import settings
 from windows import HelpWindow
 
@@ -88,7 +89,7 @@ def test_an_older_version_is_brought_up_to_date_and_other_lines_survive(furnishe
     furnished.wait_ended()
     # The rewrite reads field by field: a comma ends a field, and so a line.
     assert furnished.ini() == odd.replace(b"comment, with", b"comment\r\nwith") + as_file(
-        ["VMRFOLDER=C:\\Vimora", "VERSION=Ver.0.61", "# end"]
+        ["VMRFOLDER=C:\\Vimora", f"VERSION=Ver.{VERSION}", "# end"]
     )
 
 

@@ -12,6 +12,7 @@ from maintenance_scene import (  # noqa: F401
     scene,
     scenes,
 )
+from names import VERSION
 from windows import HelpWindow
 
 CATEGORIES = ["●機能制限", "●ボタン説明", "●目的別ヘルプ", "●Tamblinについて"]
@@ -160,7 +161,7 @@ def test_limitations_and_about(app, help_window):
         "２、ウィンドウ上のボタンは使用可能状態になっている場合のみアクティブになります。",
     ]
     assert [texts[line.identity] for line in help_window.about] == [
-        "Tamblin\r\n  Ver.0.61\r\n\r\n1999/11/16 Released.",
+        f"Tamblin\r\n  Ver.{VERSION}\r\n\r\n1999/11/16 Released.",
         "adapted for Vimora",
     ]
     assert texts[help_window.support.identity] == "support Page"

@@ -6,6 +6,7 @@ import pytest
 
 from controls import wait_until
 from hosts import make_host
+from names import VERSION
 from sandbox import settings
 
 WM_SYSCOMMAND, SC_MINIMIZE, WS_MINIMIZE = 0x0112, 0xF020, 0x20000000
@@ -49,7 +50,7 @@ def test_with_nothing_but_a_view_folder_the_main_window_opens_empty(app, machine
     make_host(machine, "C:\\Vimora", ["mikan"])
     machine.path("C:\\Vimora\\ombrel.rc").unlink()
     machine.write("D:\\Work\\readme.txt", b"a file")
-    app.write_ini("VERSION=Ver.0.61", "VMRFOLDER=C:\\Vimora", "VIEWFOLDER=D:\\Work")
+    app.write_ini(f"VERSION=Ver.{VERSION}", "VMRFOLDER=C:\\Vimora", "VIEWFOLDER=D:\\Work")
     app.start()
     assert wait_first_window(app) is app.main
     assert app.main.combo1.entries() == []
@@ -60,7 +61,7 @@ def test_with_nothing_but_a_view_folder_the_main_window_opens_empty(app, machine
 def test_with_only_folders_that_are_gone_the_wizard_opens(app, machine):
     machine.make_folder("D:\\Work\\only folders")
     app.write_ini(
-        "VERSION=Ver.0.61", "DEFAULT=C:\\Vimora", "VMRFOLDER=Q:\\Vimora", "VIEWFOLDER=D:\\Work"
+        f"VERSION=Ver.{VERSION}", "DEFAULT=C:\\Vimora", "VMRFOLDER=Q:\\Vimora", "VIEWFOLDER=D:\\Work"
     )
     app.start()
     assert wait_first_window(app) is app.wizard
@@ -78,7 +79,7 @@ def test_the_splash_shows_its_progress_line_for_a_while(furnished):
     furnished.start()
     labels = wait_until(with_progress_line, "the splash with its progress line")
     assert [labels[label.identity]["text"] for label in [splash.label2, splash.label3, splash.label4]] == [
-        "Version 0.61",
+        f"Version {VERSION}",
         "support to install && uninstall ombrels",
         "system files are checking...",
     ]

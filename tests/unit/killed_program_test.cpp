@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <map>
 
+#include "base/version.h"
 #include "maintenance/launch.h"
 #include "maintenance/updates.h"
 #include "platform/win32/win32_desktop_shell.h"
@@ -239,7 +240,7 @@ void PrintTo(const KilledCommand& command, std::ostream* out) {
 
 bool HoldsNewSettings(RealScene& scene) {
     const std::string bytes = scene.files.Read(scene.top + L"\\Tamblin\\tamb.ini");
-    return bytes.starts_with("# mine\r\nVERSION=Ver.0.61\r\nVMRFOLDER=") &&
+    return bytes.starts_with("# mine\r\nVERSION=Ver." TAMBLIN_VERSION "\r\nVMRFOLDER=") &&
            bytes.ends_with("\r\n") && bytes.find("\r\nVIEWFOLDER=") == std::string::npos;
 }
 

@@ -1,6 +1,7 @@
 // The main window's events: what they refresh, enable, ask and save.
 #include "app/main_screen.h"
 
+#include "base/version.h"
 #include "maintenance/folder_check.h"
 #include "maintenance/launch.h"
 #include "maintenance/start_up_file.h"
@@ -492,8 +493,8 @@ TEST(StatusText, ExplainsTheButtons) {
 
 TEST(StatusText, BeginsWithTheVersionAndACredit) {
     const std::wstring text = MainScreen::InitialStatusText();
-    EXPECT_TRUE(StartsWith(text, L"Tamblin Ver.0.61"));
-    EXPECT_GT(text.size(), std::wstring(L"Tamblin Ver.0.61").size());
+    EXPECT_TRUE(StartsWith(text, L"Tamblin Ver." TAMBLIN_VERSION));
+    EXPECT_GT(text.size(), std::wstring(L"Tamblin Ver." TAMBLIN_VERSION).size());
 }
 
 // --- Leaving ------------------------------------------------------------------------------------

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "base/version.h"
+
 namespace tamblin {
 namespace {
 
@@ -140,7 +142,7 @@ TEST(QuickHelpTexts, Limitations) {
 
 TEST(QuickHelpTexts, AboutEndsInTheLinkToTheSupportPage) {
     EXPECT_THAT(Texts(AboutLines()),
-                ElementsAre(L"Tamblin\r\n  Ver.0.61\r\n\r\n1999/11/16 Released.",
+                ElementsAre(L"Tamblin\r\n  Ver." TAMBLIN_VERSION L"\r\n\r\n1999/11/16 Released.",
                             L"adapted for Vimora", L"support Page"));
     EXPECT_EQ(SupportLinkIndex, 2U);
     EXPECT_TRUE(std::wstring(SupportPageAddress).starts_with(L"https://"));

@@ -1,6 +1,7 @@
 // Saving and reading the settings while the n-th file operation fails: former settings are never
 // lost, every failed save ends the program, and the next save works.
 
+#include "base/version.h"
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
@@ -9,7 +10,8 @@ namespace {
 constexpr wchar_t SettingsPath[] = L"C:\\Tamblin\\tamb.ini";
 constexpr wchar_t FormerSettingsPath[] = L"C:\\Tamblin\\tamb.bak";
 constexpr char Former[] = "# mine\r\nVERSION=Ver.0.60\r\nkeep me\r\nVMRFOLDER=C:\\Host\r\n";
-constexpr char Rewritten[] = "# mine\r\nVERSION=Ver.0.61\r\nkeep me\r\nVMRFOLDER=C:\\Host\r\n";
+constexpr char Rewritten[] =
+    "# mine\r\nVERSION=Ver." TAMBLIN_VERSION "\r\nkeep me\r\nVMRFOLDER=C:\\Host\r\n";
 constexpr ErrorNumber SettingsErrors[] = {
     ErrorNumber::BadFileName,      ErrorNumber::FileNotFound,   ErrorNumber::DeviceIo,
     ErrorNumber::DiskFull,         ErrorNumber::DiskNotReady,   ErrorNumber::DeviceUnavailable,
@@ -70,8 +72,9 @@ TEST_P(SettingsFaults, RewriteNeverLosesTheFormerSettings) {
                 break;
             }
             scene.Save();
-            EXPECT_NE(scene.fake.files.Contents(SettingsPath).find("VERSION=Ver.0.61\r\n"),
-                      std::string::npos);
+            EXPECT_NE(
+                scene.fake.files.Contents(SettingsPath).find("VERSION=Ver." TAMBLIN_VERSION "\r\n"),
+                std::string::npos);
             EXPECT_NE(scene.fake.files.Contents(SettingsPath).find("VMRFOLDER=C:\\Host\r\n"),
                       std::string::npos);
             EXPECT_FALSE(scene.fake.files.Exists(FormerSettingsPath));
@@ -132,9 +135,9 @@ TEST_P(SettingsFaults, ReadingNeverThrowsAndNeverWrites) {
     for (size_t n = 1;; ++n) {
         SCOPED_TRACE(n);
         Scene scene;
-        scene.fake.files.AddFile(SettingsPath,
-                                 "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Host\r\n"
-                                 "DEFAULT=C:\\Host\r\nVIEWFOLDER=C:\\Host\\\r\n");
+        scene.fake.files.AddFile(SettingsPath, "VERSION=Ver." TAMBLIN_VERSION
+                                               "\r\nVMRFOLDER=C:\\Host\r\n"
+                                               "DEFAULT=C:\\Host\r\nVIEWFOLDER=C:\\Host\\\r\n");
         const auto before = scene.fake.files.Snapshot();
         scene.fake.files.ForgetOperations();
         scene.fake.files.FailOperation(n, GetParam());

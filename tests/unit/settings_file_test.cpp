@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/byte_lines.h"
+#include "base/version.h"
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
@@ -82,7 +83,7 @@ TEST_F(SettingsFileTest, EmptyFileHasNoKeysAndGetsTheFolders) {
 }
 
 TEST_F(SettingsFileTest, IsReadFromTheProgramFolderWhateverIsCurrent) {
-    Given({"VERSION=Ver.0.61"});
+    Given({"VERSION=Ver." TAMBLIN_VERSION});
     files.AddFile(L"C:\\Else\\tamb.ini", "VERSION=Ver.9\r\n");
     files.SetCurrentFolder(L"C:\\Else");
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
@@ -93,7 +94,7 @@ TEST_F(SettingsFileTest, IsReadFromTheProgramFolderWhateverIsCurrent) {
 }
 
 TEST_F(SettingsFileTest, EveryCallReadsTheFileAnew) {
-    Given({"VERSION=Ver.0.61"});
+    Given({"VERSION=Ver." TAMBLIN_VERSION});
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
     Given({"VERSION=Ver.0.62"});
     EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
@@ -102,8 +103,10 @@ TEST_F(SettingsFileTest, EveryCallReadsTheFileAnew) {
 
 TEST_F(SettingsFileTest, VersionIsKnownOrNot) {
     const std::pair<const char*, bool> versions[] = {
-        {"Ver.0.60 Beta-2", true}, {"Ver.0.60", true},   {"Ver.0.61", true},   {"Ver.0.62", false},
-        {"ver.0.61", false},       {" Ver.0.61", false}, {"Ver.0.61 ", false}, {"", false}};
+        {"Ver.0.60 Beta-2", true},           {"Ver.0.60", true},
+        {"Ver." TAMBLIN_VERSION, true},      {"Ver.0.62", false},
+        {"ver." TAMBLIN_VERSION, false},     {" Ver." TAMBLIN_VERSION, false},
+        {"Ver." TAMBLIN_VERSION " ", false}, {"", false}};
     for (const auto& [version, known] : versions) {
         SCOPED_TRACE(version);
         state.VersionKnown = !known;
@@ -141,7 +144,7 @@ TEST_F(SettingsFileTest, KvaOptionIsOnOrOffAndNeverASuccess) {
 
 TEST_F(SettingsFileTest, OnlyTheFirstLineOfAKeyCounts) {
     GivenHosts({L"C:\\Host"});
-    Given({"VERSION=Ver.9", "DEFAULT=C:\\Gone", "KVAOPTION=OFF", "VERSION=Ver.0.61",
+    Given({"VERSION=Ver.9", "DEFAULT=C:\\Gone", "KVAOPTION=OFF", "VERSION=Ver." TAMBLIN_VERSION,
            "DEFAULT=C:\\Host", "KVAOPTION=ON"});
     EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
     EXPECT_FALSE(file.ReadSetting(setting_keys::Default));
@@ -152,10 +155,10 @@ TEST_F(SettingsFileTest, OnlyTheFirstLineOfAKeyCounts) {
 }
 
 TEST_F(SettingsFileTest, LastLineWithoutEndIsReadAndSurvives) {
-    GivenBytes("VMRFOLDER=\r\nVERSION=Ver.0.61");
+    GivenBytes("VMRFOLDER=\r\nVERSION=Ver." TAMBLIN_VERSION);
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
     file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({"VERSION=Ver.0.61"}));
+    EXPECT_EQ(Ini(), Lines({"VERSION=Ver." TAMBLIN_VERSION}));
 }
 
 struct FolderCase {
@@ -212,7 +215,7 @@ TEST_P(ViewFolderTest, IsTakenWhenItHoldsAPlainFile) {
     Given({std::string("VIEWFOLDER=") + GetParam().value});
     EXPECT_EQ(file.ReadSetting(setting_keys::ViewFolder), GetParam().taken);
     EXPECT_EQ(state.ViewFolder, GetParam().taken ? fake.ansi.Decode(GetParam().value) : L"former");
-    files.AddFile(IniPath, "VERSION=Ver.0.61");
+    files.AddFile(IniPath, "VERSION=Ver." TAMBLIN_VERSION);
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version)); // reading goes on
 }
 
@@ -246,8 +249,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(SettingsFileTest, FoldersLoadInFileOrderAsWritten) {
     GivenHosts({L"C:\\A", L"C:\\b", L"C:\\"});
-    Given({"VMRFOLDER=C:\\b\\", "VERSION=Ver.0.61", "VMRFOLDER=C:\\", "#VMRFOLDER=C:\\A",
-           "VMRFOLDER=c:\\a", "VMRFOLDER=C:\\b"});
+    Given({"VMRFOLDER=C:\\b\\", "VERSION=Ver." TAMBLIN_VERSION, "VMRFOLDER=C:\\",
+           "#VMRFOLDER=C:\\A", "VMRFOLDER=c:\\a", "VMRFOLDER=C:\\b"});
     EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\b\\", L"C:\\", L"c:\\a", L"C:\\b"));
 }
@@ -298,7 +301,8 @@ TEST_F(SettingsFileTest, DriveThatIsNotReadyEndsAllReadsAndKeepsTheFileFromBeing
     GivenHosts({L"C:\\A", L"C:\\B"});
     files.AddDrive(L"E:");
     files.SetReady(L"E:", false);
-    Given({"VERSION=Ver.0.61", "VMRFOLDER=C:\\A", "VMRFOLDER=E:\\x", "VMRFOLDER=C:\\B"});
+    Given(
+        {"VERSION=Ver." TAMBLIN_VERSION, "VMRFOLDER=C:\\A", "VMRFOLDER=E:\\x", "VMRFOLDER=C:\\B"});
     const std::string former = Ini();
     EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
     EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
@@ -320,7 +324,7 @@ TEST_F(SettingsFileTest, ViewFolderOnADriveThatIsNotReadyEndsAllLaterReads) {
 }
 
 TEST_F(SettingsFileTest, FileInUseReadsAsNothing) {
-    Given({"VERSION=Ver.0.61"});
+    Given({"VERSION=Ver." TAMBLIN_VERSION});
     files.Lock(IniPath);
     EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
     EXPECT_FALSE(state.VersionKnown);
@@ -346,18 +350,20 @@ TEST_F(SettingsFileTest, FoldersThatAreNotFullPathsAreNotFound) {
 TEST_F(SettingsFileTest, FreshFileHasItsNineKindsOfLines) {
     state.KvaOption = L"ON";
     file.SaveSettings(Combo({L"C:\\A", L"D:\\表\\"}, 1), L"C:\\Packs\\");
-    EXPECT_EQ(Ini(), fake.ansi
-                         .Encode(L"# Tamblin\r\n# Configuration File\r\n\r\n"
-                                 L"VERSION=Ver.0.61\r\nDEFAULT=D:\\表\\\r\nKVAOPTION=ON\r\n"
-                                 L"VMRFOLDER=C:\\A\r\nVMRFOLDER=D:\\表\\\r\n"
-                                 L"VIEWFOLDER=C:\\Packs\\\r\n\r\n")
-                         .value());
+    EXPECT_EQ(
+        Ini(),
+        fake.ansi
+            .Encode(L"# Tamblin\r\n# Configuration File\r\n\r\n"
+                    L"VERSION=Ver." TAMBLIN_VERSION L"\r\nDEFAULT=D:\\表\\\r\nKVAOPTION=ON\r\n"
+                    L"VMRFOLDER=C:\\A\r\nVMRFOLDER=D:\\表\\\r\n"
+                    L"VIEWFOLDER=C:\\Packs\\\r\n\r\n")
+            .value());
     EXPECT_FALSE(files.Exists(BackupPath));
 }
 
 TEST_F(SettingsFileTest, FreshFileWithoutFoldersHasNoFolderLineAndReadsBackAsOff) {
     file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({"# Tamblin", "# Configuration File", "", "VERSION=Ver.0.61",
+    EXPECT_EQ(Ini(), Lines({"# Tamblin", "# Configuration File", "", "VERSION=Ver." TAMBLIN_VERSION,
                             "DEFAULT=", "KVAOPTION=", "VIEWFOLDER=C:\\", ""}));
     file.ReadSetting(setting_keys::KvaOption);
     EXPECT_EQ(state.KvaOption, L"OFF");
@@ -401,7 +407,7 @@ TEST_F(SettingsFileTest, RewriteBringsEveryKeyUpToDateInItsPlace) {
     file.SaveSettings(Combo({L"C:\\A", L"C:\\B"}, 1), L"C:\\Packs\\");
     EXPECT_EQ(Ini(), Lines({"# my settings", "VIEWFOLDER=C:\\Packs\\", "", "VMRFOLDER=C:\\A",
                             "VMRFOLDER=C:\\B", "KVAOPTION=OFF", "UNKNOWN=1", "DEFAULT=C:\\B",
-                            "VERSION=Ver.0.61", "some text"}));
+                            "VERSION=Ver." TAMBLIN_VERSION, "some text"}));
     EXPECT_FALSE(files.Exists(BackupPath));
 }
 
@@ -417,7 +423,7 @@ TEST_F(SettingsFileTest, RewriteChangesOnlyWhatItsKeysSay) {
         {"only folders are added when their key is missing",
          {"VERSION=Ver.0.60", "#"},
          Combo({L"C:\\A", L"C:\\B"}),
-         {"VERSION=Ver.0.61", "#", "VMRFOLDER=C:\\A", "VMRFOLDER=C:\\B"}},
+         {"VERSION=Ver." TAMBLIN_VERSION, "#", "VMRFOLDER=C:\\A", "VMRFOLDER=C:\\B"}},
         {"an empty combo removes the folders",
          {"VMRFOLDER=C:\\A", "x", "VMRFOLDER=C:\\B"},
          Combo({}),
@@ -442,7 +448,7 @@ TEST_F(SettingsFileTest, RewriteChangesOnlyWhatItsKeysSay) {
         {"quotes and leading blanks go",
          {"\"VERSION=Ver.0.60\"", "  KVAOPTION=ON", "\"a, b\"", "VMRFOLDER="},
          Combo({}),
-         {"VERSION=Ver.0.61", "KVAOPTION=", "a, b"}}};
+         {"VERSION=Ver." TAMBLIN_VERSION, "KVAOPTION=", "a, b"}}};
     for (const Rewrite& rewrite : rewrites) {
         Given(rewrite.before);
         file.SaveSettings(rewrite.combo, L"C:\\Packs\\");
@@ -476,7 +482,7 @@ TEST_F(SettingsFileTest, BackupOfAnInterruptedSaveIsDeletedFirst) {
     files.AddFile(BackupPath, "of an interrupted save");
     files.ForgetOperations();
     file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({"VERSION=Ver.0.61"}));
+    EXPECT_EQ(Ini(), Lines({"VERSION=Ver." TAMBLIN_VERSION}));
     EXPECT_FALSE(files.Exists(BackupPath));
     const auto& log = files.Log();
     EXPECT_LT(
@@ -486,10 +492,10 @@ TEST_F(SettingsFileTest, BackupOfAnInterruptedSaveIsDeletedFirst) {
 
 TEST_F(SettingsFileTest, TooLongALineIsNoLineTooLong) {
     const std::string longLine(100'000, 'x');
-    Given({longLine, "VERSION=Ver.0.61"});
+    Given({longLine, "VERSION=Ver." TAMBLIN_VERSION});
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
     file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({longLine, "VERSION=Ver.0.61"}));
+    EXPECT_EQ(Ini(), Lines({longLine, "VERSION=Ver." TAMBLIN_VERSION}));
 }
 
 // --- Files that nobody wrote on purpose ---------------------------------------------------------
@@ -498,7 +504,7 @@ TEST_F(SettingsFileTest, TenThousandUnknownLinesSurvive) {
     std::vector<std::string> lines;
     for (int line = 0; line < 10'000; ++line)
         lines.push_back("LINE" + std::to_string(line) + "=" + std::string(line % 90u, 'v'));
-    lines.push_back("VERSION=Ver.0.61");
+    lines.push_back("VERSION=Ver." TAMBLIN_VERSION);
     lines.push_back("VMRFOLDER=C:\\A");
     GivenHosts({L"C:\\A"});
     Given(lines);
@@ -517,12 +523,12 @@ TEST_F(SettingsFileTest, UnknownBytesSurvive) {
     EXPECT_FALSE(file.ReadSetting(setting_keys::VmrFolder));
     EXPECT_FALSE(file.ReadSetting(setting_keys::ViewFolder));
     file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_EQ(Ini(), bytes + "VERSION=Ver.0.61\r\n");
+    EXPECT_EQ(Ini(), bytes + "VERSION=Ver." TAMBLIN_VERSION "\r\n");
 }
 
 TEST_F(SettingsFileTest, NulsInValuesAreNoValues) {
     for (const char* key : {"VERSION=", "VMRFOLDER=", "DEFAULT=", "VIEWFOLDER="}) {
-        GivenBytes(key + std::string("C:\\\0x\r\nVERSION=Ver.0.61\r\n", 24));
+        GivenBytes(key + std::string("C:\\\0x\r\nVERSION=Ver." TAMBLIN_VERSION "\r\n", 24));
         EXPECT_FALSE(file.ReadSetting(key)) << key;
     }
     EXPECT_FALSE(state.VersionKnown);
@@ -555,7 +561,7 @@ TEST_F(SettingsFileTest, NameThatTheCodePageCannotHoldLeavesTheFileAsItWas) {
         for (const bool asView : {false, true}) {
             files.DeleteTree(IniPath);
             if (!fresh)
-                Given({"VERSION=Ver.0.61", "VMRFOLDER=C:\\A"});
+                Given({"VERSION=Ver." TAMBLIN_VERSION, "VMRFOLDER=C:\\A"});
             const auto before = files.Snapshot();
             const HostFolderCombo combo = Combo({L"C:\\A", asView ? L"C:\\B" : thai});
             try {

@@ -1,6 +1,7 @@
 // From the splash to the first working window, tick by tick.
 #include "app/start_up.h"
 
+#include "base/version.h"
 #include "support/earlier_copy_fake.h"
 #include "unit/rules_fixture.h"
 
@@ -85,7 +86,7 @@ std::vector<int> ReadingTicks(StartUp& startUp, MemoryFileSystem& files) {
 }
 
 TEST_F(StartUpTest, ReadsOneKeyPerStep) {
-    Given("VERSION=Ver.0.61\r\n");
+    Given("VERSION=Ver." TAMBLIN_VERSION "\r\n");
     EXPECT_THAT(ReadingTicks(startUp, files), ElementsAre(4, 5, 7, 9, 12));
 }
 
@@ -97,9 +98,9 @@ TEST_F(StartUpTest, UnknownVersionSkipsAllButTheKavaletOption) {
 }
 
 TEST_F(StartUpTest, StepsReadTheirKeysInOrder) {
-    Given(
-        "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Host\r\nDEFAULT=C:\\Host\r\n"
-        "VIEWFOLDER=C:\\Packs\\\r\nKVAOPTION=ON\r\n");
+    Given("VERSION=Ver." TAMBLIN_VERSION
+          "\r\nVMRFOLDER=C:\\Host\r\nDEFAULT=C:\\Host\r\n"
+          "VIEWFOLDER=C:\\Packs\\\r\nKVAOPTION=ON\r\n");
     for (int tick = 1; tick <= 12; ++tick) {
         SCOPED_TRACE(tick);
         startUp.Tick();
@@ -142,24 +143,28 @@ INSTANTIATE_TEST_SUITE_P(
         DecisionCase{"BetaVersion", "VERSION=Ver.0.60 Beta-2\r\nVMRFOLDER=C:\\Host\r\n", Main},
         DecisionCase{"UnknownVersion", "VERSION=Ver.0.5\r\nVMRFOLDER=C:\\Host\r\n", Wizard},
         DecisionCase{"NoVersion", "VMRFOLDER=C:\\Host\r\nDEFAULT=C:\\Host\r\n", Wizard},
-        DecisionCase{"OnlyDefault", "VERSION=Ver.0.61\r\nDEFAULT=C:\\Host\r\n", Main},
-        DecisionCase{"OnlyView", "VERSION=Ver.0.61\r\nVIEWFOLDER=C:\\Packs\\\r\n", Main},
+        DecisionCase{"OnlyDefault", "VERSION=Ver." TAMBLIN_VERSION "\r\nDEFAULT=C:\\Host\r\n",
+                     Main},
+        DecisionCase{"OnlyView", "VERSION=Ver." TAMBLIN_VERSION "\r\nVIEWFOLDER=C:\\Packs\\\r\n",
+                     Main},
         DecisionCase{"DefaultAndView",
-                     "VERSION=Ver.0.61\r\nDEFAULT=C:\\Host\r\nVIEWFOLDER=C:\\Packs\\\r\n", Main},
+                     "VERSION=Ver." TAMBLIN_VERSION
+                     "\r\nDEFAULT=C:\\Host\r\nVIEWFOLDER=C:\\Packs\\\r\n",
+                     Main},
         // The version alone is no reason: its result is replaced by that of the folders.
-        DecisionCase{"OnlyVersion", "VERSION=Ver.0.61\r\n", Wizard},
-        DecisionCase{
-            "AllGone",
-            "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\x\r\nDEFAULT=C:\\x\r\nVIEWFOLDER=C:\\x\\\r\n"
-            "KVAOPTION=ON\r\n",
-            Wizard}),
+        DecisionCase{"OnlyVersion", "VERSION=Ver." TAMBLIN_VERSION "\r\n", Wizard},
+        DecisionCase{"AllGone",
+                     "VERSION=Ver." TAMBLIN_VERSION
+                     "\r\nVMRFOLDER=C:\\x\r\nDEFAULT=C:\\x\r\nVIEWFOLDER=C:\\x\\\r\n"
+                     "KVAOPTION=ON\r\n",
+                     Wizard}),
     CaseName);
 
 TEST_F(StartUpTest, LostHostStillOpensTheMainWindowWithAnEmptyCombo) {
     files.AddFile(L"C:\\Lost\\ombrel.exe");
-    Given(
-        "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Lost\r\nDEFAULT=C:\\Lost\r\n"
-        "VIEWFOLDER=C:\\Packs\\\r\n");
+    Given("VERSION=Ver." TAMBLIN_VERSION
+          "\r\nVMRFOLDER=C:\\Lost\r\nDEFAULT=C:\\Lost\r\n"
+          "VIEWFOLDER=C:\\Packs\\\r\n");
     EXPECT_EQ(Run(), FirstWindow::MainWindow);
     HostFolderCombo combo;
     FillHostFolderCombo(combo, state);
@@ -167,15 +172,15 @@ TEST_F(StartUpTest, LostHostStillOpensTheMainWindowWithAnEmptyCombo) {
 }
 
 TEST_F(StartUpTest, UnreadableFileOpensTheWizard) {
-    Given("VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Host\r\n");
+    Given("VERSION=Ver." TAMBLIN_VERSION "\r\nVMRFOLDER=C:\\Host\r\n");
     files.Lock(L"C:\\Tamblin\\tamb.ini");
     EXPECT_EQ(Run(), FirstWindow::SetUpWizard);
 }
 
 TEST_F(StartUpTest, FolderOnADriveThatIsGoneDoesNotHideTheRest) {
-    Given(
-        "VERSION=Ver.0.61\r\nVMRFOLDER=Q:\\Host\r\nVMRFOLDER=C:\\Host\r\nDEFAULT=Q:\\Host\r\n"
-        "VIEWFOLDER=Q:\\Packs\\\r\nKVAOPTION=ON\r\n");
+    Given("VERSION=Ver." TAMBLIN_VERSION
+          "\r\nVMRFOLDER=Q:\\Host\r\nVMRFOLDER=C:\\Host\r\nDEFAULT=Q:\\Host\r\n"
+          "VIEWFOLDER=Q:\\Packs\\\r\nKVAOPTION=ON\r\n");
     EXPECT_EQ(Run(), FirstWindow::MainWindow);
     EXPECT_EQ(state.HostFolderCount, 1);
     EXPECT_EQ(state.KvaOption, L"ON");

@@ -1,8 +1,8 @@
 // The window kit: reporting failures, activation, closing, keyboard, pointer, timers.
 #include "ui/form.h"
 
+#include "base/win32/busy_pointer.h"
 #include "ui/at_exit.h"
-#include "ui/busy_pointer.h"
 #include "ui/button.h"
 #include "ui/text_box.h"
 #include "windows/form_check.h"

@@ -6,6 +6,7 @@
 
 #include <cstring>
 
+#include "base/version.h"
 #include "support/commands.h"
 #include "windows/form_check.h"
 #include "windows/window_scene.h"
@@ -98,7 +99,7 @@ class MainWindowTest : public WindowScene {
 
 TEST_F(MainWindowTest, HasEveryElementUnderItsNameWithItsCaptionAndReadsWell) {
     Open();
-    EXPECT_EQ(TextOf(form->Handle()), L"Tamblin Ver.0.61");
+    EXPECT_EQ(TextOf(form->Handle()), L"Tamblin Ver." TAMBLIN_VERSION);
     EXPECT_EQ(WrongElements(*form, Elements), "");
     EXPECT_EQ(FaultsOf(*form), "");
 }
@@ -192,7 +193,7 @@ TEST_F(MainWindowTest, ShowsWhatIsLoaded) {
     const auto selected = static_cast<size_t>(SendMessageW(List(1), LB_GETCURSEL, 0, 0));
     ASSERT_LT(selected, rows.size());
     EXPECT_EQ(rows[selected], L"  + packages");
-    EXPECT_EQ(Status().substr(0, 16), L"Tamblin Ver.0.61");
+    EXPECT_EQ(Status().substr(0, 16), L"Tamblin Ver." TAMBLIN_VERSION);
     EXPECT_EQ(Enabled(), NeedingNoSelection);
 }
 

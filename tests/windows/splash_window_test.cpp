@@ -1,6 +1,7 @@
 // The splash window: its elements, its steps, a second copy.
 #include "app/splash_window.h"
 
+#include "base/version.h"
 #include "support/earlier_copy_fake.h"
 #include "windows/form_check.h"
 #include "windows/window_scene.h"
@@ -37,7 +38,7 @@ TEST_F(SplashWindowTest, HasEveryElementWithItsTextAndReadsWell) {
     const auto label = [&](int number) {
         return TextOf(Find(form, ControlKind::Label, number));
     };
-    EXPECT_EQ(label(2), L"Version 0.61");
+    EXPECT_EQ(label(2), L"Version " TAMBLIN_VERSION);
     EXPECT_EQ(label(3), L"support to install && uninstall ombrels");
     EXPECT_EQ(label(4), L"system files are checking...");
     EXPECT_NE(label(6), L"");
@@ -59,7 +60,8 @@ TEST_F(SplashWindowTest, OpensTheWizardWithoutSettingsElseTheMainWindowAndCloses
     RunToItsEnd();
     fake.files.AddFile(L"C:\\Vimora\\ombrel.exe");
     fake.files.AddFile(L"C:\\Vimora\\ombrel.rc");
-    fake.files.AddFile(L"C:\\Tamblin\\tamb.ini", "VERSION=Ver.0.61\r\nVMRFOLDER=C:\\Vimora\r\n");
+    fake.files.AddFile(L"C:\\Tamblin\\tamb.ini",
+                       "VERSION=Ver." TAMBLIN_VERSION "\r\nVMRFOLDER=C:\\Vimora\r\n");
     StartUp again(fake.platform, state, file);
     Form6& form = application.Open<Form6>(application, again, handOver, earlier);
     form.Show();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "base/path_limits.h"
 #include "platform/lzh/entry_text.h"
 #include "platform/lzh/lzh_error.h"
 #include "platform/lzh/name_rules.h"
@@ -74,7 +75,7 @@ void CheckPath(const EntryPath& path) {
             throw LzhError(LzhFailure::ForbiddenName);
         size += Utf16Size(name);
     }
-    if (size > longestPath)
+    if (size > LongestPath)
         throw LzhError(LzhFailure::ForbiddenName);
 }
 

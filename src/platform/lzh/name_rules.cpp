@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "base/device_name.h"
+#include "base/path_limits.h"
 
 namespace tamblin::lzh {
 namespace {
@@ -25,7 +26,7 @@ std::size_t Utf16Size(std::wstring_view name) {
 }
 
 bool IsAllowedName(std::wstring_view name) {
-    if (name.empty() || Utf16Size(name) > longestName)
+    if (name.empty() || Utf16Size(name) > LongestName)
         return false;
     if (std::any_of(name.begin(), name.end(), IsForbiddenCharacter))
         return false;

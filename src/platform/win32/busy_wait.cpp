@@ -1,5 +1,6 @@
 #include "platform/win32/busy_wait.h"
 
+#include "base/win32/busy_pointer.h"
 #include "platform/win32/win32_handle.h"
 
 namespace tamblin {
@@ -69,7 +70,7 @@ bool BusyWatch::During(const std::function<bool()>& call) {
     if (const UniqueHandle thread{CreateThread(nullptr, 0, RunOnThread, &shared, 0, nullptr)}) {
         const JoinThread join{thread.get()};
         if (WaitForSingleObject(thread.get(), longWork) == WAIT_TIMEOUT) {
-            const HourglassPointer hourglass;
+            const BusyPointer hourglass;
             while (!PaintUntil(thread.get(), betweenPictures))
                 if (meanwhile)
                     meanwhile();

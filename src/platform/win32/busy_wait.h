@@ -8,17 +8,6 @@
 
 namespace tamblin {
 
-class HourglassPointer {
-  public:
-    HourglassPointer() : before(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
-    ~HourglassPointer() { SetCursor(before); }
-    HourglassPointer(const HourglassPointer&) = delete;
-    HourglassPointer& operator=(const HourglassPointer&) = delete;
-
-  private:
-    HCURSOR before;
-};
-
 // Lets windows paint themselves and answer other programs.
 void LetPaint();
 

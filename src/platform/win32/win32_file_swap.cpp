@@ -5,6 +5,7 @@
 #include <cstring>
 #include <vector>
 
+#include "base/path_limits.h"
 #include "platform/win32/win32_file_error.h"
 #include "platform/win32/win32_held_file.h"
 #include "platform/win32/win32_path.h"
@@ -73,10 +74,9 @@ class Writable {
     DWORD bits;
 };
 
-// A name beside the file that nothing has yet. No file system takes longer names than 255
-// characters.
+// A name beside the file that nothing has yet.
 std::wstring FreeNameBeside(const std::wstring& fullPath) {
-    const std::wstring start = fullPath.substr(0, fullPath.rfind(L'\\') + 1 + 240);
+    const std::wstring start = fullPath.substr(0, fullPath.rfind(L'\\') + 1 + LongestName - 15);
     for (int number = 0;; ++number) {
         std::wstring name = start + L".new" + std::to_wstring(number);
         if (BitsOf(name) == INVALID_FILE_ATTRIBUTES)

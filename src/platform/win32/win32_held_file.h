@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "base/win32/busy_pointer.h"
 #include "platform/patience.h"
 #include "platform/win32/busy_wait.h"
 
@@ -27,12 +28,12 @@ bool MayPass(DWORD code, const std::wstring& fullPath);
 template <typename Call>
 bool Persist(const Patience& patience, const std::wstring& fullPath, const Call& call) {
     DWORD code = ERROR_SUCCESS;
-    std::unique_ptr<HourglassPointer> hourglass;
+    std::unique_ptr<BusyPointer> hourglass;
     patience.Outwait([&] {
         code = call() ? ERROR_SUCCESS : GetLastError();
         const bool held = code != ERROR_SUCCESS && MayPass(code, fullPath);
         if (held && !hourglass)
-            hourglass = std::make_unique<HourglassPointer>();
+            hourglass = std::make_unique<BusyPointer>();
         return held;
     });
     hourglass.reset();

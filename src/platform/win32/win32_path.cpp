@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "base/path_limits.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "platform/path_form.h"
@@ -11,9 +12,6 @@
 
 namespace tamblin {
 namespace {
-
-// CreateDirectory leaves room for a short file name below MAX_PATH, so it is the first to refuse.
-constexpr size_t longestPlainPath = MAX_PATH - 13;
 
 std::wstring ExpandPath(const std::wstring& path) {
     std::wstring full(MAX_PATH, L'\0');
@@ -40,7 +38,7 @@ std::wstring FullPath(const std::wstring& path) {
 }
 
 std::wstring PathForWindows(const std::wstring& fullPath) {
-    if (fullPath.size() <= longestPlainPath)
+    if (fullPath.size() <= LongestFolder)
         return fullPath;
     if (StartsWith(fullPath, L"\\\\"))
         return L"\\\\?\\UNC" + fullPath.substr(1);

@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "base/text.h"
+#include "base/win32/busy_pointer.h"
 #include "platform/lzh/unlha_command.h"
 #include "platform/win32/busy_wait.h"
 #include "platform/win32/lzh_extraction.h"
@@ -73,7 +74,7 @@ void WaitFor(const BackgroundExtraction& extraction, HWND owner, const std::wstr
 }
 
 ExtractionResult Extract(HWND owner, const std::wstring& archive) {
-    const HourglassPointer busy;
+    const BusyPointer busy;
     const BackgroundExtraction extraction(archive);
     WaitFor(extraction, owner, archive);
     return extraction.Result();

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+#include "base/win32/busy_pointer.h"
 #include "platform/win32/busy_wait.h"
 #include "platform/win32/progress_window.h"
 #include "platform/work_progress.h"
@@ -32,7 +33,7 @@ class Win32WorkProgress : public WorkProgress {
         std::wstring folder;
         ULONGLONG begin = 0;
         ULONGLONG painted = 0;
-        HourglassPointer pointer;
+        BusyPointer pointer;
         std::unique_ptr<ProgressWindow> window;
     };
 

@@ -1,7 +1,7 @@
 // While one of these lives, the pointer over the program's windows is the hourglass.
 #pragma once
 
-#include "ui/windows_headers.h"
+#include <windows.h>
 
 namespace tamblin {
 
