@@ -31,26 +31,26 @@ void MainScreen::Activate() {
 
 // A host folder that cannot be listed must not keep the browser from being built.
 void MainScreen::RefreshLists() {
-    const std::exception_ptr failure = RereadHostFolder();
+    const auto failure = RereadHostFolder();
     model.browser.RebuildBrowser();
     if (model.browser.TakeSelectionLost())
         ApplySelectionRules(model, state, platform);
     if (failure)
-        std::rethrow_exception(failure);
+        throw *failure;
 }
 
 // What is to be reported. The user is told once: this runs whenever the window comes to the front.
-std::exception_ptr MainScreen::RereadHostFolder() {
+std::optional<RunTimeError> MainScreen::RereadHostFolder() {
     FillHostFolderCombo(model.combo, state);
     const std::wstring knownToBeUnreadable = std::exchange(unreadableFolder, {});
     try {
         RefreshInstalledList(model, state, platform);
-    } catch (const RunTimeError&) {
+    } catch (const RunTimeError& error) {
         unreadableFolder = model.combo.Text();
         if (unreadableFolder != knownToBeUnreadable)
-            return std::current_exception();
+            return error;
     }
-    return nullptr;
+    return std::nullopt;
 }
 
 void MainScreen::RefreshPressed() {
@@ -58,7 +58,7 @@ void MainScreen::RefreshPressed() {
     const std::vector<std::wstring> characters = names.Selected();
     const std::vector<std::wstring> packages = model.browser.Files().Selected();
     unreadableFolder.clear(); // who asks again is told again
-    const std::exception_ptr failure = RereadHostFolder();
+    const auto failure = RereadHostFolder();
     model.browser.Reread();
     names.SelectNamed(characters);
     model.browser.Files().SelectNamed(packages);
@@ -66,7 +66,7 @@ void MainScreen::RefreshPressed() {
     if (!characters.empty() || !packages.empty())
         ApplySelectionRules(model, state, platform);
     if (failure)
-        std::rethrow_exception(failure);
+        throw *failure;
 }
 
 void MainScreen::ComboSelected(size_t entry) {

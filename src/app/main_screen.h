@@ -3,12 +3,12 @@
 // failure.
 #pragma once
 
-#include <exception>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "base/menu.h"
+#include "base/run_time_error.h"
 #include "install/main_model.h"
 #include "platform/platform.h"
 #include "settings/settings_file.h"
@@ -56,7 +56,7 @@ class MainScreen {
 
   private:
     void RefreshLists();
-    std::exception_ptr RereadHostFolder();
+    std::optional<RunTimeError> RereadHostFolder();
 
     Platform& platform;
     SettingsState& state;

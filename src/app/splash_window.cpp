@@ -38,15 +38,14 @@ void Form6::Load() {
 }
 
 void Form6::Tick() {
-    const FirstWindow next = startUp.Tick();
+    const NextWindow next = startUp.Tick();
     label4.SetVisible(startUp.ProgressLineVisible());
-    if (next == FirstWindow::None)
+    if (next == NextWindow::Stay)
         return;
     StopTimer();
     // The splash goes whatever becomes of the window that follows.
     const AtExit close([this] { Close(); });
-    handOver.Show(next == FirstWindow::MainWindow ? NextWindow::MainWindow
-                                                  : NextWindow::SetUpWizard);
+    handOver.Show(next);
 }
 
 // The background is as large as the window and its pattern begins at the window's corner.

@@ -18,7 +18,7 @@ bool StartUp::Load(const EarlierCopy& earlier) {
     return true;
 }
 
-FirstWindow StartUp::Tick() {
+NextWindow StartUp::Tick() {
     ++StartupTicker;
     switch (StartupTicker) {
         case 3:
@@ -48,14 +48,14 @@ FirstWindow StartUp::Tick() {
         default: // pacing
             break;
     }
-    return FirstWindow::None;
+    return NextWindow::Stay;
 }
 
-FirstWindow StartUp::Decide() {
+NextWindow StartUp::Decide() {
     if (state.VersionKnown && (folderResult != 0 || locationResult != 0))
-        return FirstWindow::MainWindow;
+        return NextWindow::MainWindow;
     state.BrowseStartFolder = platform.programFolder;
-    return FirstWindow::SetUpWizard;
+    return NextWindow::SetUpWizard;
 }
 
 } // namespace tamblin

@@ -3,14 +3,13 @@
 
 #include <cstdint>
 
+#include "base/next_window.h"
 #include "platform/earlier_copy.h"
 #include "platform/platform.h"
 #include "settings/settings_file.h"
 #include "settings/settings_state.h"
 
 namespace tamblin {
-
-enum class FirstWindow { None, MainWindow, SetUpWizard };
 
 inline constexpr wchar_t AlreadyRunningText[] = L"すでに起動されています。";
 inline constexpr unsigned StartUpTickMilliseconds = 200;
@@ -24,13 +23,13 @@ class StartUp {
     // has that copy in front, and the process has to end.
     bool Load(const EarlierCopy& earlier);
 
-    // One tick of the splash's timer. Names the window to open on the tick that ends the splash.
-    FirstWindow Tick();
+    // One tick of the splash's timer. Stay, but for the tick that ends the splash.
+    NextWindow Tick();
 
     bool ProgressLineVisible() const { return progressLineVisible; }
 
   private:
-    FirstWindow Decide();
+    NextWindow Decide();
 
     Platform& platform;
     SettingsState& state;

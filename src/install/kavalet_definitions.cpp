@@ -1,12 +1,10 @@
 #include "install/kavalet_definitions.h"
 
-#include <algorithm>
-#include <numeric>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
 #include "base/byte_lines.h"
-#include "base/range_minimum.h"
 #include "base/text.h"
 #include "platform/file_lists.h"
 
@@ -28,66 +26,47 @@ std::string_view KeyOf(std::string_view entry) {
     return entry.substr(0, entry.find(',', first + 1));
 }
 
-// A package is a stranger's file: however long it is, each line of the host's file costs one
-// search. Sorted by their texts, all entries with one beginning stand side by side; of those, the
-// first in the package's order counts.
+// A package is a stranger's file: far more than any sensible two files need, and soon done.
+constexpr std::uint64_t MostComparisons = 10'000'000;
+
 class PackageEntries {
   public:
-    explicit PackageEntries(std::string_view package)
-        : entries(EntriesOf(package)),
-          sorted(entries.size()),
-          places(entries.size()),
-          unused(entries.size()) {
-        std::iota(sorted.begin(), sorted.end(), size_t{0});
-        std::sort(sorted.begin(), sorted.end(),
-                  [this](size_t a, size_t b) { return entries[a] < entries[b]; });
-        for (size_t place = 0; place < sorted.size(); ++place) {
-            places[sorted[place]] = place;
-            unused.Set(place, sorted[place]);
-        }
+    explicit PackageEntries(std::string_view package) {
+        LineReader lines(package);
+        while (const auto line = lines.Next())
+            if (IsEntry(*line))
+                entries.push_back({*line});
     }
 
     // The first unused entry that starts with the key; it is used from now on.
     std::optional<std::string_view> Take(std::string_view key) {
-        const auto isBefore = [&](size_t index, std::string_view begin) {
-            return entries[index].substr(0, key.size()) < begin;
-        };
-        const auto isBehind = [&](std::string_view begin, size_t index) {
-            return begin < entries[index].substr(0, key.size());
-        };
-        const auto first = std::lower_bound(sorted.begin(), sorted.end(), key, isBefore);
-        const auto behind = std::upper_bound(first, sorted.end(), key, isBehind);
-        const size_t index = unused.Smallest(static_cast<size_t>(first - sorted.begin()),
-                                             static_cast<size_t>(behind - sorted.begin()));
-        if (index == RangeMinimum::None)
-            return std::nullopt;
-        unused.Set(places[index], RangeMinimum::None);
-        return entries[index];
+        for (Entry& entry : entries) {
+            if (++comparisons > MostComparisons)
+                break;
+            if (entry.used || !entry.text.starts_with(key))
+                continue;
+            entry.used = true;
+            return entry.text;
+        }
+        return std::nullopt;
     }
 
     // The unused entries to append. The very first entry is never one of them.
     std::vector<std::string_view> Rest() const {
         std::vector<std::string_view> rest;
         for (size_t index = 1; index < entries.size(); ++index)
-            if (unused.Smallest(places[index], places[index] + 1) != RangeMinimum::None)
-                rest.push_back(entries[index]);
+            if (!entries[index].used)
+                rest.push_back(entries[index].text);
         return rest;
     }
 
   private:
-    static std::vector<std::string_view> EntriesOf(std::string_view package) {
-        std::vector<std::string_view> found;
-        LineReader lines(package);
-        while (const auto line = lines.Next())
-            if (IsEntry(*line))
-                found.push_back(*line);
-        return found;
-    }
-
-    const std::vector<std::string_view> entries;
-    std::vector<size_t> sorted; // indices of entries
-    std::vector<size_t> places; // of each entry in the sorted order
-    RangeMinimum unused;        // for each place the entry's index, while it is unused
+    struct Entry {
+        std::string_view text;
+        bool used = false;
+    };
+    std::vector<Entry> entries;
+    std::uint64_t comparisons = 0;
 };
 
 void AddLine(std::string& text, std::string_view line) {

@@ -64,21 +64,20 @@ std::wstring SettingsFile::Path() const {
 }
 
 bool SettingsFile::ReadSetting(std::string_view key) {
-    bool result = false;
     bool opened = false;
     try {
         if (leftOpen || !FileExists(platform.files, Path()))
             return false;
         const std::string bytes = platform.files.Read(Path());
         opened = true;
-        if (key == setting_keys::VmrFolder)
-            ReadFolders(bytes, result);
-        else
-            result = ReadKey(key, bytes);
+        if (key != setting_keys::VmrFolder)
+            return ReadKey(key, bytes);
+        ReadFolders(bytes);
     } catch (const RunTimeError&) {
         leftOpen = opened;
     }
-    return result;
+    // A failure does not take back the folders that have been read.
+    return opened && key == setting_keys::VmrFolder && state.HostFolderCount > 0;
 }
 
 bool SettingsFile::ReadKey(std::string_view key, std::string_view bytes) {
@@ -120,8 +119,7 @@ bool SettingsFile::TakeVersion(std::string_view version) {
     return state.VersionKnown;
 }
 
-// `result` is set as soon as one folder has been taken: a later failure does not take it back.
-void SettingsFile::ReadFolders(std::string_view bytes, bool& result) {
+void SettingsFile::ReadFolders(std::string_view bytes) {
     state.HostFolderCount = 0;
     LineReader lines(bytes);
     while (!state.IsFull()) {
@@ -135,7 +133,6 @@ void SettingsFile::ReadFolders(std::string_view bytes, bool& result) {
         if (folder.size() <= 2 || !IsHostFolder(WithBackslash(folder), platform.files))
             continue;
         state.Register(folder);
-        result = true;
     }
 }
 

@@ -38,7 +38,7 @@ class SettingsFile {
   private:
     std::wstring Path() const;
     bool ReadKey(std::string_view key, std::string_view bytes);
-    void ReadFolders(std::string_view bytes, bool& result);
+    void ReadFolders(std::string_view bytes);
     bool TakeValue(std::string_view key, std::string_view value);
     bool TakeDefaultFolder(const std::wstring& folder);
     bool TakeViewFolder(const std::wstring& folder);

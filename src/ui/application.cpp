@@ -18,15 +18,8 @@ Application::~Application() {
 
 void Application::Closed(Form& form) {
     std::erase(forms, &form);
-    std::erase(held, &form);
     if (lastActive == &form)
         lastActive = nullptr;
-}
-
-void Application::Released(Form& form) {
-    const auto last = std::find(held.rbegin(), held.rend(), &form);
-    if (last != held.rend())
-        held.erase(std::next(last).base());
 }
 
 void Application::Run() {
@@ -84,9 +77,7 @@ void Application::CloseAll() {
     }
 }
 
-void Application::Report(const RunTimeError& error, size_t heldBefore) {
-    while (held.size() > heldBefore)
-        held.back()->Release();
+void Application::Report(const RunTimeError& error) {
     messages.Inform(error.Report(), MessageIcon::Stop);
     if (error.IsFatal())
         endProcess();

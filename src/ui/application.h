@@ -60,17 +60,15 @@ class Application {
     // In the order in which they were opened.
     const std::vector<Form*>& OpenForms() const { return forms; }
 
-    // Runs an event. A RunTimeError ends the event, is reported, and every form that the event had
-    // disabled is enabled again.
+    // Runs an event. A RunTimeError ends the event and is reported.
     template <class Event>
     void Guard(Event&& event) {
-        const size_t heldBefore = held.size();
         try {
             event();
         } catch (const RunTimeError& error) {
-            Report(error, heldBefore);
+            Report(error);
         } catch (const std::bad_alloc&) {
-            Report(RunTimeError(ErrorNumber::OutOfMemory), heldBefore);
+            Report(RunTimeError(ErrorNumber::OutOfMemory));
         }
     }
 
@@ -79,18 +77,15 @@ class Application {
 
     void Opened(Form& form) { forms.push_back(&form); }
     void Closed(Form& form);
-    void Held(Form& form) { held.push_back(&form); }
-    void Released(Form& form);
 
     void Handle(MSG& message);
     Form* FormOf(HWND window) const;
     void ForgetClosedForms();
-    void Report(const RunTimeError& error, size_t heldBefore);
+    void Report(const RunTimeError& error);
 
     MessageBoxes& messages;
     std::function<void()> endProcess;
     std::vector<Form*> forms;
-    std::vector<Form*> held; // disabled by operations that are under way
     std::vector<std::unique_ptr<Form>> owned;
     Form* lastActive = nullptr;
 };

@@ -259,7 +259,6 @@ void Form::Destroy() {
 }
 
 void Form::Hold() {
-    application.Held(*this);
     if (holds++ != 0)
         return;
     if (const HWND focus = GetFocus(); focus && IsChild(handle, focus)) {
@@ -270,9 +269,6 @@ void Form::Hold() {
 }
 
 void Form::Release() {
-    if (holds == 0)
-        return;
-    application.Released(*this);
     if (--holds == 0 && IsOpen()) {
         EnableWindow(handle, TRUE);
         if (GetActiveWindow() == handle)

@@ -16,9 +16,9 @@ class StartUpTest : public testing::Test {
     }
     void Given(std::string_view ini) { files.AddFile(L"C:\\Tamblin\\tamb.ini", ini); }
     // Runs the whole splash; a window before tick 12 is a failure.
-    FirstWindow Run() {
+    NextWindow Run() {
         for (int tick = 1; tick < 12; ++tick)
-            EXPECT_EQ(startUp.Tick(), FirstWindow::None) << tick;
+            EXPECT_EQ(startUp.Tick(), NextWindow::Stay) << tick;
         return startUp.Tick();
     }
 
@@ -115,7 +115,7 @@ TEST_F(StartUpTest, StepsReadTheirKeysInOrder) {
 struct DecisionCase {
     const char* name;
     const char* ini; // null: no file
-    FirstWindow window;
+    NextWindow window;
 };
 
 class DecisionTest : public StartUpTest, public testing::WithParamInterface<DecisionCase> {};
@@ -127,13 +127,13 @@ TEST_P(DecisionTest, OpensTheWindow) {
     const auto before = files.Snapshot();
     EXPECT_EQ(Run(), GetParam().window);
     EXPECT_EQ(state.BrowseStartFolder,
-              GetParam().window == FirstWindow::SetUpWizard ? L"C:\\Tamblin" : L"");
+              GetParam().window == NextWindow::SetUpWizard ? L"C:\\Tamblin" : L"");
     EXPECT_EQ(files.Snapshot(), before); // nothing is written during start-up
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
 
-constexpr auto Main = FirstWindow::MainWindow;
-constexpr auto Wizard = FirstWindow::SetUpWizard;
+constexpr auto Main = NextWindow::MainWindow;
+constexpr auto Wizard = NextWindow::SetUpWizard;
 
 INSTANTIATE_TEST_SUITE_P(
     Decisions, DecisionTest,
@@ -165,7 +165,7 @@ TEST_F(StartUpTest, LostHostStillOpensTheMainWindowWithAnEmptyCombo) {
     Given("VERSION=Ver." TAMBLIN_VERSION
           "\r\nVMRFOLDER=C:\\Lost\r\nDEFAULT=C:\\Lost\r\n"
           "VIEWFOLDER=C:\\Packs\\\r\n");
-    EXPECT_EQ(Run(), FirstWindow::MainWindow);
+    EXPECT_EQ(Run(), NextWindow::MainWindow);
     HostFolderCombo combo;
     FillHostFolderCombo(combo, state);
     EXPECT_THAT(combo.entries, IsEmpty());
@@ -174,14 +174,14 @@ TEST_F(StartUpTest, LostHostStillOpensTheMainWindowWithAnEmptyCombo) {
 TEST_F(StartUpTest, UnreadableFileOpensTheWizard) {
     Given("VERSION=Ver." TAMBLIN_VERSION "\r\nVMRFOLDER=C:\\Host\r\n");
     files.Lock(L"C:\\Tamblin\\tamb.ini");
-    EXPECT_EQ(Run(), FirstWindow::SetUpWizard);
+    EXPECT_EQ(Run(), NextWindow::SetUpWizard);
 }
 
 TEST_F(StartUpTest, FolderOnADriveThatIsGoneDoesNotHideTheRest) {
     Given("VERSION=Ver." TAMBLIN_VERSION
           "\r\nVMRFOLDER=Q:\\Host\r\nVMRFOLDER=C:\\Host\r\nDEFAULT=Q:\\Host\r\n"
           "VIEWFOLDER=Q:\\Packs\\\r\nKVAOPTION=ON\r\n");
-    EXPECT_EQ(Run(), FirstWindow::MainWindow);
+    EXPECT_EQ(Run(), NextWindow::MainWindow);
     EXPECT_EQ(state.HostFolderCount, 1);
     EXPECT_EQ(state.KvaOption, L"ON");
 }

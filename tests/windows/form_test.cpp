@@ -132,20 +132,11 @@ TEST_F(FormTest, EnablesWhatAFailedCommandHadDisabledBeforeItReports) {
         EXPECT_TRUE(IsEnabled(other.Handle()));
     };
     Command(form, [&] {
-        form.Hold();
-        other.Hold();
+        const Form::Held held(form);
+        const Form::Held otherHeld(other);
         throw RunTimeError(ErrorNumber::DiskFull);
     });
     EXPECT_EQ(fake.messages.shown.size(), 1u);
-}
-
-TEST_F(FormTest, LeavesDisabledWhatAnOuterCommandHolds) {
-    auto& other = Open(102);
-    form.Hold();
-    Command(other, [] { throw RunTimeError(ErrorNumber::DiskFull); });
-    EXPECT_FALSE(IsEnabled(form.Handle()));
-    form.Release();
-    EXPECT_TRUE(IsEnabled(form.Handle()));
 }
 
 TEST_F(FormTest, ReportsAFailureInATimerTickAndGoesOnTicking) {
