@@ -318,13 +318,13 @@ TEST(Win32Attributes, OnlyLinksElsewhereAreLinks) {
     found.dwFileAttributes = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
     found.dwReserved0 = IO_REPARSE_TAG_MOUNT_POINT;
     EXPECT_TRUE(AttributesOf(found).link);
-    EXPECT_FALSE(IsHostLink(found));
+    EXPECT_FALSE(IsUnixLink(found));
     found.dwReserved0 = IO_REPARSE_TAG_SYMLINK;
     EXPECT_TRUE(AttributesOf(found).link);
     found.dwReserved0 = 0x9000001A; // a folder kept in a cloud
     EXPECT_FALSE(AttributesOf(found).link);
     found.dwReserved0 = 0;
-    EXPECT_TRUE(IsHostLink(found));
+    EXPECT_TRUE(IsUnixLink(found));
     found.dwFileAttributes = FILE_ATTRIBUTE_REPARSE_POINT; // a link to a file
     found.dwReserved0 = IO_REPARSE_TAG_SYMLINK;
     EXPECT_EQ(AttributesOf(found), FileAttributes{});

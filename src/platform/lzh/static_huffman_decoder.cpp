@@ -146,7 +146,7 @@ std::size_t DistanceOf(std::uint64_t entry, std::uint64_t bits) {
                                     (following >> 1 >> ((entry >> followingShift) & 63)));
 }
 
-[[noreturn]] void Damaged() {
+[[noreturn]] void ThrowDamaged() {
     throw LzhError(LzhFailure::DamagedData);
 }
 
@@ -154,7 +154,7 @@ std::size_t DistanceOf(std::uint64_t entry, std::uint64_t bits) {
 unsigned ReadCount(BitReader& reader, unsigned bits, unsigned most) {
     const unsigned count = reader.Get(bits);
     if (count > most)
-        Damaged();
+        ThrowDamaged();
     return count;
 }
 
@@ -165,7 +165,7 @@ unsigned ReadPlainLength(BitReader& reader) {
     if (length == 7) {
         while (reader.Take(1) != 0) {
             if (++length > PrefixCode::longestCode)
-                Damaged();
+                ThrowDamaged();
         }
     }
     return length;
@@ -259,7 +259,7 @@ void StaticHuffmanDecoder::ReadSymbolCode(BitReader& outerReader) {
         else
             i += item == 1 ? reader.Take(4) + 3 : 1;
         if (i > symbolCount)
-            Damaged();
+            ThrowDamaged();
     }
     outerReader = reader;
     symbolCode.Finish();

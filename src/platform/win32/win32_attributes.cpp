@@ -1,5 +1,7 @@
 #include "platform/win32/win32_attributes.h"
 
+#include "platform/win32/win32_path.h"
+
 namespace tamblin {
 namespace {
 
@@ -17,6 +19,15 @@ bool LeadsElsewhere(DWORD tag) {
 
 } // namespace
 
+DWORD BitsOf(const std::wstring& fullPath) {
+    return GetFileAttributesW(PathForWindows(fullPath).c_str());
+}
+
+bool HasBits(const std::wstring& fullPath, DWORD wanted) {
+    const DWORD bits = BitsOf(fullPath);
+    return bits != INVALID_FILE_ATTRIBUTES && (bits & wanted) != 0;
+}
+
 FileAttributes AttributesOf(const WIN32_FIND_DATAW& found) {
     const DWORD bits = found.dwFileAttributes;
     FileAttributes attributes;
@@ -29,7 +40,7 @@ FileAttributes AttributesOf(const WIN32_FIND_DATAW& found) {
     return attributes;
 }
 
-bool IsHostLink(const WIN32_FIND_DATAW& found) {
+bool IsUnixLink(const WIN32_FIND_DATAW& found) {
     return IsReparsePoint(found.dwFileAttributes) && found.dwReserved0 == hostLinkTag;
 }
 

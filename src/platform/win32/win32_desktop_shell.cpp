@@ -51,27 +51,31 @@ std::optional<WIN32_FIND_DATAW> FindAt(const std::wstring& fullPath) {
 
 // False when the link stays. What it points to always does.
 bool RemoveLink(const std::wstring& fullPath, const WIN32_FIND_DATAW& link) {
-    return !IsHostLink(link) && RemoveDirectoryW(PathForWindows(fullPath).c_str());
+    return !IsUnixLink(link) && RemoveDirectoryW(PathForWindows(fullPath).c_str());
 }
 
-// Calls visit(path, found) for all below a folder, until one returns false. Links are not followed.
-template <typename Visitor>
-bool VisitTree(const std::wstring& folder, const Visitor& visit) {
+// What keeps the shell from deleting a tree: another program, or a link that it would follow.
+enum class Obstacle { None, Holder, Link };
+
+Obstacle ObstacleBelow(const std::wstring& folder) {
     WIN32_FIND_DATAW found;
     const UniqueFindHandle search(
         NullIfInvalid(FindFirstFileW((PathForWindows(folder) + L"\\*").c_str(), &found)));
-    if (!search)
-        return true;
-    do {
+    auto obstacle = Obstacle::None;
+    for (bool more = search != nullptr; more && obstacle == Obstacle::None;
+         more = FindNextFileW(search.get(), &found)) {
         if (IsDots(found.cFileName))
             continue;
         const FileAttributes attributes = AttributesOf(found);
         const std::wstring path = folder + L'\\' + found.cFileName;
-        if (!visit(path, found) ||
-            (attributes.folder && !attributes.link && !VisitTree(path, visit)))
-            return false;
-    } while (FindNextFileW(search.get(), &found));
-    return true;
+        if (IsUnixLink(found))
+            obstacle = Obstacle::Link;
+        else if (IsHeld(path))
+            obstacle = Obstacle::Holder;
+        else if (attributes.folder && !attributes.link)
+            obstacle = ObstacleBelow(path);
+    }
+    return obstacle;
 }
 
 struct TaskMemory {
@@ -83,16 +87,12 @@ struct TaskMemory {
 // The shell gives up at the first file that another program holds. False for a tree that it must
 // not be given.
 bool Win32DesktopShell::WaitUntilFree(const std::wstring& tree, bool isFile) {
-    bool followed = false;
-    const auto isHeld = [&] {
-        return (isFile && IsHeld(tree)) ||
-               !VisitTree(tree, [&](const std::wstring& path, const WIN32_FIND_DATAW& found) {
-                   followed = followed || IsHostLink(found);
-                   return !followed && !IsHeld(path);
-               });
-    };
-    patience.Outwait([&] { return isHeld() && !followed; });
-    return !followed;
+    auto obstacle = Obstacle::None;
+    patience.Outwait([&] {
+        obstacle = isFile && IsHeld(tree) ? Obstacle::Holder : ObstacleBelow(tree);
+        return obstacle == Obstacle::Holder;
+    });
+    return obstacle != Obstacle::Link;
 }
 
 // Neither the result nor whether the user broke it off is looked at.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/path_limits.h"
+#include "platform/win32/win32_attributes.h"
 #include "platform/win32/win32_file_error.h"
 #include "platform/win32/win32_held_file.h"
 #include "platform/win32/win32_path.h"
@@ -39,10 +40,6 @@ bool IsFlushed(HANDLE file) {
 void Flush(HANDLE file) {
     if (!IsFlushed(file))
         ThrowLastError();
-}
-
-DWORD BitsOf(const std::wstring& fullPath) {
-    return GetFileAttributesW(PathForWindows(fullPath).c_str());
 }
 
 void SetBits(const std::wstring& fullPath, DWORD bits) {

@@ -1,5 +1,6 @@
 #include "platform/win32/win32_held_file.h"
 
+#include "platform/win32/win32_attributes.h"
 #include "platform/win32/win32_handle.h"
 #include "platform/win32/win32_path.h"
 
@@ -18,7 +19,7 @@ LONG LastStatus() {
 }
 
 bool IsThere(const std::wstring& fullPath) {
-    return GetFileAttributesW(PathForWindows(fullPath).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return BitsOf(fullPath) != INVALID_FILE_ATTRIBUTES;
 }
 
 // Deleted files stay in their folder until the last program has closed them.
@@ -37,7 +38,7 @@ bool HoldsOnlyWhatIsHeld(const std::wstring& folder) {
 }
 
 bool IsFolder(const std::wstring& fullPath) {
-    const DWORD bits = GetFileAttributesW(PathForWindows(fullPath).c_str());
+    const DWORD bits = BitsOf(fullPath);
     return bits != INVALID_FILE_ATTRIBUTES && (bits & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
