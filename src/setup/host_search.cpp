@@ -125,7 +125,7 @@ bool HostSearch::YieldForVisit() {
 
 HostSearch::Entered HostSearch::EnterSubfolder(Visit& subfolder) {
     if (!YieldForVisit())
-        return stop == Stop::Abandoned ? Entered::DriveIsOver : Entered::StoppedBefore;
+        return Entered::StoppedBefore;
     try {
         ListVisit(subfolder);
         return Entered::Yes;
