@@ -39,7 +39,7 @@ def test_with_a_valid_host_folder_the_main_window_opens(app, machine):
 
 def test_with_an_unknown_version_the_wizard_opens(app, machine):
     make_host(machine, "C:\\Vimora")
-    app.write_ini("VERSION=Ver.0.62", "DEFAULT=C:\\Vimora", "VMRFOLDER=C:\\Vimora")
+    app.write_ini("VERSION=Ver.9.99", "DEFAULT=C:\\Vimora", "VMRFOLDER=C:\\Vimora")
     before = app.ini()
     app.start()
     assert wait_first_window(app) is app.wizard

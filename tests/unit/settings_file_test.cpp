@@ -87,7 +87,7 @@ TEST_F(SettingsFileTest, IsReadFromTheProgramFolderWhateverIsCurrent) {
     files.AddFile(L"C:\\Else\\tamb.ini", "VERSION=Ver.9\r\n");
     files.SetCurrentFolder(L"C:\\Else");
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
-    Given({"VERSION=Ver.0.62"});
+    Given({"VERSION=Ver.9.99"});
     files.AddFile(L"C:\\tamb.ini", "VERSION=Ver.0.60\r\n");
     fake.platform.programFolder = L"C:\\";
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
@@ -96,7 +96,7 @@ TEST_F(SettingsFileTest, IsReadFromTheProgramFolderWhateverIsCurrent) {
 TEST_F(SettingsFileTest, EveryCallReadsTheFileAnew) {
     Given({"VERSION=Ver." TAMBLIN_VERSION});
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
-    Given({"VERSION=Ver.0.62"});
+    Given({"VERSION=Ver.9.99"});
     EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
     EXPECT_EQ(files.CountLogged(L"Read "), 2U);
 }
@@ -104,7 +104,7 @@ TEST_F(SettingsFileTest, EveryCallReadsTheFileAnew) {
 TEST_F(SettingsFileTest, VersionIsKnownOrNot) {
     const std::pair<const char*, bool> versions[] = {
         {"Ver.0.60 Beta-2", true},           {"Ver.0.60", true},
-        {"Ver." TAMBLIN_VERSION, true},      {"Ver.0.62", false},
+        {"Ver." TAMBLIN_VERSION, true},      {"Ver.9.99", false},
         {"ver." TAMBLIN_VERSION, false},     {" Ver." TAMBLIN_VERSION, false},
         {"Ver." TAMBLIN_VERSION " ", false}, {"", false}};
     for (const auto& [version, known] : versions) {
