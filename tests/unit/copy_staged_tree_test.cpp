@@ -76,13 +76,18 @@ TEST_F(CopyStagedTreeTest, OnlyDefinitionFilesLeaveTheStagingRoot) {
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
-TEST_F(CopyStagedTreeTest, ExistingFilesAreOverwrittenWithoutAsking) {
-    files.AddFile(L"C:\\Host\\MIO.OBL", "old");
+TEST_F(CopyStagedTreeTest, ExistingFolderIsCompleted) {
+    files.AddFile(L"C:\\Host\\mio\\mine", "mine");
+    files.AddFile(L"C:\\Host\\mio\\A", "half");
+    files.AddFile(L"C:\\Host\\MIO.OBL", "old"); // is overwritten without asking
+    Stage(L"mio\\a", "whole");
     Stage(L"mio.obl", "new");
     Copy();
+    EXPECT_EQ(InHost(L"mio\\mine"), "mine");
+    EXPECT_EQ(InHost(L"mio\\a"), "whole");
     EXPECT_EQ(InHost(L"mio.obl"), "new");
-    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
     EXPECT_THAT(fake.messages.shown, IsEmpty());
+    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
 TEST_F(CopyStagedTreeTest, ReadOnlyStagedFilesMoveToo) {
@@ -101,18 +106,6 @@ TEST_F(CopyStagedTreeTest, ReplacedFileKeepsItsAttributesAndPermissions) {
     EXPECT_EQ(files.AttributesOf(L"C:\\Host\\mio.obl"),
               (FileAttributes{.hidden = true, .archive = true}));
     EXPECT_EQ(files.PermissionsOf(L"C:\\Host\\mio.obl"), L"the user's own");
-    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
-}
-
-TEST_F(CopyStagedTreeTest, ExistingFolderIsCompleted) {
-    files.AddFile(L"C:\\Host\\mio\\mine", "mine");
-    files.AddFile(L"C:\\Host\\mio\\A", "half");
-    Stage(L"mio\\a", "whole");
-    Stage(L"mio.obl");
-    Copy();
-    EXPECT_EQ(InHost(L"mio\\mine"), "mine");
-    EXPECT_EQ(InHost(L"mio\\a"), "whole");
-    EXPECT_TRUE(files.Exists(L"C:\\Host\\mio.obl"));
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
@@ -253,16 +246,12 @@ TEST_F(CopyStagedTreeTest, OptionDecidesWhetherThePackagesEntriesAreMerged) {
     }
 }
 
-TEST_F(CopyStagedTreeTest, HostWithoutDefinitionsGetsNone) {
+TEST_F(CopyStagedTreeTest, PackagesMergeOneAfterTheOtherIfTheHostHasDefinitions) {
     state.KvaOption = L"ON";
     Stage(L"mio\\KVA.DEF", "a,b,2\r\n");
     Copy();
     EXPECT_FALSE(files.Exists(L"C:\\Host\\kva.def"));
     EXPECT_TRUE(files.Exists(L"C:\\Host\\mio\\KVA.DEF"));
-}
-
-TEST_F(CopyStagedTreeTest, PackagesMergeOneAfterTheOther) {
-    state.KvaOption = L"ON";
     files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\nc,d,1\r\n");
     Stage(L"one\\KVA.DEF", "a,b,2\r\n");
     Stage(L"two\\kva.def", "c,d,2\r\n");

@@ -157,24 +157,18 @@ TEST_F(FolderCheckDelete, EmptiesAndDisablesTheListUntilTheWindowIsActiveAgain) 
     AddDefinitionFiles({L"a.obl"});
     AddFolders({L"dat"});
     RunAndActivate();
+    messages.answer = false;
+    check.DeleteDefinitionFiles(); // changes nothing
+    EXPECT_TRUE(files.Exists(L"C:\\VMR\\a.obl"));
+    Expect({L"dat"}, {L"a.obl"});
+    ExpectEnabled(true, true);
+    messages.answer = true;
     check.DeleteDefinitionFiles();
     EXPECT_TRUE(check.definitionFiles.Empty());
-    EXPECT_FALSE(check.definitionFilesEnabled);
-    EXPECT_FALSE(check.deleteEnabled);
-    EXPECT_TRUE(check.foldersEnabled);
+    ExpectEnabled(true, false);
     check.Activate();
-    EXPECT_THAT(check.definitionFiles.Entries(), ElementsAre(Nothing));
-    EXPECT_FALSE(check.definitionFilesEnabled);
-}
-
-TEST_F(FolderCheckDelete, CancelChangesNothing) {
-    AddDefinitionFiles({L"a.obl"});
-    RunAndActivate();
-    messages.answer = false;
-    check.DeleteDefinitionFiles();
-    EXPECT_TRUE(files.Exists(L"C:\\VMR\\a.obl"));
-    EXPECT_EQ(check.definitionFiles.Size(), 1U);
-    EXPECT_TRUE(check.deleteEnabled);
+    Expect({L"dat"}, {Nothing});
+    ExpectEnabled(true, false);
 }
 
 TEST(FolderCheck, DriveRootIsReached) {

@@ -41,6 +41,7 @@ struct FaultScene : MainWindowScene {
         state.KvaOption = L"ON";
         AddPackage(L"p.lzh", Packed);
         Open();
+        hostBefore = files.Snapshot(L"C:\\Host");
     }
 
     // Installs with the n-th operation failing.
@@ -81,6 +82,7 @@ struct FaultScene : MainWindowScene {
         return cut;
     }
 
+    MemoryFileSystem::Tree hostBefore;
     bool faultReached = false;
     bool shellFailed = false;
 };
@@ -120,6 +122,29 @@ void ExpectInstalled(const FaultScene& scene) {
     EXPECT_TRUE(scene.screen.enabled);
 }
 
+void ExpectUntouched(const FaultScene& scene) {
+    EXPECT_EQ(scene.files.Snapshot(L"C:\\Host"), scene.hostBefore);
+}
+
+// Installs with each operation failing in turn, and then without a fault.
+void ForEachFault(ErrorNumber error, const std::function<void(FaultScene&)>& prepare,
+                  const std::function<void(const FaultScene&)>& check,
+                  const std::function<void(FaultScene&)>& makeGood) {
+    for (size_t n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        FaultScene scene;
+        prepare(scene);
+        scene.InstallWithFault(n, error);
+        EXPECT_TRUE(scene.screen.enabled);
+        check(scene);
+        if (!scene.faultReached)
+            break;
+        makeGood(scene);
+        EXPECT_EQ(scene.InstallAgain(), std::nullopt);
+        ExpectInstalled(scene);
+    }
+}
+
 class InstallFaults : public testing::TestWithParam<ErrorNumber> {};
 
 TEST_P(InstallFaults, LoseNothingOfTheHostNorOfThePackage) {
@@ -152,16 +177,8 @@ TEST_P(InstallFaults, LoseNothingOfTheHostNorOfThePackage) {
 }
 
 TEST_P(InstallFaults, DoNotKeepTheNextInstallFromSucceeding) {
-    for (size_t n = 1;; ++n) {
-        SCOPED_TRACE(n);
-        FaultScene scene;
-        scene.InstallWithFault(n, GetParam());
-        if (!scene.faultReached)
-            break;
-        EXPECT_EQ(scene.InstallAgain(), std::nullopt);
-        EXPECT_TRUE(scene.screen.enabled);
-        ExpectInstalled(scene);
-    }
+    ForEachFault(
+        GetParam(), [](FaultScene&) {}, [](const FaultScene&) {}, [](FaultScene&) {});
 }
 
 TEST(InstallPowerCut, LeavesTheFormerFilesOrTheNewOnesWhole) {
@@ -218,45 +235,25 @@ TEST(InstallWithoutAccess, LeavesTheHostFolderAsItWas) {
 }
 
 TEST_P(InstallFaults, DuringACancelledInstallLeaveTheHostUntouched) {
-    for (size_t n = 1;; ++n) {
-        SCOPED_TRACE(n);
-        FaultScene scene;
-        const auto before = scene.files.Snapshot(L"C:\\Host");
-        scene.screen.answer = AnswerCancel;
-        scene.InstallWithFault(n, GetParam());
-        EXPECT_TRUE(scene.screen.enabled);
-        EXPECT_EQ(scene.files.Snapshot(L"C:\\Host"), before);
-        if (!scene.faultReached)
-            break;
-        scene.screen.answer = AnswerInstall;
-        EXPECT_EQ(scene.InstallAgain(), std::nullopt);
-        ExpectInstalled(scene);
-    }
+    ForEachFault(
+        GetParam(), [](FaultScene& scene) { scene.screen.answer = AnswerCancel; }, ExpectUntouched,
+        [](FaultScene& scene) { scene.screen.answer = AnswerInstall; });
 }
 
 TEST_P(InstallFaults, WhileADamagedArchiveIsClearedLeaveTheHostUntouched) {
-    for (size_t n = 1;; ++n) {
-        SCOPED_TRACE(n);
-        FaultScene scene;
-        const auto before = scene.files.Snapshot(L"C:\\Host");
-        scene.AddPackage(L"p.lzh", Packed, 1);
-        scene.InstallWithFault(n, GetParam());
-        EXPECT_TRUE(scene.screen.enabled);
-        EXPECT_TRUE(scene.screen.confirmations.empty());
-        EXPECT_EQ(scene.files.Snapshot(L"C:\\Host"), before);
-        if (!scene.faultReached)
-            break;
-        scene.AddPackage(L"p.lzh", Packed);
-        EXPECT_EQ(scene.InstallAgain(), std::nullopt);
-        ExpectInstalled(scene);
-    }
+    ForEachFault(
+        GetParam(), [](FaultScene& scene) { scene.AddPackage(L"p.lzh", Packed, 1); },
+        [](const FaultScene& scene) {
+            ExpectUntouched(scene);
+            EXPECT_TRUE(scene.screen.confirmations.empty());
+        },
+        [](FaultScene& scene) { scene.AddPackage(L"p.lzh", Packed); });
 }
 
-TEST_P(InstallFaults, WhileTheStagingFolderIsClearedAreMadeGoodByTheNextClearing) {
+TEST_P(InstallFaults, OfAClearingDoNotKeepTheNextOneFromSucceeding) {
     for (size_t n = 1;; ++n) {
         SCOPED_TRACE(n);
         FaultScene scene;
-        const auto hostBefore = scene.files.Snapshot(L"C:\\Host");
         scene.files.AddFile(L"C:\\TAMTMP\\a\\b\\readonly", "", {.readOnly = true});
         scene.files.ForgetOperations();
         scene.files.FailOperation(n, GetParam());
@@ -264,7 +261,7 @@ TEST_P(InstallFaults, WhileTheStagingFolderIsClearedAreMadeGoodByTheNextClearing
         const bool reached = scene.files.OperationCount() >= n;
         scene.files.FailNothing();
         EXPECT_EQ(failure.has_value(), reached);
-        EXPECT_EQ(scene.files.Snapshot(L"C:\\Host"), hostBefore);
+        ExpectUntouched(scene);
         if (!reached)
             break;
         scene.main.PrepareStagingPressed();

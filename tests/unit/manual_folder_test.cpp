@@ -62,11 +62,8 @@ TEST_F(ManualFolderTest, TreeStartsAtTheCurrentFolderOfTheProgramsDrive) {
     EXPECT_EQ(manual.FolderText(), L"C:\\a");
     EXPECT_EQ(manual.StatusText(), L"C:\\a");
     EXPECT_THAT(manual.Browser().Rows(), ElementsAre(L"ﾃﾞｽｸﾄｯﾌﾟ", L"C:", L"  + a", L"    + b"));
-}
-
-TEST_F(ManualFolderTest, TreeLeavesAnotherCurrentDriveForTheProgramsOwn) {
     files.AddDrive(L"D:");
-    files.SetCurrentFolder(L"D:\\");
+    files.SetCurrentFolder(L"D:\\"); // is left for the program's own
     manual.Load();
     EXPECT_EQ(manual.StatusText(), L"C:\\Tamblin");
 }
@@ -210,17 +207,11 @@ TEST_F(ManualFolderTest, FolderToChangeThatIsRegisteredIsSaidToBeUnchangedAndSto
     EXPECT_FALSE(state.EditMode);
 }
 
-TEST_F(ManualFolderTest, RefusedChangeKeepsTheWindowOpenAndTheMode) {
-    RegisterFolders(2);
-    Edit(1);
-    EXPECT_EQ(manual.OkPressed(L"C:\\nowhere"), NextWindow::Stay);
-    EXPECT_EQ(state.HostFolders[1], L"C:\\r1");
-    EXPECT_TRUE(state.EditMode);
-}
-
-TEST_F(ManualFolderTest, BackLeavesTheModeAndMarksNothingAsChanged) {
+TEST_F(ManualFolderTest, RefusedChangeKeepsTheModeAndBackLeavesItAndMarksNothingAsChanged) {
     RegisterFolders(2);
     Edit(2);
+    EXPECT_EQ(manual.OkPressed(L"C:\\nowhere"), NextWindow::Stay);
+    EXPECT_TRUE(state.EditMode);
     EXPECT_EQ(manual.BackPressed(), NextWindow::FolderManagement);
     EXPECT_FALSE(state.EditMode);
     EXPECT_EQ(state.ChangedSlot, 0);
@@ -237,10 +228,12 @@ TEST_F(ManualFolderTest, MoreLeavesTheModeForManagement) {
 
 // --- More and Back --------------------------------------------------------------------------
 
-TEST(ManualFolder, MoreRegistersAndOpensTheWindowAgain) {
+TEST(ManualFolder, MoreRegistersAndOpensTheWindowAgainAndBackReturnsToTheWizard) {
     for (const bool fromManagement : {false, true}) {
         ManualScene scene(1);
         scene.state.WizardFromManagement = fromManagement;
+        EXPECT_EQ(scene.manual.BackPressed(), NextWindow::SetUpWizard);
+        EXPECT_EQ(scene.state.HostFolderCount, 1);
         EXPECT_EQ(scene.manual.MorePressed(L"C:\\VMR"), NextWindow::ManualFolder);
         EXPECT_EQ(scene.state.HostFolderCount, 2);
         EXPECT_EQ(scene.state.DefaultFolder, L"");
@@ -258,15 +251,6 @@ TEST_F(ManualFolderTest, FolderThatMoreRefusesIsReportedAndTheWindowOpensAgain) 
     EXPECT_EQ(manual.MorePressed(L"C:\\nowhere"), NextWindow::ManualFolder);
     EXPECT_EQ(state.HostFolderCount, 0);
     EXPECT_THAT(messages.Texts(), ElementsAre(NotFoundText));
-}
-
-TEST(ManualFolder, BackReturnsToTheWizardWithoutRegistering) {
-    for (const bool fromManagement : {false, true}) {
-        ManualScene scene(1);
-        scene.state.WizardFromManagement = fromManagement;
-        EXPECT_EQ(scene.manual.BackPressed(), NextWindow::SetUpWizard);
-        EXPECT_EQ(scene.state.HostFolderCount, 1);
-    }
 }
 
 // --- Failures -------------------------------------------------------------------------------

@@ -22,7 +22,9 @@ TEST(MessageBoxesFake, RecordsBoxesAndAnswersInOrder) {
     messages.answers = {false, true};
     EXPECT_FALSE(messages.AskOkCancel(L"1"));
     EXPECT_TRUE(messages.AskYesNo(L"2"));
-    messages.answer = false;
+    messages.onShow = [&](const Box&) {
+        messages.answer = false;
+    };
     EXPECT_FALSE(messages.AskRetryCancel(L"3"));
     messages.Inform(L"4", MessageIcon::Stop);
     EXPECT_THAT(messages.shown, ElementsAre(Box{Kind::AskOkCancel, L"1"}, Box{Kind::AskYesNo, L"2"},
@@ -31,17 +33,21 @@ TEST(MessageBoxesFake, RecordsBoxesAndAnswersInOrder) {
     EXPECT_THAT(messages.Texts(), ElementsAre(L"1", L"2", L"3", L"4"));
 }
 
-TEST(MessageBoxesFake, LetsATestActWhileTheBoxIsShown) {
-    MessageBoxesFake messages;
-    messages.onShow = [&](const MessageBoxesFake::Box&) {
-        messages.answer = false;
-    };
-    EXPECT_FALSE(messages.AskYesNo(L"?"));
-}
-
-TEST(DesktopShellFake, DeletesTreesOnTheDisk) {
+TEST(DesktopShellFake, DeletesTreesOnTheDiskUnlessItRefuses) {
     PlatformFake fake;
     fake.files.AddFile(L"C:\\t\\a");
+    fake.shell.refuses = true;
+    fake.shell.DeleteTree(L"C:\\t");
+    fake.shell.MoveToRecycleBin(L"C:\\t");
+    EXPECT_TRUE(fake.files.Exists(L"C:\\t\\a"));
+    EXPECT_THAT(fake.shell.deleted, ElementsAre(L"C:\\t"));
+    fake.shell.refuses = false;
+    fake.files.Lock(L"C:\\t\\a");
+    fake.shell.MoveToRecycleBin(L"C:\\t");
+    EXPECT_TRUE(fake.files.Exists(L"C:\\t\\a"));
+    EXPECT_TRUE(fake.shell.Recycled().empty());
+    fake.files.Unlock(L"C:\\t\\a");
+    fake.files.ForgetOperations();
     fake.shell.DeleteTree(L"C:\\t");
     EXPECT_FALSE(fake.files.Exists(L"C:\\t"));
     EXPECT_THAT(fake.files.Log(), ElementsAre(L"DeleteTree C:\\t"));
@@ -69,25 +75,6 @@ TEST(DesktopShellFake, RecycledTreesCanBeRestored) {
     EXPECT_TRUE(fake.shell.Restore(L"c:\\T"));
     EXPECT_EQ(fake.files.Snapshot(), before);
     EXPECT_FALSE(fake.shell.Restore(L"C:\\t"));
-}
-
-TEST(DesktopShellFake, TreeInUseIsNotRecycled) {
-    PlatformFake fake;
-    fake.files.AddFile(L"C:\\t\\a");
-    fake.files.Lock(L"C:\\t\\a");
-    fake.shell.MoveToRecycleBin(L"C:\\t");
-    EXPECT_TRUE(fake.files.Exists(L"C:\\t\\a"));
-    EXPECT_TRUE(fake.shell.Recycled().empty());
-}
-
-TEST(DesktopShellFake, RefusalChangesNothing) {
-    PlatformFake fake;
-    fake.files.AddFile(L"C:\\t\\a");
-    fake.shell.refuses = true;
-    fake.shell.DeleteTree(L"C:\\t");
-    fake.shell.MoveToRecycleBin(L"C:\\t");
-    EXPECT_TRUE(fake.files.Exists(L"C:\\t\\a"));
-    EXPECT_THAT(fake.shell.deleted, ElementsAre(L"C:\\t"));
 }
 
 TEST(ProgramStarterFake, ShowsTheDiskAtTheMomentOfTheStart) {

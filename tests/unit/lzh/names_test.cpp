@@ -23,34 +23,39 @@ std::wstring PathOfEntry(const EntryHeader& header) {
     return path ? Joined(*path) : L"(none)";
 }
 
-std::wstring FromName(const std::string& name, unsigned codePage = 932) {
+// Of a file.
+EntryHeader Header(const std::string& name, const std::string& folder = {}) {
     EntryHeader header;
     header.method = "-lh5-";
     header.name = name;
+    header.folder = folder;
+    return header;
+}
+
+std::wstring FromName(const std::string& name, unsigned codePage = 932) {
+    EntryHeader header = Header(name);
     header.codePage = codePage;
     return PathOfEntry(header);
 }
 
 std::wstring FromFolderAndName(const std::string& folder, const std::string& name) {
-    EntryHeader header;
-    header.method = "-lh5-";
-    header.folder = folder;
-    header.name = name;
-    return PathOfEntry(header);
+    return PathOfEntry(Header(name, folder));
 }
 
 std::wstring FromUnicode(const std::u16string& folder, const std::u16string& name) {
-    EntryHeader header;
-    header.method = "-lh5-";
-    header.name = "other name";
-    header.folder = "other folder\xFF";
+    EntryHeader header = Header("other name", "other folder\xFF");
     header.unicodeFolder = folder;
     header.unicodeName = name;
     return PathOfEntry(header);
 }
 
+std::wstring Shown(const EntryHeader& header) {
+    CodePagesHere codePages;
+    return DisplayName(header, codePages);
+}
+
 TEST(EntryNames, SeparatorsCutThem) {
-    EXPECT_EQ(FromName("a.txt"), L"a.txt");
+    EXPECT_EQ(FromName("README.Txt"), L"README.Txt");
     EXPECT_EQ(FromName("dir\\a.txt"), L"dir|a.txt");
     EXPECT_EQ(FromName("dir/a.txt"), L"dir|a.txt");
     EXPECT_EQ(FromName("dir\xFF"
@@ -62,10 +67,6 @@ TEST(EntryNames, SeparatorsCutThem) {
     EXPECT_EQ(FromFolderAndName("dir\xFFsub\xFF", "a.txt"), L"dir|sub|a.txt");
     EXPECT_EQ(FromFolderAndName("dir/sub", "a.txt"), L"dir|sub|a.txt");
     EXPECT_EQ(FromFolderAndName("dir\xFF", "sub\\a.txt"), L"dir|sub|a.txt");
-}
-
-TEST(EntryNames, LetterCaseStaysAsStored) {
-    EXPECT_EQ(FromName("README.Txt"), L"README.Txt");
 }
 
 TEST(EntryNames, BackslashAsSecondByteOfACharacterDoesNotSeparate) {
@@ -190,10 +191,8 @@ TEST(EntryNames, EmptyOnesAreSkipped) {
 
 TEST(EntryNames, ZerosThatFillThemUpAndCommentsBehindThemAreCut) {
     EXPECT_EQ(FromName(std::string("a.txt\0\0\0", 8)), L"a.txt");
-    EntryHeader header;
-    header.method = "-lh5-";
+    EntryHeader header = Header(std::string("a.txt\0a comment", 15));
     header.system = 'A';
-    header.name = std::string("a.txt\0a comment", 15);
     EXPECT_EQ(PathOfEntry(header), L"a.txt");
 }
 
@@ -204,11 +203,8 @@ TEST(EntryNames, LaterEntryOfTheSameNameReplacesTheEarlier) {
 }
 
 TEST(EntryNames, AreReportedWhateverTheyHold) {
-    EntryHeader header;
-    header.method = "-lh5-";
-    header.name = std::string("..\\a\nb\x81\0", 8) + std::string(500, 'c');
-    CodePagesHere codePages;
-    const std::wstring name = DisplayName(header, codePages);
+    const std::wstring name =
+        Shown(Header(std::string("..\\a\nb\x81\0", 8) + std::string(500, 'c')));
     EXPECT_EQ(name.find(L'\n'), std::wstring::npos);
     EXPECT_LE(name.size(), 201u);
     EXPECT_EQ(name.substr(0, 5), L"..\\a?");
@@ -225,25 +221,16 @@ TEST(Names, ZerosThatFillUpAFolderAreNoPartOfIt) {
 }
 
 TEST(Names, UnicodeNameOfZerosAloneDoesNotCount) {
-    EntryHeader header;
-    header.method = "-lh5-";
-    header.name = "a.txt";
-    header.folder = "dir";
+    EntryHeader header = Header("a.txt", "dir");
     header.unicodeName = std::u16string(2, u'\0');
     header.unicodeFolder = std::u16string(2, u'\0');
     EXPECT_EQ(PathOfEntry(header), L"dir|a.txt");
 }
 
 // A header has room for names that would cost many times their size when taken apart.
-TEST(Names, NamesBeyondAllPathsAreRefusedAndShownShortened) {
-    EntryHeader header;
-    header.method = "-lh5-";
-    header.name = std::string(200'000, '\xFF');
-    CodePagesHere codePages;
-    EXPECT_THROW(PathOf(header, codePages), LzhError);
-    header.name = std::string(200'000, 'x');
-    EXPECT_THROW(PathOf(header, codePages), LzhError);
-    EXPECT_LT(DisplayName(header, codePages).size(), 300u);
+TEST(Names, NamesBeyondAllPathsAreRefused) {
+    for (const char letter : {'\xFF', 'x'})
+        EXPECT_THROW(FromName(std::string(200'000, letter)), LzhError);
 }
 
 TEST(Names, DotBehindTheLastSeparatorIsNoName) {
@@ -265,15 +252,10 @@ TEST(Names, PathsHaveUpTo259Units) {
 }
 
 TEST(Names, ShownOnesAreCutAt200Letters) {
-    CodePagesHere codePages;
-    EntryHeader header;
-    header.method = "-lh5-";
-    header.name = std::string(200, 'x');
-    EXPECT_EQ(DisplayName(header, codePages), std::wstring(200, L'x'));
-    for (const std::size_t size : {201u, 8192u}) {
-        header.name = std::string(size, 'x');
-        EXPECT_EQ(DisplayName(header, codePages), std::wstring(200, L'x') + L"…") << size;
-    }
+    EXPECT_EQ(Shown(Header(std::string(200, 'x'))), std::wstring(200, L'x'));
+    for (const std::size_t size : {201u, 8192u})
+        EXPECT_EQ(Shown(Header(std::string(size, 'x'))), std::wstring(200, L'x') + L"…") << size;
+    EXPECT_LT(Shown(Header(std::string(200'000, 'x'))).size(), 300u);
 }
 
 TEST(Names, SurrogatesOfTheLastPlaneAreOneCharacter) {
@@ -293,11 +275,9 @@ TEST(Names, KoreanOfTheOldKindHasBackslashesInItsCharactersToo) {
 }
 
 TEST(Names, NoLetterOfAShownNameEndsTheLine) {
-    EntryHeader header;
-    header.method = "-lh5-";
+    EntryHeader header = Header("");
     header.unicodeName = u"a\u0085b\u2028c\u2029d\u009Be";
-    CodePagesHere codePages;
-    EXPECT_EQ(DisplayName(header, codePages), L"a?b?c?d?e");
+    EXPECT_EQ(Shown(header), L"a?b?c?d?e");
 }
 
 } // namespace
