@@ -7,6 +7,7 @@
 #include <string>
 
 #include "growth_world.h"
+#include "install/install.h"
 #include "install/installed_list.h"
 
 namespace tamblin {
