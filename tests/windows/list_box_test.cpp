@@ -1,56 +1,11 @@
-// List boxes and combo boxes show what a model holds, and give back what the user has selected.
-#include "ui/list_box.h"
-
+// List boxes show what a model holds, and give back what the user has selected.
 #include <chrono>
 
 #include "support/processor_time.h"
-#include "ui/combo_box.h"
-#include "ui/text_box.h"
-#include "windows/window_scene.h"
+#include "windows/list_box_scene.h"
 
 namespace tamblin {
 namespace {
-
-class ListForm : public Form {
-  public:
-    explicit ListForm(Application& owner) : Form(owner, 110, L"Lists", FormFrame::Resizable) {
-        auto column = Column();
-        column->Add(several, 1).Add(one, 1).Add(combo).Add(path);
-        SetLayout(std::move(column));
-    }
-    ListBox several{*this, 1, ListBox::Selecting::Several, 10, 5};
-    ListBox one{*this, 2, ListBox::Selecting::One, 10, 5};
-    ComboBox combo{*this, 1};
-    TextBox path{*this, 1, TextBox::Access::ReadOnly};
-};
-
-class ListBoxTest : public WindowScene {
-  protected:
-    void SetUp() override {
-        form.Show();
-        Pump();
-    }
-    LRESULT Ask(const Control& control, UINT message, WPARAM wParam = 0) {
-        return SendMessageW(control.Handle(), message, wParam, 0);
-    }
-    RECT RowArea(const Control& list, WPARAM row) {
-        RECT area{};
-        SendMessageW(list.Handle(), LB_GETITEMRECT, row, reinterpret_cast<LPARAM>(&area));
-        return area;
-    }
-    static std::vector<std::wstring> Numbered(size_t count) {
-        std::vector<std::wstring> names;
-        for (size_t i = 0; i < count; ++i)
-            names.push_back(L"character " + std::to_wstring(i));
-        return names;
-    }
-    static SelectionList Listed(std::vector<std::wstring> names) {
-        SelectionList list;
-        list.Assign(std::move(names));
-        return list;
-    }
-    ListForm form{application};
-};
 
 TEST_F(ListBoxTest, ShowsEntriesAndSelections) {
     SelectionList list = Listed({L"a", L"表ソ能", L"c"});
@@ -200,10 +155,6 @@ TEST_F(ListBoxTest, ADoubleClickBesideTheRowsOpensNone) {
 }
 
 TEST_F(ListBoxTest, ControlAndASelectsAllWhereSeveralCanBe) {
-    int selections = 0;
-    form.several.onSelect = form.one.onSelect = [&] {
-        ++selections;
-    };
     form.several.Show(Listed({L"a", L"b", L"c"}));
     form.one.Show({L"a", L"b"}, 1);
     SetFocus(form.several.Handle());
@@ -232,10 +183,6 @@ TEST_F(ListBoxTest, TheKeyboardStaysWithItsEntryAndFollowsASelectionThatTheModel
 }
 
 TEST_F(ListBoxTest, TypingGoesToTheEntryOfThatName) {
-    int selections = 0;
-    form.several.onSelect = form.one.onSelect = [&] {
-        ++selections;
-    };
     form.several.Show(Listed({L"alpha", L"beta", L"bear"}));
     form.one.nameOf = [](const std::wstring& entry) {
         return entry.substr(4);
@@ -252,104 +199,7 @@ TEST_F(ListBoxTest, TypingGoesToTheEntryOfThatName) {
     EXPECT_EQ(selections, 6);
 }
 
-// Tips
-
-struct Tips {
-    int count = 0;
-    std::wstring text;
-    RECT area{};
-};
-
-// What the form's tool tip offers.
-Tips TipsOf(const Form& form) {
-    struct Search {
-        HWND owner;
-        HWND found;
-    } search{form.Handle(), nullptr};
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM along) {
-            auto* const wanted = reinterpret_cast<Search*>(along);
-            wchar_t name[64]{};
-            GetClassNameW(window, name, 64);
-            if (std::wstring(name) == TOOLTIPS_CLASSW &&
-                GetWindow(window, GW_OWNER) == wanted->owner)
-                wanted->found = window;
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    Tips tips;
-    if (!search.found)
-        return tips;
-    tips.count = static_cast<int>(SendMessageW(search.found, TTM_GETTOOLCOUNT, 0, 0));
-    wchar_t text[1000]{};
-    TTTOOLINFOW info{};
-    info.cbSize = sizeof info;
-    info.lpszText = text;
-    if (tips.count > 0 &&
-        SendMessageW(search.found, TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&info))) {
-        tips.text = text;
-        tips.area = info.rect;
-    }
-    return tips;
-}
-
-TEST_F(ListBoxTest, OffersTheWholeOfAnEntryThatDoesNotFit) {
-    const std::wstring longName(200, L'表');
-    form.several.Show(Listed({L"a", longName}));
-    const RECT second = RowArea(form.several, 1);
-    const auto pointAt = [&](LONG y) {
-        SendMessageW(form.several.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(3, y));
-        return TipsOf(form);
-    };
-    EXPECT_EQ(pointAt(second.top - 2).count, 0);
-    const Tips tips = pointAt(second.top + 2);
-    EXPECT_EQ(tips.count, 1);
-    EXPECT_EQ(tips.text, longName);
-    EXPECT_EQ(tips.area.top, second.top);
-    EXPECT_EQ(tips.area.bottom, second.bottom);
-    EXPECT_EQ(pointAt(second.bottom + 2).count, 0);
-}
-
-TEST_F(ListBoxTest, ComboAndPathOfferTheWholeOfATextThatDoesNotFit) {
-    const std::wstring longName = L"C:\\" + std::wstring(200, L'表');
-    const auto pointAt = [&](const Control& control) {
-        SendMessageW(control.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(3, 3));
-        return TipsOf(form);
-    };
-    form.combo.Show({L"a", longName}, 0);
-    EXPECT_EQ(pointAt(form.combo).count, 0);
-    form.combo.Show({L"a", longName}, 1);
-    EXPECT_EQ(pointAt(form.combo).text, longName);
-    form.path.SetText(L"C:\\");
-    EXPECT_EQ(pointAt(form.path).count, 0);
-    form.path.SetText(longName);
-    EXPECT_EQ(pointAt(form.path).text, longName);
-}
-
-TEST_F(ListBoxTest, TheWholeOfAnEntryGoesWhenOthersMayComeUnderThePointer) {
-    std::vector<std::wstring> names;
-    for (int i = 0; i < 50; ++i)
-        names.push_back(std::to_wstring(i) + std::wstring(200, L'表'));
-    form.several.Show(Listed(names));
-    SetFocus(form.several.Handle());
-    const auto pointAt = [&](int x) {
-        SendMessageW(form.several.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(x, 3));
-        return TipsOf(form);
-    };
-    ASSERT_EQ(pointAt(3).text, names.front());
-    SendMessageW(form.several.Handle(), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
-    EXPECT_EQ(TipsOf(form).count, 0);
-    EXPECT_EQ(pointAt(4).text, names.at(static_cast<size_t>(Ask(form.several, LB_GETTOPINDEX))));
-    PressKey(VK_DOWN);
-    EXPECT_EQ(TipsOf(form).count, 0);
-}
-
 TEST_F(ListBoxTest, ShowingDoesNotCountAsSelecting) {
-    int selections = 0;
-    form.several.onSelect = [&] {
-        ++selections;
-    };
     SelectionList list = Listed({L"a", L"b"});
     list.Select(1);
     form.several.Show(list);
@@ -357,29 +207,6 @@ TEST_F(ListBoxTest, ShowingDoesNotCountAsSelecting) {
     EXPECT_EQ(selections, 0);
     SelectRows(form.several.Handle(), {0});
     EXPECT_EQ(selections, 1);
-}
-
-TEST_F(ListBoxTest, ComboShowsEntriesAndSelectionAndReportsWhatTheUserPicks) {
-    std::vector<size_t> picked;
-    form.combo.onSelect = [&](size_t entry) {
-        picked.push_back(entry);
-    };
-    form.combo.Show({L"C:\\Vimora", L"D:\\表"}, 1);
-    EXPECT_EQ(Ask(form.combo, CB_GETCOUNT), 2);
-    EXPECT_EQ(TextOf(form.combo.Handle()), L"D:\\表");
-    form.combo.Show({L"C:\\Vimora", L"D:\\表"}, std::nullopt);
-    EXPECT_EQ(TextOf(form.combo.Handle()), L"");
-    EXPECT_TRUE(picked.empty());
-    Choose(form.combo.Handle(), 1);
-    EXPECT_EQ(picked, std::vector<size_t>{1});
-}
-
-TEST_F(ListBoxTest, OpenComboHasTheRowsOfAList) {
-    COMBOBOXINFO parts{};
-    parts.cbSize = sizeof parts;
-    ASSERT_TRUE(GetComboBoxInfo(form.combo.Handle(), &parts));
-    EXPECT_EQ(SendMessageW(parts.hwndList, LB_GETITEMHEIGHT, 0, 0),
-              Ask(form.several, LB_GETITEMHEIGHT));
 }
 
 // What a control does with each message must cost next to nothing: asked of the control and of the
@@ -399,17 +226,6 @@ TEST_F(ListBoxTest, AMessageCostsHardlyMoreThanTheSystemsOwn) {
         return std::chrono::duration<double>(least).count();
     };
     EXPECT_LT(fastest(form.several.Handle()), 5 * fastest(own));
-}
-
-TEST_F(ListBoxTest, ReturnAndEscapeCloseAnOpenComboFirst) {
-    form.combo.Show({L"a", L"b"}, 0);
-    SetFocus(form.combo.Handle());
-    for (const WPARAM key : {VK_RETURN, VK_ESCAPE}) {
-        SendMessageW(form.combo.Handle(), CB_SHOWDROPDOWN, TRUE, 0);
-        ASSERT_NE(Ask(form.combo, CB_GETDROPPEDSTATE), 0);
-        PressKey(key);
-        EXPECT_EQ(Ask(form.combo, CB_GETDROPPEDSTATE), 0);
-    }
 }
 
 } // namespace
