@@ -8,10 +8,10 @@ namespace tamblin {
 
 enum class MenuItem {
     Separator = 0,
-    mnrun = 9001, // of the installed list
+    mnrun = 9001, // mnmouse, of the installed list
     mnview = 9002,
     mncancel = 9003,
-    mnmv = 9011, // of the check window's folder list
+    mnmv = 9011, // mndel, of the check window's folder list
     mncan = 9012,
 };
 

@@ -25,6 +25,8 @@ enum class Command {
     ShowReadme = 14,
 };
 
+inline constexpr size_t CommandCount = static_cast<size_t>(Command::ShowReadme) + 1;
+
 // Which of them can be used; at first those that need no selection.
 class EnabledCommands {
   public:
@@ -39,7 +41,7 @@ class EnabledCommands {
     }
 
   private:
-    std::array<bool, 15> enabled{};
+    std::array<bool, CommandCount> enabled{};
 };
 
 } // namespace tamblin

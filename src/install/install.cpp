@@ -21,22 +21,25 @@ constexpr wchar_t DoneText[] = L"インストールが完了しました。";
 // Keeps the main window disabled while an install runs.
 class MainWindowLock {
   public:
-    explicit MainWindowLock(InstallScreen& mainScreen) : screen(mainScreen) {
-        screen.SetMainWindowEnabled(false);
-    }
+    explicit MainWindowLock(InstallScreen& mainScreen) : screen(mainScreen) {}
     ~MainWindowLock() { Release(); }
     MainWindowLock(const MainWindowLock&) = delete;
     MainWindowLock& operator=(const MainWindowLock&) = delete;
 
+    // Not by the constructor: what fails behind the disabling must find a lock that releases.
+    void Take() {
+        taken = true;
+        screen.SetMainWindowEnabled(false);
+    }
     void Release() {
-        if (!released)
+        if (taken)
             screen.SetMainWindowEnabled(true);
-        released = true;
+        taken = false;
     }
 
   private:
     InstallScreen& screen;
-    bool released = false;
+    bool taken = false;
 };
 
 // However an install ends, nothing of the program stays in the way of who deletes the staging
@@ -68,6 +71,7 @@ class InstallRun {
             return;
         model.enabled[Command::Install] = false;
         MainWindowLock lock(screen);
+        lock.Take();
         const StagingSession session(platform);
         if (!PrepareStagingFolder(hostFolder, platform) || !StageSelectedFiles())
             return;

@@ -14,7 +14,8 @@ namespace {
 constexpr wchar_t FileName[] = L"tamb.ini";
 constexpr wchar_t BackupName[] = L"tamb.bak";
 constexpr std::string_view OwnVersion = "Ver." TAMBLIN_VERSION;
-constexpr std::string_view AcceptedVersions[] = {"Ver.0.60 Beta-2", "Ver.0.60", OwnVersion};
+constexpr std::string_view AcceptedVersions[] = {"Ver.0.60 Beta-2", "Ver.0.60", "Ver.0.61",
+                                                 OwnVersion};
 constexpr std::string_view OnValues[] = {"ON", "on", "On"};
 
 bool IsOneOf(std::string_view value, const auto& values) {

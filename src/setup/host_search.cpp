@@ -1,6 +1,7 @@
 #include "setup/host_search.h"
 
 #include <algorithm>
+#include <new>
 
 #include "base/text.h"
 #include "settings/host_folder_list.h"
@@ -139,8 +140,8 @@ HostSearch::Entered HostSearch::EnterSubfolder(Visit& subfolder) {
 HostSearch::Entered HostSearch::GiveUpSubfolder(const RunTimeError& error) {
     switch (error.Number()) {
         case ErrorNumber::OutOfMemory:
+            stop = Stop::OutOfMemory; // first: the program may end while the message is shown
             platform.messages.Inform(OutOfMemoryText);
-            stop = Stop::OutOfMemory;
             return Entered::StoppedBefore;
         case ErrorNumber::DeviceUnavailable:
             // What is mounted in the folder is not available: passed over, as a drive would be.
@@ -165,7 +166,7 @@ bool HostSearch::IsThere(const std::wstring& root) {
     }
 }
 
-void HostSearch::ListVisit(Visit& visit) {
+void HostSearch::ListVisit(Visit& visit) try {
     for (FolderEntry& entry : platform.files.List(visit.folder)) {
         const FileAttributes& attributes = entry.attributes;
         if (!attributes.folder)
@@ -173,6 +174,8 @@ void HostSearch::ListVisit(Visit& visit) {
         else if (IsToBeSearched(WithBackslash(visit.folder) + entry.name, attributes))
             visit.subfolders.push_back(std::move(entry.name));
     }
+} catch (const std::bad_alloc&) {
+    throw RunTimeError(ErrorNumber::OutOfMemory);
 }
 
 // What is hidden as a part of the system (the recycle bin, restore points) is no place for a host.

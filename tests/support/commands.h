@@ -27,7 +27,7 @@ inline Commands operator+(Commands some, const Commands& others) {
 template <class Condition>
 Commands CommandsWhere(const Condition& holds) {
     Commands found;
-    for (int number = 1; number <= 14; ++number)
+    for (size_t number = 1; number < CommandCount; ++number)
         if (holds(static_cast<Command>(number)))
             found.insert(static_cast<Command>(number));
     return found;

@@ -260,6 +260,34 @@ TEST_F(HostSearchFailure, OutOfMemoryStopsTheWholeSearchAndWhatWasFoundIsSettled
     EXPECT_EQ(files.CurrentFolder(), L"P:\\Tamblin");
 }
 
+// Whoever runs out of it.
+TEST_F(HostSearchFailure, MemoryThatTheSearchItselfLacksEndsItAlike) {
+    struct NoMemoryForVolumes : MemoryFileSystem {
+        std::optional<std::wstring> FixedVolumeAt(const std::wstring&) override {
+            throw std::bad_alloc();
+        }
+    } lacking;
+    lacking.AddDrive(L"C:");
+    lacking.AddFolder(L"C:\\Tamblin");
+    lacking.AddFolder(L"C:\\a\\target");
+    lacking.AddLink(L"C:\\a\\link", L"C:\\a\\target");
+    AddHost(lacking, L"C:\\b");
+    Platform withoutMemory = PlatformOver(lacking);
+    EXPECT_EQ(HostSearch(withoutMemory, events, state).SearchAllDrives(), NextWindow::MainWindow);
+    EXPECT_THAT(messages.Texts(), ElementsAre(OutOfMemoryText));
+}
+
+TEST_F(HostSearchFailure, ProgramThatEndsWhileTheLackOfMemoryIsToldSettlesNothing) {
+    AddHost(files, L"C:\\a");
+    files.ForgetOperations();
+    files.FailOperation(3, ErrorNumber::OutOfMemory); // a
+    messages.onShow = [&](const Box&) {
+        search.Abandon();
+    };
+    EXPECT_EQ(Search(), NextWindow::Stay);
+    EXPECT_THAT(messages.Texts(), ElementsAre(OutOfMemoryText));
+}
+
 // The program ends: nothing more is listed, settled or said.
 TEST_F(HostSearchCancel, AbandonedSearchEndsAtOnceAndSilently) {
     for (const wchar_t* host : {L"C:\\a", L"C:\\b\\x"})

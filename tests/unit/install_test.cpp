@@ -47,6 +47,14 @@ TEST_F(InstallTest, MainWindowIsDisabledAndTheSelectionStaysUntilTheUserHasSeenT
     EXPECT_EQ(scene.screen.timesEnabled, 2); // once each
 }
 
+TEST_F(InstallTest, MainWindowThatFailsToShowItselfDisabledIsEnabledAgain) {
+    scene.screen.onDisabled = [] {
+        throw std::bad_alloc();
+    };
+    EXPECT_THROW(InstallMio(), std::bad_alloc);
+    EXPECT_TRUE(scene.screen.enabled);
+}
+
 TEST_F(InstallTest, EveryCharacterIsInstalledWhateverTheCaseOfTheExtensions) {
     scene.AddPackage(L"a.lzh", Ombrel(L"aa"));
     scene.AddPackage(L"B.LZH", Ombrel(L"bb"));

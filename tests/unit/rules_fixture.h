@@ -95,6 +95,7 @@ class InstallScreenFake : public InstallScreen {
     std::optional<std::int16_t> answer = AnswerInstall; // none: closed by its frame
     std::vector<InstallConfirmation> confirmations;
     std::function<void()> onConfirmation;
+    std::function<void()> onDisabled;
     bool open = true;
 
     int timesEnabled = 0;
@@ -102,6 +103,8 @@ class InstallScreenFake : public InstallScreen {
     void SetMainWindowEnabled(bool on) override {
         enabled = on;
         timesEnabled += on ? 1 : 0;
+        if (!on && onDisabled)
+            onDisabled();
     }
     void ShowConfirmation(const InstallConfirmation& lists, std::int16_t& InstallAnswer) override {
         confirmations.push_back(lists);

@@ -47,11 +47,15 @@ TEST_F(SettingsFileTest, EveryCallReadsTheFileAnew) {
 }
 
 TEST_F(SettingsFileTest, VersionIsKnownOrNot) {
-    const std::pair<const char*, bool> versions[] = {
-        {"Ver.0.60 Beta-2", true},           {"Ver.0.60", true},
-        {"Ver." TAMBLIN_VERSION, true},      {"Ver.9.99", false},
-        {"ver." TAMBLIN_VERSION, false},     {" Ver." TAMBLIN_VERSION, false},
-        {"Ver." TAMBLIN_VERSION " ", false}, {"", false}};
+    const std::pair<const char*, bool> versions[] = {{"Ver.0.60 Beta-2", true},
+                                                     {"Ver.0.60", true},
+                                                     {"Ver.0.61", true},
+                                                     {"Ver." TAMBLIN_VERSION, true},
+                                                     {"Ver.9.99", false},
+                                                     {"ver." TAMBLIN_VERSION, false},
+                                                     {" Ver." TAMBLIN_VERSION, false},
+                                                     {"Ver." TAMBLIN_VERSION " ", false},
+                                                     {"", false}};
     for (const auto& [version, known] : versions) {
         SCOPED_TRACE(version);
         state.VersionKnown = !known;

@@ -8,7 +8,7 @@
 namespace tamblin::lzh {
 namespace {
 
-constexpr unsigned shortestMatch = 3;
+constexpr unsigned shortestLength = 3;
 constexpr unsigned lowerBits = 6; // of a distance
 
 constexpr unsigned lh1History = 4096;
@@ -74,7 +74,7 @@ std::uint8_t* Lh1Decoder::DecodeChunk(BitReader& outerReader) {
         if (symbol < 256) {
             *out++ = static_cast<std::uint8_t>(symbol);
         } else {
-            const unsigned length = symbol - 256 + shortestMatch;
+            const unsigned length = symbol - 256 + shortestLength;
             CopyMatch(out, ReadDistance(reader), length);
             out += length;
         }

@@ -10,9 +10,9 @@
 namespace tamblin::lzh {
 namespace {
 
-constexpr std::size_t blockSize = 4096;
+constexpr std::size_t readAtOnce = 4096;
 
-[[noreturn]] void ThrowDamaged() {
+[[noreturn]] void ThrowDamagedHeader() {
     throw LzhError(LzhFailure::DamagedHeader);
 }
 
@@ -39,7 +39,7 @@ EntryHeader HeaderParser::Parse(std::uint64_t offset) {
             ParseLevel3();
             break;
         default:
-            ThrowDamaged();
+            ThrowDamagedHeader();
     }
     CheckCrc();
     entry.dataOffset = start + bytes.size();
@@ -49,7 +49,7 @@ EntryHeader HeaderParser::Parse(std::uint64_t offset) {
 // Reads the header's bytes up to `size`.
 void HeaderParser::ReadUpTo(std::size_t size) {
     if (size > largestHeader)
-        ThrowDamaged();
+        ThrowDamagedHeader();
     const std::size_t had = bytes.size();
     if (size <= had)
         return;
@@ -64,9 +64,9 @@ void HeaderParser::ReadUpTo(std::size_t size) {
 bool HeaderParser::ReadByBlocks(std::uint64_t offset, char* to, std::size_t size) {
     while (size > 0) {
         if (offset < blockStart || offset >= blockStart + block.size()) {
-            block.resize(blockSize);
+            block.resize(readAtOnce);
             blockStart = offset;
-            block.resize(source.Read(offset, block.data(), blockSize));
+            block.resize(source.Read(offset, block.data(), readAtOnce));
             if (block.empty())
                 return false;
         }
@@ -83,7 +83,7 @@ bool HeaderParser::ReadByBlocks(std::uint64_t offset, char* to, std::size_t size
 // Reads up to the size that the header says it has.
 void HeaderParser::ReadExactly(std::size_t size) {
     if (size < bytes.size())
-        ThrowDamaged();
+        ThrowDamagedHeader();
     ReadUpTo(size);
 }
 
@@ -100,7 +100,7 @@ void HeaderParser::CheckSum() const {
     for (std::size_t i = 2; i < bytes.size(); ++i)
         sum += static_cast<std::uint8_t>(bytes[i]);
     if ((sum & 0xFF) != static_cast<std::uint8_t>(bytes[1]))
-        ThrowDamaged();
+        ThrowDamagedHeader();
 }
 
 // What levels 0 and 1 have in common. Returns where the name ends and the checksum begins.
@@ -147,14 +147,14 @@ void HeaderParser::ParseLevel1() {
     entry.system = static_cast<char>(fields.U8(crcOffset + 2));
     const std::size_t baseSize = fields.Size();
     if (baseSize < crcOffset + 5)
-        ThrowDamaged();
+        ThrowDamagedHeader();
 
     // What the base header calls the packed size counts the extended headers as well.
     const std::uint64_t skipSize = entry.packedSize;
     const std::size_t chainSize = ParseChain(baseSize - 2, 2, true) - baseSize;
     if (entry.packedSize == skipSize) {
         if (chainSize > skipSize)
-            ThrowDamaged();
+            ThrowDamagedHeader();
         entry.packedSize -= chainSize;
     }
 }
@@ -177,7 +177,7 @@ void HeaderParser::ParseLevel2() {
 
 void HeaderParser::ParseLevel3() {
     if (HeaderFields(bytes).U16(0) != 4)
-        ThrowDamaged();
+        ThrowDamagedHeader();
     ReadUpTo(32);
     ReadExactly(HeaderFields(bytes).U32(24));
     const HeaderFields fields(bytes);
@@ -196,7 +196,7 @@ std::size_t HeaderParser::ParseChain(std::size_t sizeAt, std::size_t sizeBytes, 
     std::size_t at = sizeAt + sizeBytes;
     for (std::size_t size = sizeField(sizeAt); size != 0; size = sizeField(at - sizeBytes)) {
         if (size < smallest || size > largestHeader)
-            ThrowDamaged();
+            ThrowDamagedHeader();
         if (growing)
             ReadUpTo(at + size);
         const HeaderFields fields(bytes);
@@ -221,7 +221,7 @@ void HeaderParser::CheckCrc() const {
     crc = Crc16(crc, zeros, 2);
     crc = Crc16(crc, data + crcAt + 2, bytes.size() - crcAt - 2);
     if (crc != expected)
-        ThrowDamaged();
+        ThrowDamagedHeader();
 }
 
 } // namespace tamblin::lzh

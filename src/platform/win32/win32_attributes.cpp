@@ -5,7 +5,7 @@
 namespace tamblin {
 namespace {
 
-constexpr DWORD hostLinkTag = 0; // what Wine says of a symbolic link
+constexpr DWORD unixLinkTag = 0; // what Wine says of a symbolic link
 
 bool IsReparsePoint(DWORD bits) {
     constexpr DWORD both = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
@@ -14,7 +14,7 @@ bool IsReparsePoint(DWORD bits) {
 
 // Reparse points serve many ends (files kept in a cloud are some); only these lead elsewhere.
 bool LeadsElsewhere(DWORD tag) {
-    return tag == IO_REPARSE_TAG_MOUNT_POINT || tag == IO_REPARSE_TAG_SYMLINK || tag == hostLinkTag;
+    return tag == IO_REPARSE_TAG_MOUNT_POINT || tag == IO_REPARSE_TAG_SYMLINK || tag == unixLinkTag;
 }
 
 } // namespace
@@ -41,7 +41,7 @@ FileAttributes AttributesOf(const WIN32_FIND_DATAW& found) {
 }
 
 bool IsUnixLink(const WIN32_FIND_DATAW& found) {
-    return IsReparsePoint(found.dwFileAttributes) && found.dwReserved0 == hostLinkTag;
+    return IsReparsePoint(found.dwFileAttributes) && found.dwReserved0 == unixLinkTag;
 }
 
 DWORD WithAttributes(DWORD bits, const FileAttributes& attributes) {

@@ -38,7 +38,7 @@ UniqueFindHandle FindFirst(const std::wstring& pattern, WIN32_FIND_DATAW& found,
 }
 
 // What cannot be removed or renamed without hitting something else is refused.
-void CheckNotHostLink(const std::wstring& full) {
+void CheckNotUnixLink(const std::wstring& full) {
     WIN32_FIND_DATAW found;
     if (HasBits(full, FILE_ATTRIBUTE_REPARSE_POINT) && FindFirst(PathForWindows(full), found, 0) &&
         IsUnixLink(found))
@@ -244,7 +244,7 @@ void Win32FileSystem::Rename(const std::wstring& from, const std::wstring& to) {
         checkDrive();
         throw RunTimeError(ErrorNumber::PathFileAccess);
     }
-    CheckNotHostLink(source);
+    CheckNotUnixLink(source);
     const auto move = [&] {
         return MoveFileExW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), 0);
     };
@@ -278,7 +278,7 @@ void Win32FileSystem::RemoveFolder(const std::wstring& folder) {
     }
     if (HasBits(full, FILE_ATTRIBUTE_DIRECTORY))
         CheckNotReadOnly(full);
-    CheckNotHostLink(full);
+    CheckNotUnixLink(full);
     const auto remove = [&] {
         return RemoveDirectoryW(PathForWindows(full).c_str());
     };

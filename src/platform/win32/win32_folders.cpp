@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include "base/text.h"
-#include "base/upper_case.h"
 #include "platform/win32/win32_file_error.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_handle.h"

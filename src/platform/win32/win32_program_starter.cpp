@@ -9,7 +9,7 @@
 namespace tamblin {
 namespace {
 
-constexpr DWORD errorElevationRequired = 740; // not every set of Windows headers has a name for it
+constexpr DWORD elevationRequired = 740; // not every set of Windows headers has a name for it
 
 struct CommandLine {
     std::wstring program;
@@ -41,7 +41,7 @@ void Win32ProgramStarter::StartMinimised(const std::wstring& commandLine) {
     PROCESS_INFORMATION process{};
     if (!create(nullptr, writable.data(), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE,
                 nullptr, nullptr, &startup, &process)) {
-        if (GetLastError() != errorElevationRequired)
+        if (GetLastError() != elevationRequired)
             ThrowStartError(Split(commandLine));
         StartElevated(commandLine);
         return;
