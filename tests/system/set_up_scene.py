@@ -62,9 +62,18 @@ def start_wizard(app):
     return wait_only(app, app.wizard)
 
 
+def search_from_start(app):
+    start_wizard(app).search.press()
+
+
 def start_main(app):
     app.start()
     return wait_only(app, app.main)
+
+
+def make_hosts(machine, *folders, characters=()):
+    for folder in folders:
+        make_host(machine, folder, characters)
 
 
 def make_known(app, *folders, default=None, lines=("KVAOPTION=OFF",)):
@@ -95,5 +104,6 @@ def leave_main(app):
 
 
 def assert_main_shows(app, *folders, selected):
+    wait_only(app, app.main)
     assert app.main.combo1.entries() == list(folders)
     assert app.main.combo1.selected() == ([selected] if selected else [])

@@ -63,7 +63,7 @@ def test_another_default(app):
     assert main.list3.entries() == ["two 2"]
     leave_main(app)
     assert app.ini() == expected_settings(ONE, TWO, default=TWO)
-    start_main(app)
+    app.start()
     assert_main_shows(app, ONE, TWO, selected=TWO)
 
 
@@ -171,7 +171,7 @@ def test_adding_by_hand_comes_back_here(app, machine):
     assert main.list3.entries() == ["mikan"]
     leave_main(app)
     assert app.ini() == expected_settings(ONE, TWO, default=TWO)
-    start_main(app)
+    app.start()
     assert_main_shows(app, ONE, TWO, selected=TWO)
 
 
@@ -179,12 +179,7 @@ def test_adding_by_hand_comes_back_here(app, machine):
 def test_the_wizard_goes_back_here(app, way):
     start_management(app, ONE).add.press()
     wizard = wait_only(app, app.wizard)
-    if way == "button":
-        wizard.give_up.press()
-    elif way == "close box":
-        wizard.close()
-    else:
-        wizard.press_keys("Escape")
+    wizard.leave_by(way, wizard.give_up)
     management = wait_only(app, app.management)
     assert management.folders.entries() == [ONE]
     assert management.leave.text() == "戻る"
@@ -215,11 +210,7 @@ def test_leaving_by_the_frame_applies_nothing(app, way):
     management.folders.select(TWO)
     management.allow.press()
     wait_until(management.allow.ticked, "the choice")
-    if way == "close box":
-        management.close()
-    else:
-        management.press_keys("Escape")
-    wait_only(app, app.main)
+    management.leave_by(way, management.leave)
     assert_main_shows(app, ONE, TWO, selected=ONE)
     leave_main(app)
     assert app.ini() == expected_settings(ONE, TWO, default=ONE)

@@ -225,13 +225,8 @@ def test_the_window_opens_only_once(app, help_window):
 
 @pytest.mark.parametrize("way", ["button", "close box", "escape"])
 def test_ways_to_close(app, help_window, way):
-    if way == "button":
-        help_window.done.press()
-    elif way == "close box":
-        help_window.close()
-    else:
-        app.operator.ask("activate", help_window.handle)
-        help_window.press_keys("Escape")
+    app.operator.ask("activate", help_window.handle)
+    help_window.leave_by(way, help_window.done)
     help_window.wait_gone()
     assert app.main.enabled() and app.running()
 

@@ -56,12 +56,11 @@ def test_walking_to_the_host(app, machine):
     assert manual.files.entries() == ["ombrel.exe", "ombrel.rc"]
     assert manual.folder.text() == HOST
     manual.ok.press()
-    wait_only(app, app.main)
     assert_main_shows(app, HOST, selected=HOST)
     assert app.main.list3.entries() == ["mikan"]
     leave_main(app)
     assert app.ini() == fresh_settings(HOST, default=HOST)
-    start_main(app)
+    app.start()
     assert_main_shows(app, HOST, selected=HOST)
 
 
@@ -75,7 +74,6 @@ def test_a_click_puts_the_folder_into_the_text(app, machine):
     manual.press_keys("Tab")
     wait_until(lambda: app.operator.ask("focus")["id"] != manual.tree.identity, "the tree to lose the keyboard")
     manual.ok.press()
-    wait_only(app, app.main)
     assert_main_shows(app, "C:\\Vimora", selected="C:\\Vimora")
 
 
@@ -102,12 +100,7 @@ def test_a_folder_that_is_no_host_is_refused_once(app, machine, present):
 @pytest.mark.parametrize("way", ["button", "close box", "escape"])
 def test_going_back_leads_to_the_wizard(app, way):
     manual = start_by_hand(app)
-    if way == "button":
-        manual.back.press()
-    elif way == "close box":
-        manual.close()
-    else:
-        manual.press_keys("Escape")
+    manual.leave_by(way, manual.back)
     wait_only(app, app.wizard).give_up.press()
     app.wait_ended()
     assert not app.has_ini()
@@ -133,12 +126,11 @@ def test_two_folders_by_more_and_the_choice_of_the_default(app, machine):
     choice.default.select("C:\\Vimora")
     wait_until(choice.ok.enabled, "the OK button")
     choice.ok.press()
-    wait_only(app, app.main)
     assert_main_shows(app, HOST, "C:\\Vimora", selected="C:\\Vimora")
     assert app.main.list3.entries() == ["yuzu"]
     leave_main(app)
     assert app.ini() == fresh_settings(HOST, "C:\\Vimora", default="C:\\Vimora")
-    start_main(app)
+    app.start()
     assert_main_shows(app, HOST, "C:\\Vimora", selected="C:\\Vimora")
 
 
@@ -165,7 +157,6 @@ def test_a_removable_drive_may_be_named_by_hand(app, machine):
     manual = start_by_hand(app)
     manual.browse("F:\\Vimora")
     manual.ok.press()
-    wait_only(app, app.main)
     assert_main_shows(app, "F:\\Vimora", selected="F:\\Vimora")
 
 
@@ -186,7 +177,6 @@ def test_a_registered_folder_is_changed(app, machine):
     assert management.folders.entries() == ["C:\\One", HOST]
     assert management.folders.selected() == [HOST]
     management.leave.press()
-    wait_only(app, app.main)
     assert_main_shows(app, "C:\\One", HOST, selected=HOST)
 
 
@@ -204,10 +194,7 @@ def test_going_back_from_a_change_keeps_the_folder(app, machine, way):
     start_main(app)
     manual = change(app, "C:\\Two")
     manual.type_folder("C:\\One")
-    if way == "button":
-        manual.back.press()
-    else:
-        manual.close()
+    manual.leave_by(way, manual.back)
     management = wait_only(app, app.management)
     assert management.folders.entries() == ["C:\\One", "C:\\Two"]
     management.leave.press()

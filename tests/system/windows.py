@@ -1,6 +1,8 @@
 """The program as its user meets it: one class per window, controls under names of what they do.
 Those of set-up are in set_up_windows.py."""
 
+from functools import partial
+
 from controls import (
     PATIENCE,
     Combo,
@@ -72,6 +74,10 @@ class Window:
     def close(self):
         """What the system does for a close box, by message."""
         self.app.operator.act("close-box", self.handle)
+
+    def leave_by(self, way, button):
+        escape = partial(self.press_keys, "Escape")
+        {"button": button.press, "close box": self.close, "escape": escape}[way]()
 
     def has_keyboard(self):
         focus = self.app.operator.ask("focus")
