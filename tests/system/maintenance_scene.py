@@ -5,13 +5,13 @@ import os
 
 import pytest
 
-from controls import wait_until
+from controls import right_click_row, wait_until
 from document_recorder import Recorder
 from hosts import make_host
 from machine import MACHINES, Machine, discard
 from names import VERSION
 from tamblin_app import App
-from windows import CheckWindow
+from windows import CheckWindow, character_menu
 
 HOST = "C:\\Vimora 表ソ能"
 OTHER_HOST = "D:\\Games\\Vimora"
@@ -82,6 +82,25 @@ class Scene:
         wait_until(none_left, "the hosts to end")
 
 
+def host_log(machine, folder=HOST):
+    path = machine.path(folder + "\\ombrel.log")
+    lines = path.read_text("utf-8").splitlines() if path.exists() else []
+    return dict(line.split(": ", 1) for line in lines)
+
+
+def wait_host(machine, folder=HOST):
+    """Waits until the host runs and the start-up file has been put back."""
+    wait_until(lambda: "window" in host_log(machine, folder), "the host to show its window")
+    backup = machine.path(folder + "\\ombrel_rc.bak")
+    wait_until(lambda: not backup.exists(), "the start-up file to be put back")
+    return host_log(machine, folder)
+
+
+def assert_start_up_file_is_back(machine, folder=HOST, content=START_UP):
+    assert machine.read(folder + "\\ombrel.rc") == content
+    assert not machine.path(folder + "\\ombrel_rc.bak").exists()
+
+
 @pytest.fixture(scope="module")
 def scenes():
     """The scene in use, which is replaced when a test has left it in disorder."""
@@ -113,3 +132,11 @@ def app(scene):
 @pytest.fixture
 def machine(scene):
     return scene.machine
+
+
+def choose_for_character(app, text):
+    """Chooses from the menu of the selected character."""
+    characters = app.main.list3
+    right_click_row(characters, characters.selected()[0])
+    character_menu(app).wait_shown().click_item(text)
+    character_menu(app).wait_gone()

@@ -21,6 +21,7 @@ from windows import folder_menu
 
 DELETE_QUESTION = "使用可能状態にないオンブレルの定義ファイルを削除します。"
 RECYCLE_QUESTION = "VMRフォルダ内にある、オンブレルとは直接関係のないフォルダをごみ箱へ移動します。"
+RECYCLE = "ごみ箱へ移動"
 NOTHING = "（該当なし）"
 
 
@@ -32,23 +33,39 @@ def open_check(app):
 
 
 def leave(app, by="button"):
-    if by == "button":
-        app.check.done.press()
-    elif by == "close box":
-        app.check.close()
-    else:
-        app.check.press_keys("Escape")
+    app.check.leave_by(by, app.check.done)
     app.check.wait_gone()
     app.main.wait_enabled()
 
 
-def orphan_file(machine, name):
-    machine.write(f"{HOST}\\{name}", b"without a folder")
+def orphan_files(machine, *names):
+    for name in names:
+        machine.write(f"{HOST}\\{name}", b"without a folder")
 
 
-def orphan_folder(machine, name):
-    machine.write(f"{HOST}\\{name}\\inside\\{name}.txt", f"in {name}".encode())
-    machine.write(f"{HOST}\\{name}\\plain.txt", b"plain")
+def orphan_folders(machine, *names):
+    for name in names:
+        machine.write(f"{HOST}\\{name}\\inside\\{name}.txt", f"in {name}".encode())
+        machine.write(f"{HOST}\\{name}\\plain.txt", b"plain")
+
+
+def delete(app):
+    app.check.delete.press()
+    app.answer(DELETE_QUESTION, "OK")
+
+
+def choose(app, folder, text):
+    """Chooses from the menu of a folder."""
+    right_click_row(app.check.folders, folder)
+    folder_menu(app).wait_shown().click_item(text)
+    folder_menu(app).wait_gone()
+
+
+def recycle_by_message(app, folder):
+    app.check.folders.select(folder)
+    app.operator.act("command", app.check.handle, MENU_ITEMS["mnmv"])
+    app.answer(RECYCLE_QUESTION, "OK")
+    app.check.wait_enabled()
 
 
 # What is listed
@@ -70,14 +87,8 @@ def test_a_tidy_host_folder(app, machine):
 
 
 def test_halves_without_a_partner_are_listed(app, machine):
-    orphan_file(machine, "akane.obl")
-    orphan_file(machine, "能 空.OBL")
-    orphan_file(machine, "odd.obl")
-    orphan_folder(machine, "dat")
-    orphan_folder(machine, "odd.obl.d")
-    orphan_folder(machine, "ソ能")
-    orphan_folder(machine, "Hidamari")
-    orphan_file(machine, "HIDAMARI.OBL")
+    orphan_files(machine, "akane.obl", "能 空.OBL", "odd.obl", "HIDAMARI.OBL")
+    orphan_folders(machine, "dat", "odd.obl.d", "ソ能", "Hidamari")
     check = open_check(app)
     assert check.files.entries() == ["akane.obl", "odd.obl", "能 空.OBL"]
     assert check.folders.entries() == ["dat", "odd.obl.d", "ソ能"]
@@ -90,7 +101,7 @@ def test_halves_without_a_partner_are_listed(app, machine):
 
 
 def test_only_folders_without_a_definition_file(app, machine):
-    orphan_folder(machine, "dat")
+    orphan_folders(machine, "dat")
     check = open_check(app)
     assert check.files.entries() == [NOTHING]
     assert check.folders.entries() == ["dat"]
@@ -113,8 +124,8 @@ def test_the_check_sees_the_folder_as_it_is_now(app, machine):
 
 def test_long_names_can_be_scrolled_sideways(app, machine):
     long = "長い名前の" * 15
-    orphan_file(machine, long + ".obl")
-    orphan_folder(machine, long + "フォルダ")
+    orphan_files(machine, long + ".obl")
+    orphan_folders(machine, long + "フォルダ")
     check = open_check(app)
     for entries in [check.files, check.folders]:
         left, _, right, _ = entries.state()["area"]
@@ -124,7 +135,7 @@ def test_long_names_can_be_scrolled_sideways(app, machine):
 
 @pytest.mark.parametrize("by", ["button", "close box", "escape"])
 def test_ways_to_leave(app, machine, by):
-    orphan_folder(machine, "dat")
+    orphan_folders(machine, "dat")
     before = machine.tree(HOST)
     open_check(app)
     leave(app, by)
@@ -136,7 +147,7 @@ def test_ways_to_leave(app, machine, by):
 
 
 def test_cancel_deletes_nothing(app, machine):
-    orphan_file(machine, "akane.obl")
+    orphan_files(machine, "akane.obl")
     before = machine.tree(HOST)
     check = open_check(app)
     check.delete.press()
@@ -152,12 +163,10 @@ def test_cancel_deletes_nothing(app, machine):
 
 def test_all_definition_files_are_deleted(app, machine):
     before = machine.tree(HOST)
-    for name in ["akane.obl", "能 空.OBL", "表ソ.obl"]:
-        orphan_file(machine, name)
+    orphan_files(machine, "akane.obl", "能 空.OBL", "表ソ.obl")
     check = open_check(app)
     check.files.select("能 空.OBL")
-    check.delete.press()
-    app.answer(DELETE_QUESTION, "OK")
+    delete(app)
     check.wait_enabled()
     wait_until(lambda: check.files.entries() == [], "the list to be cleared")
     assert machine.tree(HOST) == before
@@ -168,12 +177,10 @@ def test_all_definition_files_are_deleted(app, machine):
 
 
 def test_a_definition_file_that_cannot_be_deleted_is_reported(app, machine):
-    for name in ["aoi.obl", "beni.obl", "chiyo.obl"]:
-        orphan_file(machine, name)
+    orphan_files(machine, "aoi.obl", "beni.obl", "chiyo.obl")
     machine.path(HOST + "\\beni.obl").chmod(0o444)
     check = open_check(app)
-    check.delete.press()
-    app.answer(DELETE_QUESTION, "OK")
+    delete(app)
     wait_report(app, 70, 75)
     check.wait_enabled()
     assert not machine.path(HOST + "\\aoi.obl").exists()
@@ -207,20 +214,13 @@ def restore(machine, name):
     recycled(machine)[place].rename(place)
 
 
-def choose_recycle(app, check, row):
-    right_click_row(check.folders, row)
-    folder_menu(app).wait_shown().click_item("ごみ箱へ移動")
-    folder_menu(app).wait_gone()
-
-
 def test_selected_folders_go_to_the_recycle_bin_and_come_back(app, machine):
-    for name in ["alpha", "beta", "dat", "表ソ"]:
-        orphan_folder(machine, name)
+    orphan_folders(machine, "alpha", "beta", "dat", "表ソ")
     before = machine.tree(HOST)
     check = open_check(app)
     assert check.folders.entries() == ["alpha", "beta", "dat", "表ソ"]
     check.folders.select("alpha", "dat", "表ソ")
-    choose_recycle(app, check, "dat")
+    choose(app, "dat", RECYCLE)
     box = app.wait_box()
     assert box.buttons() == ["OK", "Cancel"]
     assert not box.has_icon()
@@ -239,12 +239,9 @@ def test_selected_folders_go_to_the_recycle_bin_and_come_back(app, machine):
 
 def test_the_last_folder_greys_the_list(app, machine):
     before = machine.tree(HOST)
-    orphan_folder(machine, "dat")
+    orphan_folders(machine, "dat")
     check = open_check(app)
-    check.folders.select("dat")
-    app.operator.act("command", check.handle, MENU_ITEMS["mnmv"])
-    app.answer(RECYCLE_QUESTION, "OK")
-    check.wait_enabled()
+    recycle_by_message(app, "dat")
     wait_until(lambda: check.folders.entries() == [], "the list to be empty")
     assert not check.folders.enabled()
     assert [note.enabled() for note in check.folder_notes] == [False, False]
@@ -252,12 +249,14 @@ def test_the_last_folder_greys_the_list(app, machine):
     leave(app)
 
 
-def test_cancel_recycles_nothing(app, machine):
-    orphan_folder(machine, "dat")
+def test_cancel_in_the_menu_and_in_the_question_recycles_nothing(app, machine):
+    orphan_folders(machine, "dat")
     before = machine.tree(HOST)
     check = open_check(app)
     check.folders.select("dat")
-    choose_recycle(app, check, "dat")
+    choose(app, "dat", "キャンセル")
+    assert not app.box.shown()
+    choose(app, "dat", RECYCLE)
     app.answer(RECYCLE_QUESTION, "Cancel")
     check.wait_enabled()
     assert machine.tree(HOST) == before
@@ -265,22 +264,8 @@ def test_cancel_recycles_nothing(app, machine):
     leave(app)
 
 
-def test_the_menus_cancel_does_nothing(app, machine):
-    orphan_folder(machine, "dat")
-    before = machine.tree(HOST)
-    check = open_check(app)
-    check.folders.select("dat")
-    right_click_row(check.folders, "dat")
-    menu = folder_menu(app).wait_shown()
-    menu.click_item("キャンセル")
-    menu.wait_gone()
-    assert not app.box.shown()
-    assert machine.tree(HOST) == before
-    leave(app)
-
-
 def test_with_nothing_selected_no_menu_opens(app, machine):
-    orphan_folder(machine, "dat")
+    orphan_folders(machine, "dat")
     check = open_check(app)
     check.folders.select()
     right_click_row(check.folders, "dat")
@@ -296,10 +281,7 @@ def test_what_a_linked_folder_points_to_is_not_recycled(app, machine):
     machine.path(HOST + "\\link").symlink_to(machine.path("D:\\Elsewhere"))
     check = open_check(app)
     assert check.folders.entries() == ["link"]
-    check.folders.select("link")
-    app.operator.act("command", check.handle, MENU_ITEMS["mnmv"])
-    app.answer(RECYCLE_QUESTION, "OK")
-    check.wait_enabled()
+    recycle_by_message(app, "link")
     assert machine.read("D:\\Elsewhere\\kept.txt") == b"the only copy"
     leave(app)
     machine.path(HOST + "\\link").unlink()

@@ -1,28 +1,29 @@
-"""The start-up file, launching a character, its README, and the menu under the right mouse button."""
+"""The start-up file, and launching a character."""
 
 import os
 import pathlib
 
 import pytest
 
-from controls import point_at, press_keys, right_click_row, wait_until
+from controls import wait_until
 from hosts import install_by_hand
 from maintenance_scene import (  # noqa: F401
     HOST,
     OTHER_HOST,
     START_UP,
     app,
+    assert_start_up_file_is_back,
+    choose_for_character,
     machine,
     scene,
     scenes,
+    wait_host,
 )
-from names import MENU_ITEMS
 from test_faults import wait_report
 from test_maintenance_uninstall import DONE as UNINSTALLED
 from test_maintenance_uninstall import QUESTION as UNINSTALL_QUESTION
-from windows import character_menu
 
-RUN, VIEW = "オンブレルの起動", "READMEの表示"
+RUN = "オンブレルの起動"
 REWRITTEN = "が起動するようにombrel.rcを書き換えました。"
 CHARACTERS = ["mikan", "yuzu", "空 白", "表ソ能"]
 
@@ -38,23 +39,16 @@ def start_up_line(definition):
     return f"H001currentobl={definition}\r\n".encode("cp932")
 
 
-def host_log(machine, folder=HOST):
-    path = machine.path(folder + "\\ombrel.log")
-    lines = path.read_text("utf-8").splitlines() if path.exists() else []
-    return dict(line.split(": ", 1) for line in lines)
+def rewrite(app, character):
+    app.main.set_start_up_character.press()
+    app.answer(character + REWRITTEN, "OK")
 
 
-def wait_host(machine, folder=HOST):
-    """Waits until the host runs and the start-up file has been put back."""
-    wait_until(lambda: "window" in host_log(machine, folder), "the host to show its window")
-    backup = machine.path(folder + "\\ombrel_rc.bak")
-    wait_until(lambda: not backup.exists(), "the start-up file to be put back")
-    return host_log(machine, folder)
-
-
-def assert_start_up_file_is_back(machine, folder=HOST, content=START_UP):
-    assert machine.read(folder + "\\ombrel.rc") == content
-    assert not machine.path(folder + "\\ombrel_rc.bak").exists()
+def assert_launches(app, machine):
+    """Presses the button; afterwards the start-up file is as it was."""
+    app.main.launch.press()
+    wait_host(machine)
+    assert_start_up_file_is_back(machine)
 
 
 # The start-up file
@@ -76,8 +70,7 @@ def test_the_start_up_file_becomes_one_line(app, machine, character):
 
 def test_a_character_called_like_a_definition_file(with_dotted_name, app, machine):
     app.main.list3.select("x.obl")
-    app.main.set_start_up_character.press()
-    app.answer("x.obl" + REWRITTEN, "OK")
+    rewrite(app, "x.obl")
     assert machine.read(HOST + "\\ombrel.rc") == start_up_line("x.obl.obl")
     app.main.launch.press()
     wait_host(machine)
@@ -94,8 +87,7 @@ def test_a_character_called_like_a_definition_file(with_dotted_name, app, machin
 def test_the_start_up_file_is_made_where_there_is_none(app, machine):
     app.main.list3.select("yuzu")
     machine.path(HOST + "\\ombrel.rc").unlink()
-    app.main.set_start_up_character.press()
-    app.answer("yuzu" + REWRITTEN, "OK")
+    rewrite(app, "yuzu")
     assert machine.read(HOST + "\\ombrel.rc") == start_up_line("yuzu.obl")
 
 
@@ -107,8 +99,7 @@ def test_a_read_only_start_up_file_is_reported_and_kept(app, machine):
     app.main.wait_enabled()
     assert machine.read(HOST + "\\ombrel.rc") == START_UP
     machine.path(HOST + "\\ombrel.rc").chmod(0o644)
-    app.main.set_start_up_character.press()
-    app.answer("mikan" + REWRITTEN, "OK")
+    rewrite(app, "mikan")
     assert machine.read(HOST + "\\ombrel.rc") == start_up_line("mikan.obl")
 
 
@@ -120,10 +111,7 @@ def launch_by_button(app):
 
 
 def launch_by_menu(app):
-    main = app.main
-    right_click_row(main.list3, main.list3.selected()[0])
-    character_menu(app).wait_shown().click_item(RUN)
-    character_menu(app).wait_gone()
+    choose_for_character(app, RUN)
 
 
 @pytest.mark.parametrize("launch", [launch_by_button, launch_by_menu])
@@ -230,17 +218,13 @@ def test_a_leftover_of_an_earlier_launch_is_reported_and_nothing_is_lost(app, ma
     app.main.wait_enabled()
     assert machine.tree(HOST) == before
     machine.path(HOST + "\\ombrel_rc.bak").unlink()
-    app.main.launch.press()
-    wait_host(machine)
-    assert_start_up_file_is_back(machine)
+    assert_launches(app, machine)
 
 
 def test_a_start_up_file_that_is_read_only_survives_a_launch(app, machine):
     machine.path(HOST + "\\ombrel.rc").chmod(0o444)
     app.main.list3.select("mikan")
-    app.main.launch.press()
-    wait_host(machine)
-    assert_start_up_file_is_back(machine)
+    assert_launches(app, machine)
     assert machine.path(HOST + "\\ombrel.rc").stat().st_mode & 0o222 == 0
     machine.path(HOST + "\\ombrel.rc").chmod(0o644)
 
@@ -254,9 +238,7 @@ def test_a_host_folder_that_is_read_only_survives_a_launch(app, machine):
     app.main.wait_enabled()
     assert machine.tree(HOST) == before
     machine.path(HOST).chmod(0o755)
-    app.main.launch.press()
-    wait_host(machine)
-    assert_start_up_file_is_back(machine)
+    assert_launches(app, machine)
 
 
 def test_a_start_up_file_in_use_survives_a_launch(app, machine):
@@ -268,133 +250,4 @@ def test_a_start_up_file_in_use_survives_a_launch(app, machine):
     app.main.wait_enabled()
     assert machine.tree(HOST) == before
     app.operator.ask("release-file", held)
-    app.main.launch.press()
-    wait_host(machine)
-    assert_start_up_file_is_back(machine)
-
-
-# README
-
-
-def write_readmes(machine, character, *endings):
-    for ending in endings:
-        machine.write(f"{HOST}\\{character}\\{character}{ending}", b"read me")
-
-
-def view_by_button(app):
-    app.main.show_readme.press()
-
-
-def view_by_menu(app):
-    main = app.main
-    right_click_row(main.list3, main.list3.selected()[0])
-    character_menu(app).wait_shown().click_item(VIEW)
-    character_menu(app).wait_gone()
-
-
-@pytest.mark.parametrize("view", [view_by_button, view_by_menu])
-@pytest.mark.parametrize("character", ["yuzu", "表ソ能", "空 白"])
-def test_a_readme_is_opened_in_the_characters_folder(app, machine, view, character):
-    app.main.list3.select(character)
-    view(app)
-    (record,) = app.recorder.wait_records(1)
-    folder = f"{HOST}\\{character}"
-    assert record["command line"] == app.recorder.opened(f"{folder}\\{character}.txt")
-    assert record["working folder"] == folder
-    assert record["show command"] == "1"
-    assert not app.box.shown()
-
-
-def test_every_readme_is_opened_in_its_order(app, machine):
-    write_readmes(machine, "mikan", ".html", ".htm", "-X.txt", ".txt")
-    write_readmes(machine, "yuzu", ".html")
-    app.main.list3.select("mikan")
-    app.main.show_readme.press()
-    records = app.recorder.wait_records(4)
-    stem = f"{HOST}\\mikan\\mikan"
-    assert [record["command line"] for record in records] == [
-        app.recorder.opened(stem + ending) for ending in [".txt", "-X.txt", ".htm", ".html"]
-    ]
-    assert {record["working folder"] for record in records} == {HOST + "\\mikan"}
-
-
-def test_a_note_alone_is_a_readme(app, machine):
-    machine.path(HOST + "\\mikan\\mikan.txt").unlink()
-    write_readmes(machine, "mikan", "-X.txt")
-    app.main.list3.select("mikan")
-    assert app.main.show_readme.enabled()
-    view_by_menu(app)
-    (record,) = app.recorder.wait_records(1)
-    assert record["command line"] == app.recorder.opened(HOST + "\\mikan\\mikan-X.txt")
-
-
-# The menu
-
-
-def test_without_a_readme_the_menus_item_is_grey(app, machine):
-    machine.path(HOST + "\\mikan\\mikan.txt").unlink()
-    app.main.list3.select("mikan")
-    assert not app.main.show_readme.enabled()
-    right_click_row(app.main.list3, "mikan")
-    menu = character_menu(app).wait_shown()
-    menu.click_item(VIEW)
-    point_at(*menu.row_centre("キャンセル"))
-    assert menu.shown()
-    menu.click_item("キャンセル")
-    menu.wait_gone()
-    assert app.main.enabled()
-    assert app.recorder.records() == []
-    assert host_log(machine) == {}
-
-
-def test_the_menu_opens_at_the_pointer_and_goes_with_escape(app, machine):
-    app.main.list3.select("yuzu")
-    right_click_row(app.main.list3, "yuzu")
-    x, y = app.main.list3.row_centre("yuzu")
-    left, top = character_menu(app).wait_shown().position()
-    assert abs(left - x) <= 2 and abs(top - y) <= 2
-    press_keys("Escape")
-    character_menu(app).wait_gone()
-    assert app.main.enabled()
-    assert app.main.list3.selected() == ["yuzu"]
-    assert host_log(machine) == {}
-
-
-def test_the_menu_by_the_keyboard(app, machine):
-    app.main.list3.real_click_row("yuzu")
-    wait_until(lambda: app.main.list3.selected() == ["yuzu"], "the row to be selected")
-    press_keys("shift+F10")
-    character_menu(app).wait_shown()
-    press_keys("Down", "Down", "Return")
-    (record,) = app.recorder.wait_records(1)
-    assert record["command line"] == app.recorder.opened(HOST + "\\yuzu\\yuzu.txt")
-
-
-def test_the_menu_acts_on_the_character_under_the_pointer(app):
-    app.main.list3.select("mikan")
-    right_click_row(app.main.list3, "yuzu")
-    character_menu(app).wait_shown().click_item(VIEW)
-    (record,) = app.recorder.wait_records(1)
-    assert record["command line"] == app.recorder.opened(HOST + "\\yuzu\\yuzu.txt")
-    assert app.main.list3.selected() == ["yuzu"]
-
-
-@pytest.mark.parametrize("selection", [[], ["mikan", "yuzu"]])
-def test_unless_one_is_selected_no_menu_opens(app, selection):
-    main = app.main
-    main.list3.select(*selection)
-    right_click_row(main.list3, "mikan")
-    # The pointer's next stop shows that the click has had its turn.
-    point_at(*main.check_folders.centre())
-    wait_until(lambda: main.text2.text() == "ヴィモラフォルダの不具合を検出します。", "the text of CHK")
-    assert not character_menu(app).shown()
-    assert main.list3.selected() == selection
-
-
-def test_the_menus_commands_by_message(app, machine):
-    app.main.list3.select("mikan")
-    app.operator.act("command", app.main.handle, MENU_ITEMS["mnview"])
-    app.recorder.wait_records(1)
-    app.operator.act("command", app.main.handle, MENU_ITEMS["mnrun"])
-    wait_host(machine)
-    assert_start_up_file_is_back(machine)
+    assert_launches(app, machine)
