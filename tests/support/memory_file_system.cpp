@@ -1,18 +1,10 @@
 #include "support/memory_file_system.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "support/memory_file_system_parts.h"
 
 namespace tamblin {
-namespace {
-
-// What Windows' own limit of 260 leaves for a folder that is to be current: it keeps it with a "\"
-// and a NUL at the end.
-constexpr size_t longestCurrentFolder = 258;
-
-} // namespace
 
 MemoryFileSystem::MemoryFileSystem() = default;
 MemoryFileSystem::~MemoryFileSystem() = default;
@@ -91,39 +83,25 @@ void MemoryFileSystem::CheckReplaceable(Node& file) {
     WaitForHolder(file);
 }
 
-namespace {
-
-auto& FileIn(auto& folder, const std::wstring& name) {
-    auto& file = folder.children[UpperCase(name)];
-    if (!file) {
-        file.reset(new typename std::decay_t<decltype(file)>::element_type());
-        file->name = name;
-        file->parent = &folder;
-        file->permissions = folder.permissions;
-    }
-    return *file;
+void MemoryFileSystem::Write(const std::wstring& file, std::string_view bytes) {
+    Begin(L"Write", file);
+    Store(LocateFile(file), bytes).attributes.archive = true;
 }
-
-} // namespace
 
 // A new file is made in its place, so that a power cut leaves a part of it; one that is replaced
 // stands until the new contents are on the disk.
-void MemoryFileSystem::Write(const std::wstring& file, std::string_view bytes) {
-    Begin(L"Write", file);
-    const Location location = LocateFile(file);
-    Node& folder = FolderHolding(location);
-    Node* const present = Present(location);
+MemoryFileSystem::Node& MemoryFileSystem::Store(const Location& file, std::string_view bytes) {
+    Node& folder = FolderHolding(file);
+    Node* const present = Present(file);
     if (present)
         CheckReplaceable(*present);
     CheckRoomFor(bytes.size(), DriveUnder(folder));
-    if (PowerGoesNow()) {
-        if (!present)
-            Fill(FileIn(folder, location.names.back()), bytes.substr(0, bytes.size() / 2));
-        throw PowerCut();
-    }
-    Node& node = FileIn(folder, location.names.back());
-    node.attributes.archive = true;
+    if (PowerGoesNow() && !present)
+        Fill(NodeIn(folder, file.names.back()), bytes.substr(0, bytes.size() / 2));
+    LosePowerIfNow();
+    Node& node = NodeIn(folder, file.names.back());
     Fill(node, bytes);
+    return node;
 }
 
 void MemoryFileSystem::Copy(const std::wstring& from, const std::wstring& to) {
@@ -138,22 +116,11 @@ void MemoryFileSystem::CopyContents(const Location& source, const Location& targ
         throw FileError(ErrorNumber::PathFileAccess);
     if (original.lock == LockKind::Exclusive)
         throw FileError(ErrorNumber::PermissionDenied);
-    Node& folder = FolderHolding(target);
-    Node* const present = Present(target);
-    if (present == &original)
+    const Node* const replaced = Present(target);
+    if (replaced == &original)
         throw FileError(ErrorNumber::PermissionDenied);
-    if (present)
-        CheckReplaceable(*present);
-    CheckRoomFor(original.bytes.size(), DriveUnder(folder));
-    const std::string_view bytes = original.bytes;
-    if (PowerGoesNow()) {
-        if (!present)
-            Fill(FileIn(folder, target.names.back()), bytes.substr(0, bytes.size() / 2));
-        throw PowerCut();
-    }
-    Node& copy = FileIn(folder, target.names.back());
-    Fill(copy, bytes);
-    if (!present)
+    Node& copy = Store(target, original.bytes);
+    if (!replaced)
         copy.attributes = original.attributes;
     copy.attributes.archive = true;
 }
@@ -172,15 +139,13 @@ void MemoryFileSystem::Replace(const std::wstring& from, const std::wstring& to)
     Node* const present = Present(target);
     const bool staysOnDrive = &DriveUnder(folder) == &DriveUnder(node);
     if (!present && staysOnDrive) {
-        if (PowerGoesNow())
-            throw PowerCut();
+        LosePowerIfNow();
         Move(node, folder, target.names.back());
         return;
     }
     if (present && staysOnDrive && present != &node) {
         CheckReplaceable(*present);
-        if (PowerGoesNow())
-            throw PowerCut();
+        LosePowerIfNow();
         Fill(*present, std::string(node.bytes));
         present->attributes.archive = true;
     } else {
@@ -213,8 +178,7 @@ void MemoryFileSystem::Rename(const std::wstring& from, const std::wstring& to) 
     for (const Node* above = &folder; above; above = above->parent)
         if (above == &node || &DriveUnder(folder) != &DriveUnder(node))
             throw FileError(ErrorNumber::PathFileAccess);
-    if (PowerGoesNow())
-        throw PowerCut();
+    LosePowerIfNow();
     Move(node, folder, target.names.back());
 }
 
@@ -230,8 +194,7 @@ void MemoryFileSystem::Move(Node& node, Node& folder, const std::wstring& name) 
 void MemoryFileSystem::Delete(const std::wstring& file) {
     Begin(L"Delete", file);
     Node& node = Existing(LocateFile(file));
-    if (PowerGoesNow())
-        throw PowerCut();
+    LosePowerIfNow();
     if (node.heldFor && node.deletionShared && !node.vanishing) {
         node.vanishing = true;
         return;
@@ -243,148 +206,13 @@ void MemoryFileSystem::Delete(const std::wstring& file) {
     Erase(node);
 }
 
-void MemoryFileSystem::MakeFolder(const std::wstring& folder) {
-    Begin(L"MakeFolder", folder);
-    NewFolder(Locate(folder));
-}
-
-void MemoryFileSystem::MakeFolderLike(const std::wstring& folder, const std::wstring& model) {
-    Begin(L"MakeFolderLike", folder, model);
-    const Node* like = Follow(Walk(Locate(model)));
-    Node& made = NewFolder(Locate(folder));
-    if (like)
-        made.permissions = like->permissions;
-}
-
-MemoryFileSystem::Node& MemoryFileSystem::NewFolder(Location location) {
-    location.wantsFolder = false;
-    Node& parent = FolderHolding(location);
-    if (location.names.empty() || Present(location))
-        throw FileError(ErrorNumber::PathFileAccess);
-    const DriveState& drive = DriveUnder(parent);
-    if (drive.used >= drive.capacity)
-        throw FileError(ErrorNumber::DiskFull);
-    if (PowerGoesNow())
-        throw PowerCut();
-    Node& made = FileIn(parent, location.names.back());
-    made.attributes.folder = true;
-    return made;
-}
-
-bool MemoryFileSystem::HoldFolder(const std::wstring& folder) {
-    Begin(L"HoldFolder", folder);
-    const Location location = Locate(folder);
-    if (ExistingFolder(location, ErrorNumber::PathNotFound).heldElsewhere)
-        return false;
-    heldFolder = location.Path();
-    return true;
-}
-
-void MemoryFileSystem::ReleaseFolder() {
-    heldFolder.clear();
-}
-
-bool MemoryFileSystem::OnOneDrive(const std::wstring& folder, const std::wstring& other) {
-    Begin(L"OnOneDrive", folder, other);
-    return &DriveUnder(ExistingFolder(Locate(folder), ErrorNumber::PathNotFound)) ==
-           &DriveUnder(ExistingFolder(Locate(other), ErrorNumber::PathNotFound));
-}
-
-std::wstring MemoryFileSystem::RealPath(const std::wstring& folder) {
-    Begin(L"RealPath", folder);
-    const auto location = Parse(folder);
-    const DriveState* const drive = location ? DriveOf(*location) : nullptr;
-    const Node* node = drive && drive->ready ? Follow(Walk(*location)) : nullptr;
-    if (!node)
-        return InFull(folder);
-    std::wstring path;
-    for (; node->parent; node = node->parent)
-        path = L'\\' + node->name + path;
-    for (const auto& [letter, owner] : drives)
-        if (&owner->root == node)
-            path = std::wstring{letter, L':'} + (path.empty() ? L"\\" : path);
-    return path;
-}
-
-std::uint64_t MemoryFileSystem::FreeBytes(const std::wstring& folder) {
-    Begin(L"FreeBytes", folder);
-    const DriveState& drive = DriveUnder(ExistingFolder(Locate(folder), ErrorNumber::PathNotFound));
-    return drive.capacity - std::min(drive.used, drive.capacity);
-}
-
-// Waits for what is vanishing.
-bool MemoryFileSystem::HoldsWhatStays(Node& folder) {
-    return patience.Outwait([&] {
-        std::erase_if(folder.children, [&](const auto& entry) {
-            return entry.second->vanishing && LetsGo(*entry.second);
-        });
-        return std::any_of(folder.children.begin(), folder.children.end(),
-                           [](const auto& entry) { return entry.second->vanishing; });
-    }) || !folder.children.empty();
-}
-
-void MemoryFileSystem::RemoveFolder(const std::wstring& folder) {
-    Begin(L"RemoveFolder", folder);
-    const Location location = Locate(folder);
-    Node* node = Walk(location);
-    if (!node || !node->attributes.folder)
-        throw FileError(ErrorNumber::PathNotFound);
-    if (!node->parent || node->attributes.readOnly || IsInUse(*node) || HoldsWhatStays(*node))
-        throw FileError(ErrorNumber::PathFileAccess);
-    if (PowerGoesNow())
-        throw PowerCut();
-    if (EqualIgnoringCase(heldFolder, location.Path()))
-        heldFolder.clear();
-    Erase(*node);
-}
-
 void MemoryFileSystem::SetAttributes(const std::wstring& path, FileAttributes attributes) {
     Begin(L"SetAttributes", path);
     Node& node = Existing(Locate(path));
-    if (PowerGoesNow())
-        throw PowerCut();
+    LosePowerIfNow();
     attributes.folder = node.attributes.folder;
     attributes.link = node.attributes.link;
     node.attributes = attributes;
-}
-
-std::wstring MemoryFileSystem::CurrentFolder() {
-    Begin(L"CurrentFolder");
-    return InFull({});
-}
-
-void MemoryFileSystem::SetCurrentFolder(const std::wstring& folder) {
-    Begin(L"SetCurrentFolder", folder);
-    Location location =
-        Locate(folder, {ErrorNumber::DeviceUnavailable, ErrorNumber::DeviceUnavailable});
-    ExistingFolder(location, ErrorNumber::PathNotFound);
-    if (InFull(folder).size() > longestCurrentFolder)
-        throw RunTimeError(ErrorNumber::PathNotFound);
-    currentDrive = location.drive;
-    DriveOf(location)->currentFolder = std::move(location.names);
-}
-
-std::vector<Drive> MemoryFileSystem::Drives() {
-    Begin(L"Drives");
-    std::vector<tamblin::Drive> present;
-    for (const auto& [letter, drive] : drives)
-        if (drive->present && drive->hasLetter)
-            present.push_back({{static_cast<wchar_t>(letter + L'a' - L'A'), L':'}, drive->type});
-    return present;
-}
-
-std::optional<std::wstring> MemoryFileSystem::FixedVolumeAt(const std::wstring& folder) {
-    Begin(L"FixedVolumeAt", folder);
-    const auto location = Parse(folder);
-    const DriveState* const drive = location ? DriveOf(*location) : nullptr;
-    const Node* const node = drive && drive->ready ? Walk(*location) : nullptr;
-    if (!node || (node->parent && !node->mountsVolume))
-        return std::nullopt;
-    const std::wstring root = node->parent ? node->linkTarget : location->Path();
-    const auto mounted = drives.find(root.front());
-    if (mounted == drives.end() || mounted->second->type != DriveType::Fixed)
-        return std::nullopt;
-    return L"volume of " + root;
 }
 
 } // namespace tamblin

@@ -176,8 +176,11 @@ class MemoryFileSystem : public FileSystem {
     bool HoldsWhatStays(Node& folder);
     void CheckPower() const;
     bool PowerGoesNow() const { return powerCut == operationCount; }
+    void LosePowerIfNow() const;
+    Node& Store(const Location& file, std::string_view bytes);
     void CopyContents(const Location& source, const Location& target);
     Node& NewFolder(Location location);
+    static Node& NodeIn(Node& folder, const std::wstring& name);
     static void Move(Node& node, Node& folder, const std::wstring& name);
     void Fill(Node& file, std::string_view bytes);
     static void CheckRoomFor(size_t bytes, const DriveState& drive);

@@ -248,6 +248,18 @@ MemoryFileSystem::DriveState& MemoryFileSystem::DriveUnder(const Node& node) {
     return *root->drive;
 }
 
+// What stands in a folder under that name; a file is made when nothing does.
+MemoryFileSystem::Node& MemoryFileSystem::NodeIn(Node& folder, const std::wstring& name) {
+    NodePointer& node = folder.children[UpperCase(name)];
+    if (!node) {
+        node.reset(new Node);
+        node->name = name;
+        node->parent = &folder;
+        node->permissions = folder.permissions;
+    }
+    return *node;
+}
+
 void MemoryFileSystem::Fill(Node& file, std::string_view bytes) {
     DriveState& drive = DriveUnder(file);
     drive.used -= file.bytes.size();

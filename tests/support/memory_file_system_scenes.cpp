@@ -43,15 +43,11 @@ MemoryFileSystem::Node& MemoryFileSystem::MakeWayForTest(const Location& locatio
         Node* folder = Follow(node);
         if (!folder || !folder->attributes.folder)
             Nonsense("not a folder on the way", location.Path());
-        auto& child = folder->children[UpperCase(name)];
-        if (!child) {
-            child = NodePointer(new Node());
-            child->name = name;
-            child->attributes.folder = true;
-            child->parent = folder;
-            child->permissions = folder->permissions;
+        node = Step(folder, name, 0);
+        if (!node) {
+            node = &NodeIn(*folder, name);
+            node->attributes.folder = true;
         }
-        node = child.get();
     }
     return *node;
 }
@@ -215,12 +211,16 @@ void MemoryFileSystem::CheckPower() const {
         throw PowerCut();
 }
 
+void MemoryFileSystem::LosePowerIfNow() const {
+    if (PowerGoesNow())
+        throw PowerCut();
+}
+
 bool MemoryFileSystem::BeginForeign(const std::wstring& line) {
     ++operationCount;
     AddToLog(line);
     CheckPower();
-    if (PowerGoesNow())
-        throw PowerCut();
+    LosePowerIfNow();
     return !failing || failing->operation != operationCount;
 }
 

@@ -8,7 +8,6 @@
 
 #include <windows.h>
 
-#include <cstring>
 #include <filesystem>
 #include <map>
 
@@ -24,6 +23,7 @@
 #include "support/temporary_folder.h"
 #include "support/unlha_fake.h"
 #include "support/work_progress_fake.h"
+#include "unit/counted_calls_win32.h"
 #include "unit/rules_fixture.h"
 
 namespace tamblin {
@@ -31,102 +31,7 @@ namespace {
 
 constexpr wchar_t callVariable[] = L"TAMBLIN_TEST_KILLED_AT_CALL";
 constexpr wchar_t folderVariable[] = L"TAMBLIN_TEST_KILLED_IN";
-constexpr UINT killed = 77;
 constexpr UINT finished = 78;
-
-// --- The end of a process at one of its calls ------------------------------------------------
-
-unsigned long callsLeft = 0; // 0: none ends it
-
-void CountCall() {
-    if (callsLeft > 0 && --callsLeft == 0)
-        TerminateProcess(GetCurrentProcess(), killed);
-}
-
-// Where the program keeps the address of a function of Windows.
-ULONG_PTR* ImportedAddress(const char* name) {
-    const auto base = reinterpret_cast<BYTE*>(GetModuleHandleW(nullptr));
-    const auto dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    for (auto* dll =
-             reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
-         dll->Name != 0; ++dll) {
-        auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + dll->OriginalFirstThunk);
-        auto* addresses = reinterpret_cast<IMAGE_THUNK_DATA*>(base + dll->FirstThunk);
-        for (; names->u1.AddressOfData != 0; ++names, ++addresses) {
-            if (IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal))
-                continue;
-            const auto* import =
-                reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + names->u1.AddressOfData);
-            if (std::strcmp(reinterpret_cast<const char*>(import->Name), name) == 0)
-                return reinterpret_cast<ULONG_PTR*>(&addresses->u1.Function);
-        }
-    }
-    return nullptr;
-}
-
-void Import(const char* name, ULONG_PTR function) {
-    ULONG_PTR* const address = ImportedAddress(name);
-    if (address == nullptr)
-        ExitProcess(1);
-    DWORD protection = 0;
-    VirtualProtect(address, sizeof *address, PAGE_READWRITE, &protection);
-    *address = function;
-    VirtualProtect(address, sizeof *address, protection, &protection);
-}
-
-// A killed program's files need not have reached the disk, which would take most of the time.
-BOOL WINAPI FlushNothing(HANDLE) {
-    CountCall();
-    return TRUE;
-}
-
-class WithoutFlushing {
-  public:
-    WithoutFlushing() : real(*ImportedAddress("FlushFileBuffers")) {
-        Import("FlushFileBuffers", reinterpret_cast<ULONG_PTR>(&FlushNothing));
-    }
-    ~WithoutFlushing() { Import("FlushFileBuffers", real); }
-    WithoutFlushing(const WithoutFlushing&) = delete;
-    WithoutFlushing& operator=(const WithoutFlushing&) = delete;
-
-  private:
-    ULONG_PTR real;
-};
-
-template <int Number, typename Function>
-struct Counted;
-
-template <int Number, typename Result, typename... Arguments>
-struct Counted<Number, Result(WINAPI*)(Arguments...)> {
-    static inline Result(WINAPI* real)(Arguments...) = nullptr;
-    static Result WINAPI Call(Arguments... arguments) {
-        CountCall();
-        return real(arguments...);
-    }
-};
-
-// From now on the program's calls of the function are counted. Each has a number of its own.
-template <int Number, typename Function>
-void CountCallsOf(const char* name, Function function) {
-    using ThisCounted = Counted<Number, Function>;
-    ThisCounted::real = function;
-    Import(name, reinterpret_cast<ULONG_PTR>(&ThisCounted::Call));
-}
-
-void CountCallsThatChangeTheDisk() {
-    CountCallsOf<1>("CreateFileW", CreateFileW);
-    CountCallsOf<2>("WriteFile", WriteFile);
-    CountCallsOf<3>("SetFileInformationByHandle", SetFileInformationByHandle);
-    CountCallsOf<4>("SetFileAttributesW", SetFileAttributesW);
-    CountCallsOf<5>("MoveFileExW", MoveFileExW);
-    CountCallsOf<6>("CopyFileW", CopyFileW);
-    CountCallsOf<7>("DeleteFileW", DeleteFileW);
-    CountCallsOf<8>("CreateDirectoryW", CreateDirectoryW);
-    CountCallsOf<9>("RemoveDirectoryW", RemoveDirectoryW);
-    CountCallsOf<10>("SetCurrentDirectoryW", SetCurrentDirectoryW);
-}
 
 // --- A computer with the program, a host and a package --------------------------------------
 
@@ -190,13 +95,13 @@ struct RealScene {
 
     // Which call unpacks what is not asked here.
     void Unpack() {
-        const auto left = std::exchange(callsLeft, 0);
+        const auto left = std::exchange(callsUntilKilled, 0);
         const std::wstring staging = top.substr(0, 3) + L"TAMTMP\\";
         files.MakeFolder(staging + L"mio");
         files.MakeFolder(staging + L"mio\\dat");
         for (const auto& [path, bytes] : package)
             files.Write(staging + path, bytes);
-        callsLeft = left;
+        callsUntilKilled = left;
     }
 
     std::wstring Host() const { return top + L"\\Host"; }
@@ -328,9 +233,9 @@ class KilledProgram : public testing::TestWithParam<KilledCommand> {
         RealScene scene(Variable(folderVariable));
         scene.Open();
         CountCallsThatChangeTheDisk();
-        callsLeft = std::stoul(call);
+        callsUntilKilled = std::stoul(call);
         const auto failure = ErrorOf([&] { GetParam().run(scene); });
-        callsLeft = 0;
+        callsUntilKilled = 0;
         TerminateProcess(GetCurrentProcess(), failure ? 1 : finished);
     }
 
@@ -373,7 +278,7 @@ TEST_P(KilledProgram, LosesNothing) {
         const DWORD end = RunKilledAt(call, folder.Path());
         if (end == finished)
             break;
-        ASSERT_EQ(end, killed);
+        ASSERT_EQ(end, KilledCode);
         GetParam().checkKilled(scene);
         RealScene again(folder.Path());
         again.Open();

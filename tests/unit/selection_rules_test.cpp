@@ -38,70 +38,52 @@ class SelectionRulesTest : public testing::Test {
 };
 
 struct RuleCase {
-    const char* name;
     std::vector<std::wstring> files;
     std::vector<std::wstring> characters;
     Commands enabled;
 };
 
-class RuleTest : public SelectionRulesTest, public testing::WithParamInterface<RuleCase> {};
-
-TEST_P(RuleTest, EnablesExactly) {
-    for (const bool before : {true, false}) {
-        SetGoverned(before);
-        Apply(GetParam().files, GetParam().characters);
-        EXPECT_EQ(EnabledButtons(model), GetParam().enabled);
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Selections, RuleTest,
-    testing::Values(
-        RuleCase{"Nothing", {}, {}, {}}, RuleCase{"Program", {L"ombrel.exe"}, {}, ForAProgram},
-        RuleCase{"AnyProgram", {L"OTHER.EXE"}, {}, ForAProgram},
-        RuleCase{"Archive", {L"abc.lzh"}, {}, ForPackages},
-        RuleCase{"Definition", {L"ABC.OBL"}, {}, Commands{Command::DeselectFiles}},
-        RuleCase{"Text", {L"readme.txt"}, {}, {Command::DeselectFiles}},
-        RuleCase{"OneCharacter", {}, {L"abc"}, ForOneCharacter},
-        RuleCase{"TwoCharacters", {}, {L"abc", L"Def"}, ForCharacters},
-        RuleCase{"ArchiveAndItsCharacter", {L"abc.lzh"}, {L"abc"}, ForPackages + ForOneCharacter},
-        RuleCase{"ArchiveAndAnother", {L"abc.lzh"}, {L"ア"}, ForPackages + ForOneCharacter},
-        RuleCase{"ArchiveAndItsCharacterInOtherCase",
-                 {L"def.lzh"},
-                 {L"Def"},
-                 ForPackages + ForOneCharacter},
-        RuleCase{"ArchiveAndTwo", {L"abc.lzh"}, {L"abc", L"Def"}, ForPackages + ForCharacters},
-        RuleCase{"DefinitionAndItsCharacter",
-                 {L"ABC.OBL"},
-                 {L"abc"},
-                 ForPackages + ForOneCharacter + Commands{Command::UpdateDefinition}},
-        RuleCase{"DefinitionAndAnother", {L"ABC.OBL"}, {L"Def"}, ForPackages + ForOneCharacter},
+TEST_F(SelectionRulesTest, EnableExactlyTheButtonsThatFitAndNoneWithoutAHostFolder) {
+    const Commands both = ForPackages + ForOneCharacter;
+    const Commands update{Command::UpdateDefinition};
+    const RuleCase cases[] = {
+        {{}, {}, {}},
+        {{L"ombrel.exe"}, {}, ForAProgram},
+        {{L"OTHER.EXE"}, {}, ForAProgram},
+        {{L"abc.lzh"}, {}, ForPackages},
+        {{L"ABC.OBL"}, {}, Commands{Command::DeselectFiles}},
+        {{L"readme.txt"}, {}, Commands{Command::DeselectFiles}},
+        {{}, {L"abc"}, ForOneCharacter},
+        {{}, {L"abc", L"Def"}, ForCharacters},
+        {{L"abc.lzh"}, {L"abc"}, both},
+        {{L"abc.lzh"}, {L"ア"}, both},
+        {{L"def.lzh"}, {L"Def"}, both},
+        {{L"abc.lzh"}, {L"abc", L"Def"}, ForPackages + ForCharacters},
+        {{L"ABC.OBL"}, {L"abc"}, both + update},
+        {{L"ABC.OBL"}, {L"Def"}, both},
         // Only the last of several selected characters is compared.
-        RuleCase{"DefinitionOfTheLast",
-                 {L"ア.obl"},
-                 {L"abc", L"ア"},
-                 ForPackages + ForCharacters + Commands{Command::UpdateDefinition}},
-        RuleCase{
-            "DefinitionOfTheFirst", {L"ABC.OBL"}, {L"abc", L"ア"}, ForPackages + ForCharacters},
-        RuleCase{"ProgramAndCharacter", {L"ombrel.exe"}, {L"abc"}, ForPackages + ForOneCharacter},
-        RuleCase{"TextAndCharacter", {L"readme.txt"}, {L"abc"}, ForPackages + ForOneCharacter},
-        RuleCase{"TwoArchives", {L"abc.lzh", L"def.lzh"}, {}, ForPackages},
-        RuleCase{"TwoTexts", {L"readme.txt", L"xyz.obl"}, {}, ForPackages},
-        RuleCase{"TwoPrograms", {L"ombrel.exe", L"OTHER.EXE"}, {}, ForPackages},
-        RuleCase{"TwoFilesOneCharacter",
-                 {L"abc.lzh", L"ABC.OBL"},
-                 {L"abc"},
-                 ForPackages + ForOneCharacter},
-        RuleCase{"TwoFilesTwoCharacters",
-                 {L"abc.lzh", L"def.lzh"},
-                 {L"abc", L"Def"},
-                 ForPackages + ForCharacters}),
-    CaseName);
-
-TEST_P(RuleTest, NothingWithoutAHostFolder) {
-    state.DefaultFolder.clear();
-    Apply(GetParam().files, GetParam().characters);
-    EXPECT_THAT(EnabledButtons(model), IsEmpty());
+        {{L"ア.obl"}, {L"abc", L"ア"}, ForPackages + ForCharacters + update},
+        {{L"ABC.OBL"}, {L"abc", L"ア"}, ForPackages + ForCharacters},
+        {{L"ombrel.exe"}, {L"abc"}, both},
+        {{L"readme.txt"}, {L"abc"}, both},
+        {{L"abc.lzh", L"def.lzh"}, {}, ForPackages},
+        {{L"readme.txt", L"xyz.obl"}, {}, ForPackages},
+        {{L"ombrel.exe", L"OTHER.EXE"}, {}, ForPackages},
+        {{L"abc.lzh", L"ABC.OBL"}, {L"abc"}, both},
+        {{L"abc.lzh", L"def.lzh"}, {L"abc", L"Def"}, ForPackages + ForCharacters}};
+    for (const RuleCase& rule : cases) {
+        SCOPED_TRACE(testing::PrintToString(rule.files) + testing::PrintToString(rule.characters));
+        for (const bool before : {true, false}) {
+            state.DefaultFolder = L"C:\\Host";
+            SetGoverned(before);
+            Apply(rule.files, rule.characters);
+            EXPECT_EQ(EnabledButtons(model), rule.enabled);
+            state.DefaultFolder.clear();
+            SetGoverned(before);
+            Apply(rule.files, rule.characters);
+            EXPECT_THAT(EnabledButtons(model), IsEmpty());
+        }
+    }
 }
 
 TEST_F(SelectionRulesTest, ProgramsLeaveAMultipleSelection) {
