@@ -69,6 +69,7 @@ TEST_F(ErrorNamingScene, CompletesARelativePath) {
     EXPECT_EQ(Named([&] { files.Read(L"mikan.obl"); }), L"C:\\Vimora\\mikan.obl");
     EXPECT_EQ(Named([&] { files.Read(L""); }), L"C:\\Vimora");
     EXPECT_EQ(Named([&] { files.Read(L"Q:x"); }), L"Q:x");
+    EXPECT_EQ(Named([&] { files.Read(L"\\x"); }), L"\\x");
 }
 
 TEST_F(ErrorNamingScene, LetsResultsAndNumbersThrough) {

@@ -142,6 +142,10 @@ TEST(FolderChoice, OneFolderOfAFirstRunIsItsDefault) {
     ChoiceScene scene(L"", L"ab");
     EXPECT_EQ(scene.OkWithTicks("01"), NextWindow::MainWindow);
     EXPECT_EQ(scene.state.DefaultFolder, L"b");
+    ChoiceScene chosenBefore(L"", L"ab");
+    chosenBefore.state.DefaultFolder = L"former";
+    EXPECT_EQ(chosenBefore.OkWithTicks("01"), NextWindow::MainWindow);
+    EXPECT_EQ(chosenBefore.state.DefaultFolder, L"former");
 }
 
 TEST(FolderChoice, OpenedFromManagementBothStagesEndThere) {

@@ -61,6 +61,7 @@ TEST_F(PackageStagingTest, FileOfThatNameFailsAndStays) {
 TEST_F(PackageStagingTest, LinkOfThatNameGoesAndItsTargetStays) {
     files.AddFile(L"C:\\Mine\\precious");
     files.AddLink(L"D:\\TAMTMP", L"C:\\Mine");
+    files.HoldElsewhere(L"C:\\Mine");
     Prepare();
     EXPECT_TRUE(files.Exists(L"C:\\Mine\\precious"));
     EXPECT_FALSE(files.AttributesOf(L"D:\\TAMTMP").link);

@@ -248,6 +248,9 @@ TEST_F(SettingsFileTest, DriveThatIsNotReadyEndsAllReadsAndKeepsTheFileFromBeing
     EXPECT_EQ(FailToSave(Combo({L"C:\\A"}), ErrorNumber::FileAlreadyOpen), IniPath);
     EXPECT_EQ(Ini(), former);
     EXPECT_EQ(files.Contents(BackupPath), "older");
+    files.Delete(IniPath); // there is nothing left to lose
+    file.SaveSettings(Combo({L"C:\\A"}), L"C:\\");
+    EXPECT_TRUE(files.Exists(IniPath));
 }
 
 TEST_F(SettingsFileTest, ViewFolderOnADriveThatIsNotReadyEndsAllLaterReads) {

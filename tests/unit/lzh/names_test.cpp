@@ -106,6 +106,7 @@ TEST(EntryNames, BytesThatAreNoCharacterAreReplacedEachByItsOwn) {
               L"\uFFFD81"
               L"0");
     EXPECT_EQ(FromName("\xEF\xFC"), L"\uFFFDEF\uFFFDFC");
+    EXPECT_EQ(FromName("\xFC\\"), L"\uFFFDFC\uFFFD5C");
 }
 
 TEST(EntryNames, DifferentUnreadableNamesStayDifferentFiles) {
