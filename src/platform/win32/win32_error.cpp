@@ -13,7 +13,6 @@ using enum ErrorNumber;
 // Codes for which not every set of Windows headers has a name.
 constexpr DWORD errorVirusInfected = 225;
 constexpr DWORD errorVirusDeleted = 226;
-constexpr DWORD errorElevationRequired = 740;
 constexpr DWORD errorDiskQuotaExceeded = 1295;
 constexpr DWORD errorFirstOfCloudFiles = 358; // placeholders of files kept elsewhere
 constexpr DWORD errorLastOfCloudFiles = 404;
@@ -91,7 +90,7 @@ constexpr SpecialTranslation specialTranslations[] = {
     {Attempt::StartProgram, ERROR_PATH_NOT_FOUND, FileNotFound},
     {Attempt::StartProgram, ERROR_BAD_EXE_FORMAT, PathFileAccess},
     {Attempt::StartProgram, ERROR_EXE_MACHINE_TYPE_MISMATCH, PathFileAccess},
-    {Attempt::StartProgram, errorElevationRequired, PathFileAccess},
+    {Attempt::StartProgram, ElevationRequired, PathFileAccess},
 };
 
 // For the two attempts that open a folder, all that is wrong with its drive is one error.

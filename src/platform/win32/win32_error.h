@@ -5,6 +5,9 @@
 
 namespace tamblin {
 
+// ERROR_ELEVATION_REQUIRED, for which not every set of Windows headers has a name.
+inline constexpr unsigned long ElevationRequired = 740;
+
 // What was attempted: a few codes mean different things by it.
 enum class Attempt { OnFile, Find, List, EnterFolder, MakeFolder, RemoveFolder, StartProgram };
 

@@ -71,7 +71,7 @@ class Writable {
     DWORD bits;
 };
 
-// A name beside the file that nothing has yet.
+// A name beside the file that nothing has yet. Long ones are cut, to make room for the ending.
 std::wstring FreeNameBeside(const std::wstring& fullPath) {
     const std::wstring start = fullPath.substr(0, fullPath.rfind(L'\\') + 1 + LongestName - 15);
     for (int number = 0;; ++number) {

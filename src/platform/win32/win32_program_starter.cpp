@@ -9,8 +9,6 @@
 namespace tamblin {
 namespace {
 
-constexpr DWORD elevationRequired = 740; // not every set of Windows headers has a name for it
-
 struct CommandLine {
     std::wstring program;
     std::wstring arguments;
@@ -41,7 +39,7 @@ void Win32ProgramStarter::StartMinimised(const std::wstring& commandLine) {
     PROCESS_INFORMATION process{};
     if (!create(nullptr, writable.data(), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE,
                 nullptr, nullptr, &startup, &process)) {
-        if (GetLastError() != elevationRequired)
+        if (GetLastError() != ElevationRequired)
             ThrowStartError(Split(commandLine));
         StartElevated(commandLine);
         return;
