@@ -8,7 +8,7 @@ namespace tamblin {
 
 enum class MenuItem {
     Separator = 0,
-    mnrun = 9001, // mnmouse, of the installed list
+    mnrun = 9001, // mnmouse, of the installed list: up to 9010
     mnview = 9002,
     mncancel = 9003,
     mnmv = 9011, // mndel, of the check window's folder list
