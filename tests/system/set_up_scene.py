@@ -11,10 +11,7 @@ from windows import HelpWindow
 
 EXIT = "Tamblin を終了してもよろしいですか？"
 CANCELLED = "Vimoraフォルダの検出を中止しました。"
-NOTHING_NEW = "新しく、Vimoraを検出することができませんでした。"
 NO_HOST = "Vimora が見つかりませんでした。"
-DUPLICATE = "このフォルダは、すでに登録されています。別のフォルダを指定してください。"
-UNCHANGED = "変更されませんでした。"
 REGISTER_QUESTION = "検出されたフォルダのうち、登録するフォルダにチェックをつけてください。"
 DEFAULT_QUESTION = "デフォルトに設定するフォルダを選択してください。"
 

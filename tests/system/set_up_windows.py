@@ -55,7 +55,6 @@ class SearchWindow(Window):
         super().__init__(app)
         self.cancel = self.command(1)
         self.drive = self.label(11)
-        self.file_count = self.label(8)
         self.folder_count = self.label(3)
         self.found_count = self.label(5)
 

@@ -2,7 +2,6 @@
 
 from controls import click, point_at, press_keys, tab_to, wait_until
 from names import VERSION
-from windows import ALWAYS
 
 
 def test_the_main_window_shows_hosts_characters_and_packages(running):
@@ -30,14 +29,6 @@ def test_the_main_window_shows_hosts_characters_and_packages(running):
     assert main.list1.selected() == ["  + Packages"]
 
 
-def test_choosing_another_host_shows_its_characters(running):
-    main = running.main
-    main.combo1.select("D:\\Games\\Vimora")
-    assert main.list3.entries() == ["kinako"]
-    main.combo1.select("C:\\Vimora")
-    assert main.list3.entries() == ["mikan", "yuzu"]
-
-
 def test_browsing_by_double_click_with_the_mouse(running, machine):
     machine.write("D:\\Collection\\深い\\ombrel.obl", b"")
     machine.write("D:\\Collection\\深い\\package.lzh.bak", b"")
@@ -53,58 +44,6 @@ def test_browsing_by_double_click_with_the_mouse(running, machine):
     assert main.list2.entries() == ["ombrel.obl"]
 
 
-def test_browsing_with_the_keyboard(running):
-    main = running.main
-    main.list1.real_click_row("C:")
-    wait_until(lambda: main.list1.selected() == ["C:"], "the drive row to be selected")
-    press_keys("Return")
-    main.wait_browsed("C:\\")
-    row = main.list1.row("  + Packages")
-    press_keys(*["Down"] * (row - main.list1.row("C:")))
-    wait_until(lambda: main.list1.selected() == ["  + Packages"], "the row to be selected")
-    press_keys("Return")
-    main.wait_browsed("C:\\Packages\\")
-    assert "futari.lzh" in main.list2.entries()
-
-
-def test_the_desktop_row_leads_to_the_desktop(running, machine):
-    # Public has a desktop, too.
-    users = [user for user in machine.path("C:\\users").iterdir() if user.name != "Public"]
-    desktop = users[0] / "Desktop"
-    (desktop / "on the desktop.lzh").write_bytes(b"")
-    running.main.list1.double_click("ﾃﾞｽｸﾄｯﾌﾟ")
-    running.main.wait_browsed(f"C:\\users\\{desktop.parent.name}\\Desktop\\")
-    assert running.main.list2.entries() == ["on the desktop.lzh"]
-
-
-def test_files_of_a_host_are_offered_elsewhere_only(running, machine):
-    machine.write("C:\\Vimora\\package.lzh", b"")
-    machine.write("D:\\Work\\OMBREL.EXE", b"")
-    machine.write("D:\\Work\\mikan.obl", b"")
-    machine.write("D:\\Work\\package.LZH", b"")
-    running.main.browse("C:\\Vimora")
-    assert running.main.list2.entries() == ["package.lzh"]
-    running.main.browse("D:\\Work")
-    assert running.main.list2.entries() == ["mikan.obl", "OMBREL.EXE", "package.LZH"]
-
-
-def test_selections_light_the_buttons_that_fit(running):
-    main = running.main
-    assert main.enabled_commands() == ALWAYS
-    main.list2.select("futari.lzh")
-    assert main.enabled_commands() == ALWAYS | {"install", "deselect_files"}
-    main.list3.select("mikan")
-    for_several = ALWAYS | {"install", "deselect_files", "uninstall", "deselect_installed"}
-    assert main.enabled_commands() == for_several | {"set_start_up_character", "launch", "show_readme"}
-    main.list3.select("mikan", "yuzu")
-    assert main.enabled_commands() == for_several
-    main.deselect_installed.press()
-    wait_until(lambda: main.list3.selected() == [], "the installed list to be deselected")
-    main.deselect_files.press()
-    wait_until(lambda: main.list2.selected() == [], "the file list to be deselected")
-    wait_until(lambda: not main.deselect_files.enabled(), "the deselect button to be disabled")
-
-
 def test_selecting_several_files_with_the_mouse(running):
     main = running.main
     main.list2.real_click_row("futari.lzh")
@@ -118,25 +57,16 @@ def test_selecting_several_files_with_the_mouse(running):
     assert main.install.enabled()
 
 
-def test_the_status_line_explains_the_button_under_the_pointer(running):
+def test_the_status_line_explains_the_button_under_the_pointer_though_disabled(running):
     main = running.main
     assert main.text2.text().startswith(f"Tamblin Ver.{VERSION}")
-    point_at(*main.check_folders.centre())
-    wait_until(
-        lambda: main.text2.text() == "ヴィモラフォルダの不具合を検出します。", "the text of CHK"
-    )
-    point_at(*main.leave.centre())
-    wait_until(lambda: main.text2.text() == "Tamblinを終了します。", "the text of the exit button")
-
-
-def test_the_status_line_explains_a_disabled_button_too(running):
-    main = running.main
     assert not main.install.enabled()
-    point_at(*main.install.centre())
-    wait_until(
-        lambda: main.text2.text() == "選択しているパッケージをインストールします。",
-        "the text of the install button",
-    )
+    for button, text in [
+        (main.check_folders, "ヴィモラフォルダの不具合を検出します。"),
+        (main.install, "選択しているパッケージをインストールします。"),
+    ]:
+        point_at(*button.centre())
+        wait_until(lambda: main.text2.text() == text, "the text of the button")
 
 
 def test_a_glance_at_another_program_keeps_the_selection(running, machine):

@@ -1,7 +1,6 @@
 """What happens when the surroundings fail: reports, and a program that can be used afterwards."""
 
 import re
-import shutil
 
 from sandbox import settings
 from test_install import HOST, install, propose
@@ -22,17 +21,6 @@ def wait_report(app, *numbers):
     return paragraphs
 
 
-def test_a_host_folder_that_vanishes_before_the_copy(running, machine):
-    confirmation = propose(running, "futari.lzh")
-    shutil.rmtree(machine.path(HOST))
-    confirmation.install.press()
-    wait_report(running, 76)
-    running.main.wait_enabled()
-    running.main.combo1.select("D:\\Games\\Vimora")
-    install(running, "futari.lzh")
-    assert running.main.list3.entries() == ["haruka", "kinako", "minato"]
-
-
 def test_a_host_folder_that_is_read_only(running, machine):
     before = machine.tree(HOST)
     confirmation = propose(running, "futari.lzh")
@@ -49,32 +37,6 @@ def test_a_host_folder_that_is_read_only(running, machine):
     assert running.main.list3.entries() == ["haruka", "mikan", "minato", "yuzu"]
 
 
-def test_a_character_folder_without_definition_is_completed(running, machine):
-    machine.write(HOST + "\\minato\\mine.txt", b"the user's own")
-    install(running, "futari.lzh")
-    assert machine.read(HOST + "\\minato\\mine.txt") == b"the user's own"
-    assert running.main.list3.entries() == ["haruka", "mikan", "minato", "yuzu"]
-
-
-def test_an_archive_that_vanishes_before_the_install(running, machine):
-    running.main.list2.select("futari.lzh")
-    machine.path("C:\\Packages\\futari.lzh").unlink()
-    running.main.install.press()
-    running.answer("パッケージの解凍に失敗しました。", "OK")
-    running.main.wait_enabled()
-    assert not machine.path("C:\\TAMTMP").exists()
-
-
-def test_a_program_folder_that_is_read_only_on_leaving(running, machine):
-    before = running.ini()
-    machine.path("C:\\Tamblin").chmod(0o555)
-    running.main.leave.press()
-    wait_report(running, 70, 75)
-    running.wait_ended()
-    machine.path("C:\\Tamblin").chmod(0o755)
-    assert running.ini() == before
-
-
 def test_settings_beyond_reason(furnished, machine):
     """Ten thousand lines, bytes that are no characters: the program starts all the same."""
     odd = b"".join(b"line %d \xff\x00\x81\r\n" % number for number in range(10000))
@@ -85,15 +47,3 @@ def test_settings_beyond_reason(furnished, machine):
     furnished.answer("Tamblin を終了してもよろしいですか？", "OK")
     furnished.wait_ended()
     assert furnished.ini() == odd + lines.replace(b"C:\\Packages", b"C:\\Packages\\")
-
-
-def test_settings_that_are_a_folder(app, machine):
-    machine.make_folder("C:\\Tamblin\\tamb.ini")
-    app.start()
-    app.wizard.wait_shown()
-
-
-def test_settings_of_no_length(app, machine):
-    machine.write("C:\\Tamblin\\tamb.ini", b"")
-    app.start()
-    app.wizard.wait_shown()

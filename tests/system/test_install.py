@@ -42,12 +42,6 @@ def confirm(app):
     finish(app)
 
 
-def cancel(app):
-    app.confirmation.cancel.press()
-    app.answer(CANCELLED, "OK")
-    app.main.wait_enabled()
-
-
 def install(app, *packages):
     propose(app, *packages)
     confirm(app)
@@ -120,47 +114,6 @@ def test_cancelling_changes_nothing(running, machine):
     assert running.main.enabled_commands() == ALWAYS | {"install", "deselect_files"}
 
 
-def test_escape_in_the_confirmation_cancels(running, machine):
-    before = machine.tree(HOST)
-    propose(running, "futari.lzh").press_keys("Escape")
-    running.answer(CANCELLED, "OK")
-    running.main.wait_enabled()
-    assert machine.tree(HOST) == before
-
-
-def test_closing_the_confirmation_by_its_frame_goes_on_to_install(running):
-    propose(running, "futari.lzh").close()
-    finish(running)
-    assert running.main.list3.entries() == ["haruka", "mikan", "minato", "yuzu"]
-
-
-def test_two_archives_at_once(running, machine):
-    before = machine.tree(HOST)
-    confirmation = propose(running, "futari.lzh", "sora.LZH")
-    assert confirmation.list1.entries() == [
-        "haruka （futari.lzh）",
-        "minato （futari.lzh）",
-        "sora （sora.LZH）",
-    ]
-    confirm(running)
-    wanted = {**lzh_packages.TWO_CHARACTERS, **lzh_packages.WITH_KAVALET}
-    assert machine.tree(HOST) == {**before, **as_tree(wanted)}
-
-
-def test_the_host_on_another_drive(running, machine):
-    before = machine.tree("D:\\Games\\Vimora")
-    untouched = machine.tree(HOST)
-    running.main.combo1.select("D:\\Games\\Vimora")
-    confirmation = propose(running, "futari.lzh")
-    assert machine.path("D:\\TAMTMP\\haruka.obl").exists()
-    assert not machine.path("C:\\TAMTMP").exists()
-    confirm(running)
-    assert machine.tree("D:\\Games\\Vimora") == {**before, **as_tree(lzh_packages.TWO_CHARACTERS)}
-    assert machine.tree(HOST) == untouched
-    assert_not_staged(machine)
-    assert running.main.list3.entries() == ["haruka", "kinako", "minato"]
-
-
 def test_names_in_japanese(running, machine):
     before = machine.tree(HOST)
     confirmation = propose(running, "表ソ能.lzh")
@@ -195,25 +148,3 @@ def test_launcher_definitions_are_merged_when_allowed(furnished, machine):
     install(furnished, "sora.LZH")
     assert kavalet_files(machine) == {"kva.def": MERGED_KAVALET, "kva.tmp": HOST_KAVALET}
     assert machine.read(HOST + "\\sora\\KVA.DEF") == lzh_packages.WITH_KAVALET["sora/KVA.DEF"]
-
-
-def test_launcher_definitions_stay_when_not_allowed(running, machine):
-    machine.write(HOST + "\\kva.def", HOST_KAVALET)
-    install(running, "sora.LZH")
-    assert kavalet_files(machine) == {"kva.def": HOST_KAVALET}
-    assert machine.read(HOST + "\\sora\\KVA.DEF") == lzh_packages.WITH_KAVALET["sora/KVA.DEF"]
-
-
-def test_a_staging_folder_left_over_is_cleared_first(running, machine):
-    machine.write("C:\\TAMTMP\\old\\deeper\\file.txt", b"left over")
-    machine.write("C:\\TAMTMP\\old.obl", b"left over")
-    before = machine.tree(HOST)
-    install(running, "futari.lzh")
-    assert machine.tree(HOST) == {**before, **as_tree(lzh_packages.TWO_CHARACTERS)}
-    assert_not_staged(machine)
-
-
-def test_a_definition_file_in_the_way_is_replaced(running, machine):
-    machine.write(HOST + "\\haruka.obl", b"half of an older install")
-    install(running, "futari.lzh")
-    assert machine.read(HOST + "\\haruka.obl") == lzh_packages.definition("haruka")

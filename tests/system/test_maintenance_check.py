@@ -6,16 +6,14 @@ import urllib.parse
 
 import pytest
 
-from controls import LB_GETHORIZONTALEXTENT, right_click_row, wait_until
+from controls import right_click_row, wait_until
 from maintenance_scene import (  # noqa: F401
     HOST,
-    OTHER_HOST,
     app,
     machine,
     scene,
     scenes,
 )
-from names import MENU_ITEMS
 from test_faults import wait_report
 from windows import folder_menu
 
@@ -49,23 +47,11 @@ def orphan_folders(machine, *names):
         machine.write(f"{HOST}\\{name}\\plain.txt", b"plain")
 
 
-def delete(app):
-    app.check.delete.press()
-    app.answer(DELETE_QUESTION, "OK")
-
-
 def choose(app, folder, text):
     """Chooses from the menu of a folder."""
     right_click_row(app.check.folders, folder)
     folder_menu(app).wait_shown().click_item(text)
     folder_menu(app).wait_gone()
-
-
-def recycle_by_message(app, folder):
-    app.check.folders.select(folder)
-    app.operator.act("command", app.check.handle, MENU_ITEMS["mnmv"])
-    app.answer(RECYCLE_QUESTION, "OK")
-    app.check.wait_enabled()
 
 
 # What is listed
@@ -86,51 +72,36 @@ def test_a_tidy_host_folder(app, machine):
     assert machine.tree(HOST) == before
 
 
-def test_halves_without_a_partner_are_listed(app, machine):
-    orphan_files(machine, "akane.obl", "能 空.OBL", "odd.obl", "HIDAMARI.OBL")
+def test_halves_are_listed_and_the_definition_files_deleted(app, machine):
     orphan_folders(machine, "dat", "odd.obl.d", "ソ能", "Hidamari")
+    orphan_files(machine, "HIDAMARI.OBL")
+    before = machine.tree(HOST)
+    orphan_files(machine, "akane.obl", "能 空.OBL", "odd.obl")
     check = open_check(app)
     assert check.files.entries() == ["akane.obl", "odd.obl", "能 空.OBL"]
     assert check.folders.entries() == ["dat", "odd.obl.d", "ソ能"]
-    assert check.files.enabled() and check.folders.enabled()
-    assert check.delete.enabled()
-    assert check.file_note.enabled()
+    assert check.files.enabled() and check.delete.enabled() and check.file_note.enabled()
+    assert check.folders.enabled()
     assert [note.enabled() for note in check.folder_notes] == [True, True]
     assert not check.general_note.visible()
+    check.delete.press()
+    app.answer(DELETE_QUESTION, "OK")
+    check.wait_enabled()
+    wait_until(lambda: check.files.entries() == [], "the list to be cleared")
+    assert machine.tree(HOST) == before
+    assert not check.files.enabled() and not check.delete.enabled() and not check.file_note.enabled()
+    assert not app.box.shown()
     leave(app)
 
 
-def test_only_folders_without_a_definition_file(app, machine):
-    orphan_folders(machine, "dat")
-    check = open_check(app)
-    assert check.files.entries() == [NOTHING]
-    assert check.folders.entries() == ["dat"]
-    assert not check.files.enabled() and not check.delete.enabled()
-    assert not check.file_note.enabled()
-    assert check.folders.enabled()
-    assert not check.general_note.visible()
-    leave(app)
-
-
-def test_the_check_sees_the_folder_as_it_is_now(app, machine):
-    machine.path(HOST + "\\mikan.obl").unlink()
-    machine.path(HOST + "\\yuzu").rename(machine.path("D:\\yuzu"))
-    check = open_check(app)
-    assert check.files.entries() == ["yuzu.obl"]
-    assert check.folders.entries() == ["mikan"]
-    leave(app)
-    machine.path("D:\\yuzu").rename(machine.path(HOST + "\\yuzu"))
-
-
-def test_long_names_can_be_scrolled_sideways(app, machine):
-    long = "長い名前の" * 15
-    orphan_files(machine, long + ".obl")
-    orphan_folders(machine, long + "フォルダ")
-    check = open_check(app)
-    for entries in [check.files, check.folders]:
-        left, _, right, _ = entries.state()["area"]
-        assert app.operator.ask("send", entries.handle, LB_GETHORIZONTALEXTENT, 0, 0) > right - left
-    leave(app)
+def test_a_host_folder_that_is_gone_is_reported_and_opens_no_window(app, machine):
+    away = machine.path("C:\\Away")
+    machine.path(HOST).rename(away)
+    app.main.check_folders.press()
+    wait_report(app, 76)
+    app.main.wait_enabled()
+    assert not app.box.shown() and not app.check.shown()
+    away.rename(machine.path(HOST))
 
 
 @pytest.mark.parametrize("by", ["button", "close box", "escape"])
@@ -141,56 +112,6 @@ def test_ways_to_leave(app, machine, by):
     leave(app, by)
     assert machine.tree(HOST) == before
     assert app.running()
-
-
-# Deleting definition files
-
-
-def test_cancel_deletes_nothing(app, machine):
-    orphan_files(machine, "akane.obl")
-    before = machine.tree(HOST)
-    check = open_check(app)
-    check.delete.press()
-    box = app.wait_box()
-    assert box.buttons() == ["OK", "Cancel"]
-    assert not box.has_icon()
-    app.answer(DELETE_QUESTION, "Cancel")
-    check.wait_enabled()
-    assert machine.tree(HOST) == before
-    assert check.files.entries() == ["akane.obl"] and check.delete.enabled()
-    leave(app)
-
-
-def test_all_definition_files_are_deleted(app, machine):
-    before = machine.tree(HOST)
-    orphan_files(machine, "akane.obl", "能 空.OBL", "表ソ.obl")
-    check = open_check(app)
-    check.files.select("能 空.OBL")
-    delete(app)
-    check.wait_enabled()
-    wait_until(lambda: check.files.entries() == [], "the list to be cleared")
-    assert machine.tree(HOST) == before
-    assert not check.files.enabled() and not check.delete.enabled()
-    assert not check.file_note.enabled()
-    assert not app.box.shown()
-    leave(app)
-
-
-def test_a_definition_file_that_cannot_be_deleted_is_reported(app, machine):
-    orphan_files(machine, "aoi.obl", "beni.obl", "chiyo.obl")
-    machine.path(HOST + "\\beni.obl").chmod(0o444)
-    check = open_check(app)
-    delete(app)
-    wait_report(app, 70, 75)
-    check.wait_enabled()
-    assert not machine.path(HOST + "\\aoi.obl").exists()
-    assert machine.path(HOST + "\\beni.obl").exists() and machine.path(HOST + "\\chiyo.obl").exists()
-    assert check.files.entries() == ["aoi.obl", "beni.obl", "chiyo.obl"]
-    assert check.delete.enabled()
-    leave(app)
-    check = open_check(app)
-    assert check.files.entries() == ["beni.obl", "chiyo.obl"]
-    leave(app)
 
 
 # The recycle bin
@@ -220,10 +141,14 @@ def test_selected_folders_go_to_the_recycle_bin_and_come_back(app, machine):
     check = open_check(app)
     assert check.folders.entries() == ["alpha", "beta", "dat", "表ソ"]
     check.folders.select("alpha", "dat", "表ソ")
+    choose(app, "dat", "キャンセル")
+    assert not app.box.shown()
     choose(app, "dat", RECYCLE)
-    box = app.wait_box()
-    assert box.buttons() == ["OK", "Cancel"]
-    assert not box.has_icon()
+    app.answer(RECYCLE_QUESTION, "Cancel")
+    check.wait_enabled()
+    assert machine.tree(HOST) == before
+    assert check.folders.selected() == ["alpha", "dat", "表ソ"]
+    choose(app, "dat", RECYCLE)
     app.answer(RECYCLE_QUESTION, "OK")
     check.wait_enabled()
     wait_until(lambda: check.folders.entries() == ["beta"], "the moved folders to leave the list")
@@ -235,62 +160,3 @@ def test_selected_folders_go_to_the_recycle_bin_and_come_back(app, machine):
     for name in ["alpha", "dat", "表ソ"]:
         restore(machine, name)
     assert machine.tree(HOST) == before
-
-
-def test_the_last_folder_greys_the_list(app, machine):
-    before = machine.tree(HOST)
-    orphan_folders(machine, "dat")
-    check = open_check(app)
-    recycle_by_message(app, "dat")
-    wait_until(lambda: check.folders.entries() == [], "the list to be empty")
-    assert not check.folders.enabled()
-    assert [note.enabled() for note in check.folder_notes] == [False, False]
-    assert machine.tree(HOST) == before
-    leave(app)
-
-
-def test_cancel_in_the_menu_and_in_the_question_recycles_nothing(app, machine):
-    orphan_folders(machine, "dat")
-    before = machine.tree(HOST)
-    check = open_check(app)
-    check.folders.select("dat")
-    choose(app, "dat", "キャンセル")
-    assert not app.box.shown()
-    choose(app, "dat", RECYCLE)
-    app.answer(RECYCLE_QUESTION, "Cancel")
-    check.wait_enabled()
-    assert machine.tree(HOST) == before
-    assert check.folders.entries() == ["dat"] and check.folders.selected() == ["dat"]
-    leave(app)
-
-
-def test_with_nothing_selected_no_menu_opens(app, machine):
-    orphan_folders(machine, "dat")
-    check = open_check(app)
-    check.folders.select()
-    right_click_row(check.folders, "dat")
-    # A click that follows has its turn after the right one.
-    check.folders.real_click_row("dat")
-    wait_until(lambda: check.folders.selected() == ["dat"], "the row to be selected")
-    assert not folder_menu(app).shown()
-    leave(app)
-
-
-def test_what_a_linked_folder_points_to_is_not_recycled(app, machine):
-    machine.write("D:\\Elsewhere\\kept.txt", b"the only copy")
-    machine.path(HOST + "\\link").symlink_to(machine.path("D:\\Elsewhere"))
-    check = open_check(app)
-    assert check.folders.entries() == ["link"]
-    recycle_by_message(app, "link")
-    assert machine.read("D:\\Elsewhere\\kept.txt") == b"the only copy"
-    leave(app)
-    machine.path(HOST + "\\link").unlink()
-
-
-def test_the_check_of_the_other_host(app, machine):
-    machine.write(OTHER_HOST + "\\lonely.obl", b"")
-    app.main.combo1.select(OTHER_HOST)
-    check = open_check(app)
-    assert check.files.entries() == ["lonely.obl"]
-    assert check.folders.entries() == [NOTHING]
-    leave(app)

@@ -105,10 +105,6 @@ def main_corner(app):
     return [right, top]
 
 
-def corner(window):
-    return window.area()[:2]
-
-
 def visible_parts(window):
     shown = {c["id"] for c in window.controls() if c["visible"]}
 
@@ -167,14 +163,6 @@ def test_limitations_and_about(app, help_window):
     assert texts[help_window.support.identity] == "support Page"
 
 
-def test_topics_under_the_mouse(app, help_window):
-    show(help_window, BUTTONS)
-    help_window.buttons[10].real_click()
-    wait_until(lambda: help_window.button_text.text() == "　Tamblinを終了します。", "the text")
-    help_window.categories[PURPOSES].real_click()
-    wait_until(lambda: visible_parts(help_window) == [PURPOSES], "the purposes")
-
-
 def test_the_support_page_is_opened_by_the_shell(app, help_window):
     show(help_window, ABOUT)
     app.recorder.clear()
@@ -189,17 +177,17 @@ def test_the_support_page_is_opened_by_the_shell(app, help_window):
 # Remora mode
 
 
-def test_the_window_keeps_to_the_main_windows_side(app, help_window):
+def test_the_window_keeps_to_the_main_windows_side_while_it_is_told_to(app, help_window):
+    def beside_main():
+        return help_window.area()[:2] == main_corner(app)
+
     assert not help_window.remora.ticked()
     assert help_window.remora.text() == "小判鮫モード\r\nOFFにする"
-    wait_until(lambda: corner(help_window) == main_corner(app), "the help window at its place")
-    former = corner(help_window)
+    wait_until(beside_main, "the help window at its place")
+    former = main_corner(app)
     app.operator.ask("move", app.main.handle, 0, 200, 740, 560)
-    wait_until(lambda: corner(help_window) == main_corner(app), "the help window to follow")
-    assert corner(help_window) == main_corner(app) != former
-
-
-def test_without_remora_mode_the_window_stays(app, help_window):
+    wait_until(beside_main, "the help window to follow")
+    assert main_corner(app) != former
     help_window.remora.press()
     wait_until(help_window.remora.ticked, "the box to be ticked")
     wait_until(lambda: app.operator.ask("focus")["id"] == help_window.done.identity, "the focus to move on")
@@ -209,10 +197,10 @@ def test_without_remora_mode_the_window_stays(app, help_window):
     # Twice the time after which it would follow.
     end = time.monotonic() + 2.2
     while time.monotonic() < end:
-        assert corner(help_window) == [500, 300]
+        assert help_window.area()[:2] == [500, 300]
         time.sleep(0.1)
     help_window.remora.press()
-    wait_until(lambda: corner(help_window) == main_corner(app), "the help window to return")
+    wait_until(beside_main, "the help window to return")
     assert not help_window.remora.ticked()
 
 
@@ -261,10 +249,3 @@ def settled_picture(control):
 
     wait_until(same, "the picture to settle")
     return previous
-
-
-def test_leaving_the_program_takes_the_help_along(app, help_window):
-    app.main.leave.press()
-    app.answer("Tamblin を終了してもよろしいですか？", "OK")
-    app.wait_ended()
-    assert not help_window.shown()

@@ -112,12 +112,3 @@ def test_the_counters_live_during_the_search(app, large):
     assert app.search.folder_count.text().startswith(" ")
     wait_until(lambda: app.search.found_count.text() == "1", "the host to be found")
     cancel(app)
-
-
-def test_a_search_after_a_cancelled_one_finds_everything(app, large):
-    search_until_first_folders(app)
-    cancel(app)
-    for letter in SPARE[1:]:
-        empty_again(large.path(letter + ":\\"))
-    app.wizard.search.press()
-    assert_main_shows(app, "C:\\zzz\\Vimora", selected="C:\\zzz\\Vimora")

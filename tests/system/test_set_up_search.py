@@ -6,7 +6,6 @@ from controls import wait_until
 from hosts import make_host
 from set_up_scene import (  # noqa: F401
     DEFAULT_QUESTION,
-    NOTHING_NEW,
     REGISTER_QUESTION,
     app,
     assert_main_shows,
@@ -23,14 +22,6 @@ from set_up_scene import (  # noqa: F401
 )
 
 HOST = "C:\\Programs 表ソ\\Vimora 能"
-
-
-def choose_default(app, folder):
-    choice = app.choice
-    wait_until(lambda: choice.question.text() == DEFAULT_QUESTION, "the second question")
-    choice.default.select(folder)
-    wait_until(choice.ok.enabled, "the OK button")
-    choice.ok.press()
 
 
 # The wizard
@@ -52,17 +43,6 @@ def test_giving_up_ends_the_program_and_writes_nothing(app, machine, way):
 
 
 @pytest.mark.usefixtures("fresh")
-def test_a_machine_without_a_host_goes_back_to_the_wizard_without_a_message(app, machine):
-    machine.write("D:\\Half\\ombrel.exe", b"without its start-up file")
-    make_host(machine, "F:\\Vimora")
-    search_from_start(app)
-    wait_only(app, app.wizard)
-    app.wizard.give_up.press()
-    app.wait_ended()
-    assert not app.has_ini()
-
-
-@pytest.mark.usefixtures("fresh")
 def test_one_host_becomes_the_default(app, machine):
     make_host(machine, HOST, ["mikan", "yuzu"])
     search_from_start(app)
@@ -73,15 +53,6 @@ def test_one_host_becomes_the_default(app, machine):
     app.start()
     assert_main_shows(app, HOST, selected=HOST)
     assert app.main.list3.entries() == ["mikan", "yuzu"]
-
-
-def test_a_host_in_a_drives_root_and_spelled_in_capitals(app, machine):
-    machine.write("D:\\OMBREL.EXE", b"")
-    machine.write("D:\\Ombrel.RC", b"")
-    search_from_start(app)
-    assert_main_shows(app, "D:\\", selected="D:\\")
-    leave_main(app)
-    assert app.ini() == fresh_settings("D:\\", default="D:\\")
 
 
 @pytest.mark.usefixtures("fresh")
@@ -123,17 +94,6 @@ def test_three_hosts_on_the_fixed_drives_and_one_on_a_removable_drive(app, machi
     assert_main_shows(app, *found[1:], selected=found[2])
 
 
-def test_one_tick_among_several_needs_no_second_question(app, machine):
-    make_hosts(machine, "C:\\Vimora", "D:\\Vimora")
-    search_from_start(app)
-    choice = wait_only(app, app.choice)
-    choice.found.press_space("D:\\Vimora")
-    choice.ok.press()
-    assert_main_shows(app, "D:\\Vimora", selected="D:\\Vimora")
-    leave_main(app)
-    assert app.ini() == fresh_settings("D:\\Vimora", default="D:\\Vimora")
-
-
 def test_closing_the_choice_goes_back_to_the_wizard(app, machine):
     make_hosts(machine, "C:\\Vimora", "D:\\Vimora")
     search_from_start(app)
@@ -147,116 +107,44 @@ def test_closing_the_choice_goes_back_to_the_wizard(app, machine):
     assert not app.has_ini()
 
 
-def test_closing_the_choice_of_the_default_goes_on_to_the_main_window(app, machine):
-    make_hosts(machine, "C:\\Vimora", "D:\\Vimora")
-    search_from_start(app)
-    choice = wait_only(app, app.choice)
-    choice.found.press_space("C:\\Vimora")
-    choice.found.press_space("D:\\Vimora")
-    choice.ok.press()
-    wait_until(lambda: choice.question.text() == DEFAULT_QUESTION, "the second question")
-    choice.close()
-    assert_main_shows(app, "C:\\Vimora", "D:\\Vimora", selected=None)
-    leave_main(app)
-    assert app.ini() == fresh_settings("C:\\Vimora", "D:\\Vimora", default="")
-
-
-# Odd trees
-
-
-def test_links_are_not_searched(app, machine):
-    make_host(machine, "C:\\Vimora")
-    machine.path("C:\\round").symlink_to(machine.path("C:\\"))
-    machine.path("D:\\again").symlink_to(machine.path("C:\\Vimora"))
-    search_from_start(app)
-    assert_main_shows(app, "C:\\Vimora", selected="C:\\Vimora")
-
-
-def test_folders_that_the_user_may_not_open_are_passed_over_without_a_word(app, machine):
-    make_host(machine, "C:\\Vimora")
-    folders = ["C:\\closed 1", "C:\\closed 2", "C:\\Vimora\\closed 3", "D:\\closed 4"]
-    closed = [machine.make_folder(folder) for folder in folders]
-    for folder in folders:
-        make_host(machine, folder + "\\inside")
-    for folder in closed:
-        folder.chmod(0o000)
-    try:
-        search_from_start(app)
-        assert_main_shows(app, "C:\\Vimora", selected="C:\\Vimora")
-    finally:
-        for folder in closed:
-            folder.chmod(0o755)
-
-
-def test_a_host_far_down_and_names_that_are_not_in_the_code_page(app, machine):
+def test_odd_trees_are_searched_to_their_end_without_a_word(app, machine):
+    """Links that lead back, folders that the user may not open, names beyond the code page, and the
+    only host far down."""
     deep = "D:\\" + "\\".join(["a name of 20 letters"] * 20) + "\\Vimora"
     assert len(deep) > 400
     make_host(machine, deep, ["mikan"])
     machine.write("C:\\Привет 한국 😀\\inside\\ombrel.exe", b"")
-    search_from_start(app)
-    assert_main_shows(app, deep, selected=deep)
-    assert app.main.list3.entries() == ["mikan"]
-
-
-def test_of_eleven_hosts_the_last_takes_the_tenth_place(app, machine):
-    hosts = [f"D:\\Host{number:02}" for number in reversed(range(11))]
-    make_hosts(machine, *hosts)
-    search_from_start(app)
-    choice = wait_only(app, app.choice)
-    assert choice.found.entries() == hosts[:9] + hosts[10:]
-    for folder in choice.found.entries():
-        choice.found.press_space(folder)
-    choice.ok.press()
-    choose_default(app, hosts[10])
-    assert_main_shows(app, *hosts[:9], hosts[10], selected=hosts[10])
-
-
-# Searching with folders registered
-
-
-def search_from_management(app, registered):
-    make_known(app, registered)
-    start_main(app).manage_folders.press()
-    wait_only(app, app.management).add.press()
-    wait_only(app, app.wizard).search.press()
-
-
-def test_nothing_new_is_said_when_folders_were_registered(app, machine):
-    make_host(machine, "F:\\Vimora")
-    search_from_management(app, "C:\\Vimora")
-    app.answer(NOTHING_NEW, "OK")
-    wait_only(app, app.wizard)
-    app.wizard.give_up.press()
-    wait_only(app, app.management)
-    assert app.management.folders.entries() == ["C:\\Vimora"]
-
-
-def test_one_new_folder_leads_back_to_the_management(app, machine):
-    make_host(machine, "D:\\Newcomer")
-    search_from_management(app, "C:\\Vimora")
-    management = wait_only(app, app.management)
-    assert management.folders.entries() == ["C:\\Vimora", "D:\\Newcomer"]
-    assert management.folders.selected() == ["C:\\Vimora"]
-    management.leave.press()
-    assert_main_shows(app, "C:\\Vimora", "D:\\Newcomer", selected="C:\\Vimora")
-
-
-def test_a_folder_registered_in_another_case_of_the_drive_is_found_again(app, machine):
-    search_from_management(app, "c:\\Vimora")
-    management = wait_only(app, app.management)
-    assert management.folders.entries() == ["c:\\Vimora", "C:\\Vimora"]
+    machine.path("C:\\round").symlink_to(machine.path("C:\\"))
+    machine.path("D:\\again").symlink_to(machine.path(deep))
+    folders = ["C:\\closed 1", "C:\\closed 2", deep + "\\closed 3", "D:\\closed 4"]
+    for folder in folders:
+        make_host(machine, folder + "\\inside")
+        machine.path(folder).chmod(0o000)
+    try:
+        search_from_start(app)
+        assert_main_shows(app, deep, selected=deep)
+        assert app.main.list3.entries() == ["mikan"]
+    finally:
+        for folder in folders:
+            machine.path(folder).chmod(0o755)
 
 
 def test_several_new_folders_join_the_registered_one(app, machine):
     make_hosts(machine, "D:\\One", "D:\\Two")
-    search_from_management(app, "C:\\Vimora")
+    make_known(app, "C:\\Vimora")
+    start_main(app).manage_folders.press()
+    wait_only(app, app.management).add.press()
+    wait_only(app, app.wizard).search.press()
     choice = wait_only(app, app.choice)
     assert choice.found.entries() == ["C:\\Vimora", "D:\\Two", "D:\\One"]
     assert choice.found.ticked() == ["C:\\Vimora"]
     assert choice.ok.enabled()
     choice.found.press_space("D:\\One")
     choice.ok.press()
-    choose_default(app, "D:\\One")
+    wait_until(lambda: choice.question.text() == DEFAULT_QUESTION, "the second question")
+    choice.default.select("D:\\One")
+    wait_until(choice.ok.enabled, "the OK button")
+    choice.ok.press()
     management = wait_only(app, app.management)
     assert management.folders.entries() == ["C:\\Vimora", "D:\\One"]
     assert management.folders.selected() == ["D:\\One"]

@@ -104,18 +104,6 @@ class Window:
 class Splash(Window):
     CLASS = "Tamblin.Form6"
 
-    @property
-    def label2(self):
-        return self.label(2)
-
-    @property
-    def label3(self):
-        return self.label(3)
-
-    @property
-    def label4(self):
-        return self.label(4)
-
 
 class MainWindow(Window):
     CLASS = "Tamblin.Form1"

@@ -13,8 +13,9 @@
 #include <map>
 #include <sstream>
 #include <stdexcept>
+#include <type_traits>
+#include <utility>
 
-#include "file_operations.h"
 #include "json.h"
 #include "message_operations.h"
 #include "process_operations.h"
@@ -45,26 +46,6 @@ const std::string& At(const Arguments& arguments, std::size_t index) {
     return arguments[index];
 }
 
-HWND Window(const Arguments& arguments) {
-    return reinterpret_cast<HWND>(static_cast<std::intptr_t>(std::stoll(At(arguments, 1))));
-}
-
-int Number(const Arguments& arguments, std::size_t index) {
-    return std::stoi(At(arguments, index));
-}
-
-unsigned Unsigned(const Arguments& arguments, std::size_t index) {
-    return static_cast<unsigned>(std::stoul(At(arguments, index)));
-}
-
-std::vector<int> Rows(const Arguments& arguments) {
-    std::vector<int> rows;
-    for (std::size_t index = 2; index < arguments.size(); ++index) {
-        rows.push_back(Number(arguments, index));
-    }
-    return rows;
-}
-
 std::wstring Wide(const std::string& bytes) {
     const int size = static_cast<int>(bytes.size());
     std::wstring text(bytes.size(), L'\0');
@@ -73,109 +54,62 @@ std::wstring Wide(const std::string& bytes) {
     return text;
 }
 
+// What an operation takes from the argument at `index`: a window or another number, a text, or all
+// the numbers from there on.
+template <typename Value>
+Value Taken(const Arguments& arguments, std::size_t index) {
+    if constexpr (std::is_same_v<Value, std::vector<int>>) {
+        std::vector<int> numbers;
+        for (; index < arguments.size(); ++index) {
+            numbers.push_back(std::stoi(arguments[index]));
+        }
+        return numbers;
+    } else if constexpr (std::is_same_v<Value, std::wstring>) {
+        return Wide(At(arguments, index));
+    } else if constexpr (std::is_same_v<Value, HWND>) {
+        return reinterpret_cast<HWND>(Taken<std::intptr_t>(arguments, index));
+    } else {
+        return static_cast<Value>(std::stoll(At(arguments, index)));
+    }
+}
+
+template <typename... Parameters, std::size_t... Indices>
+std::string Call(std::string (*function)(Parameters...),
+                 [[maybe_unused]] const Arguments& arguments, std::index_sequence<Indices...>) {
+    return function(Taken<std::decay_t<Parameters>>(arguments, Indices + 1)...);
+}
+
+template <typename... Parameters>
+Operation Calls(std::string (*function)(Parameters...)) {
+    return [function](const Arguments& arguments) {
+        return Call(function, arguments, std::index_sequence_for<Parameters...>());
+    };
+}
+
 const std::map<std::string, Operation>& Operations() {
     using namespace tamblin;
     static const std::map<std::string, Operation> operations{
-        {"windows",
-         [](const Arguments&) {
-             return TopLevelWindows();
-         }},
-        {"controls",
-         [](const Arguments& a) {
-             return Controls(Window(a));
-         }},
-        {"window",
-         [](const Arguments& a) {
-             return OneWindow(Window(a));
-         }},
-        {"entries",
-         [](const Arguments& a) {
-             return Entries(Window(a));
-         }},
-        {"select",
-         [](const Arguments& a) {
-             return Select(Window(a), Rows(a));
-         }},
-        {"row-area",
-         [](const Arguments& a) {
-             return RowArea(Window(a), Number(a, 2));
-         }},
-        {"double-click",
-         [](const Arguments& a) {
-             return DoubleClick(Window(a), Number(a, 2));
-         }},
-        {"press",
-         [](const Arguments& a) {
-             return Press(Window(a));
-         }},
-        {"command",
-         [](const Arguments& a) {
-             return Command(Window(a), Number(a, 2));
-         }},
-        {"close",
-         [](const Arguments& a) {
-             return Close(Window(a), false);
-         }},
-        {"close-box",
-         [](const Arguments& a) {
-             return Close(Window(a), true);
-         }},
-        {"has-icon",
-         [](const Arguments& a) {
-             return HasIcon(Window(a));
-         }},
-        {"set-text",
-         [](const Arguments& a) {
-             return SetText(Window(a), Wide(At(a, 2)));
-         }},
-        {"activate",
-         [](const Arguments& a) {
-             return Activate(Window(a));
-         }},
-        {"move",
-         [](const Arguments& a) {
-             return Move(Window(a), Number(a, 2), Number(a, 3), Number(a, 4), Number(a, 5));
-         }},
-        {"end-session",
-         [](const Arguments& a) {
-             return EndSession(Window(a));
-         }},
-        {"send",
-         [](const Arguments& a) {
-             return Send(Window(a), Unsigned(a, 2), Unsigned(a, 3), Number(a, 4));
-         }},
-        {"post",
-         [](const Arguments& a) {
-             return Post(Window(a), Unsigned(a, 2), Unsigned(a, 3), Number(a, 4));
-         }},
-        {"wait-until-handled",
-         [](const Arguments& a) {
-             return WaitUntilHandled(Window(a));
-         }},
-        {"press-until-message-box",
-         [](const Arguments& a) {
-             return PressUntilMessageBox(Window(a));
-         }},
-        {"hold-file",
-         [](const Arguments& a) {
-             return HoldFile(Wide(At(a, 1)));
-         }},
-        {"release-file",
-         [](const Arguments& a) {
-             return ReleaseFile(std::stoll(At(a, 1)));
-         }},
-        {"focus",
-         [](const Arguments&) {
-             return Focus();
-         }},
-        {"processes",
-         [](const Arguments&) {
-             return Processes();
-         }},
-        {"end-programs",
-         [](const Arguments&) {
-             return EndPrograms();
-         }},
+        {"windows", Calls(TopLevelWindows)},
+        {"controls", Calls(Controls)},
+        {"entries", Calls(Entries)},
+        {"select", Calls(Select)},
+        {"row-area", Calls(RowArea)},
+        {"double-click", Calls(DoubleClick)},
+        {"press", Calls(Press)},
+        {"command", Calls(Command)},
+        {"close-box", Calls(CloseBox)},
+        {"has-icon", Calls(HasIcon)},
+        {"set-text", Calls(SetText)},
+        {"activate", Calls(Activate)},
+        {"move", Calls(Move)},
+        {"end-session", Calls(EndSession)},
+        {"send", Calls(Send)},
+        {"post", Calls(Post)},
+        {"wait-until-handled", Calls(WaitUntilHandled)},
+        {"press-until-message-box", Calls(PressUntilMessageBox)},
+        {"focus", Calls(Focus)},
+        {"processes", Calls(Processes)},
+        {"end-programs", Calls(EndPrograms)},
     };
     return operations;
 }

@@ -147,10 +147,6 @@ std::string Controls(HWND window) {
     return JsonArray(described);
 }
 
-std::string OneWindow(HWND window) {
-    return IsWindow(window) == 0 ? "null" : Described(window, Text(window));
-}
-
 std::string Entries(HWND list) {
     const LRESULT count = Ask(list, MessagesOf(list).count);
     std::vector<std::string> texts;
@@ -209,12 +205,8 @@ std::string Command(HWND window, int number) {
     return "true";
 }
 
-std::string Close(HWND window, bool bySystemMenu) {
-    if (bySystemMenu) {
-        Post(window, WM_SYSCOMMAND, SC_CLOSE);
-    } else {
-        Post(window, WM_CLOSE);
-    }
+std::string CloseBox(HWND window) {
+    Post(window, WM_SYSCOMMAND, SC_CLOSE);
     return "true";
 }
 
@@ -250,7 +242,7 @@ std::string Focus() {
     if (active == nullptr || GetGUIThreadInfo(thread, &info) == 0 || info.hwndFocus == nullptr) {
         return "null";
     }
-    return OneWindow(info.hwndFocus);
+    return Described(info.hwndFocus, Text(info.hwndFocus));
 }
 
 } // namespace tamblin

@@ -16,9 +16,6 @@ std::string TopLevelWindows();
 // All controls within a window, in z-order.
 std::string Controls(HWND window);
 
-// Everything known about one window, or null when it is gone.
-std::string OneWindow(HWND window);
-
 // The entries of a list box or combo box and which are selected.
 std::string Entries(HWND list);
 
@@ -33,7 +30,7 @@ std::string RowArea(HWND list, int row);
 std::string DoubleClick(HWND list, int row);
 std::string Press(HWND button);
 std::string Command(HWND window, int number);
-std::string Close(HWND window, bool bySystemMenu);
+std::string CloseBox(HWND window);
 
 // Whether a picture control has an icon.
 std::string HasIcon(HWND picture);
