@@ -26,12 +26,12 @@ bool DesktopShellFake::Restore(const std::wstring& path) {
 void DesktopShellFake::DeleteTree(const std::wstring& path) {
     const bool succeeds = files.BeginForeign(L"DeleteTree " + path);
     deleted.push_back(path);
-    if (succeeds && !refuses)
+    if (succeeds)
         files.DeleteTree(path);
 }
 
 void DesktopShellFake::MoveToRecycleBin(const std::wstring& path) {
-    if (!files.BeginForeign(L"MoveToRecycleBin " + path) || refuses)
+    if (!files.BeginForeign(L"MoveToRecycleBin " + path))
         return;
     if (auto tree = files.TakeTree(path))
         recycleBin.push_back({path, std::move(tree)});

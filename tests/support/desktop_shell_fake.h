@@ -26,7 +26,6 @@ class DesktopShellFake : public DesktopShell {
     std::vector<std::wstring> deleted; // paths as requested
     std::vector<Opened> opened;
     std::optional<std::wstring> desktopFolder;
-    bool refuses = false; // requests are recorded and come to nothing
 
     // What lies in the recycle bin, by the paths it had.
     std::vector<std::wstring> Recycled() const;

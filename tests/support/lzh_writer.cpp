@@ -5,17 +5,6 @@
 namespace tamblin::lzh {
 namespace {
 
-// Bit by bit, so that the reader's tables have something to be compared with.
-std::uint16_t SlowCrc16(std::string_view bytes) {
-    unsigned crc = 0;
-    for (const char byte : bytes) {
-        crc ^= static_cast<unsigned char>(byte);
-        for (int bit = 0; bit < 8; ++bit)
-            crc = (crc >> 1) ^ ((crc & 1) != 0 ? 0xA001u : 0u);
-    }
-    return static_cast<std::uint16_t>(crc);
-}
-
 struct Content {
     std::string packed;
     std::uint32_t packedSize;
@@ -169,6 +158,16 @@ std::string StoredFolder(std::wstring_view folder, unsigned level) {
 }
 
 } // namespace
+
+std::uint16_t SlowCrc16(std::string_view bytes, std::uint16_t before) {
+    unsigned crc = before;
+    for (const char byte : bytes) {
+        crc ^= static_cast<unsigned char>(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc >> 1) ^ ((crc & 1) != 0 ? 0xA001u : 0u);
+    }
+    return static_cast<std::uint16_t>(crc);
+}
 
 std::string LittleEndian(std::uint64_t value, unsigned bytes) {
     std::string text;

@@ -61,6 +61,10 @@ class LzhWriter {
 LzhEntry MakeEntry(std::wstring_view path, std::string_view bytes, const std::string& method,
                    unsigned level);
 
+// The checksum of archives, bit by bit, so that the reader's tables have something to be compared
+// with.
+std::uint16_t SlowCrc16(std::string_view bytes, std::uint16_t before = 0);
+
 std::string LittleEndian(std::uint64_t value, unsigned bytes);
 std::string Utf16Bytes(std::u16string_view text);
 

@@ -36,9 +36,7 @@ class MemoryFileSystem : public FileSystem {
     void AddDrive(const std::wstring& drive, DriveType type = DriveType::Fixed);
     void SetCapacity(const std::wstring& drive, std::uint64_t bytes);
     void SetReady(const std::wstring& drive, bool ready);
-    // The drive vanishes, or comes back with all it held.
     void RemoveDrive(const std::wstring& drive);
-    void ReturnDrive(const std::wstring& drive);
 
     // Folders on the way are made. AddFile replaces what is there, read-only or not.
     void AddFile(const std::wstring& path, std::string_view bytes = {},

@@ -33,10 +33,6 @@ void MemoryFileSystem::RemoveDrive(const std::wstring& drive) {
     drives.at(UpperCase(drive.at(0)))->present = false;
 }
 
-void MemoryFileSystem::ReturnDrive(const std::wstring& drive) {
-    drives.at(UpperCase(drive.at(0)))->present = true;
-}
-
 MemoryFileSystem::Node& MemoryFileSystem::MakeWayForTest(const Location& location) {
     Node* node = &DriveOf(location)->root;
     for (const std::wstring& name : location.names) {

@@ -17,11 +17,7 @@ void MessageBoxesFake::Show(Box box) {
 
 bool MessageBoxesFake::Ask(Kind kind, const std::wstring& text) {
     Show({kind, text});
-    if (answers.empty())
-        return answer;
-    const bool next = answers.front();
-    answers.pop_front();
-    return next;
+    return answer;
 }
 
 void MessageBoxesFake::Inform(const std::wstring& text, MessageIcon icon) {

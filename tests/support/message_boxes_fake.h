@@ -1,7 +1,6 @@
 // Records the message boxes of a test and answers its questions.
 #pragma once
 
-#include <deque>
 #include <functional>
 #include <string>
 #include <vector>
@@ -23,9 +22,7 @@ class MessageBoxesFake : public MessageBoxes {
     };
 
     std::vector<Box> shown;
-    // Answers to the next questions, in order; when they are used up, `answer` stands for the rest.
-    std::deque<bool> answers;
-    bool answer = true;
+    bool answer = true; // to every question
     // Called while a box stands on the screen, before it is answered.
     std::function<void(const Box&)> onShow;
 

@@ -108,18 +108,6 @@ TEST_F(NotReadyDriveTest, RebuildAfterCancelDoesNotParkTheDesktop) {
     EXPECT_EQ(start, L"");
 }
 
-TEST_F(FolderBrowserTest, FolderThatCannotBeOpenedLeavesTheBrowserInItsFolder) {
-    Show(L"C:\\A");
-    files.ForgetOperations();
-    files.FailOperation(1, ErrorNumber::PathFileAccess);
-    Open(L"    + B");
-    files.FailNothing();
-    EXPECT_EQ(browser.ShownFolder(), L"C:\\A\\");
-    files.AddFile(L"C:\\A\\new.lzh");
-    browser.RebuildBrowser();
-    EXPECT_THAT(browser.Files().Entries(), testing::Contains(L"new.lzh"));
-}
-
 TEST_F(FolderBrowserTest, OtherFailuresAreSilent) {
     Show(L"C:\\A");
     start = L"C:\\Gone\\";

@@ -42,14 +42,6 @@ TEST(HostSearch, FindNeedsBothFiles) {
     }
 }
 
-TEST_F(HostSearchTest, RegisteredFolderIsNotAddedAgain) {
-    AddHost(files, L"C:\\VMR");
-    Register(state, L"C:\\VMR");
-    EXPECT_EQ(Search(), NextWindow::SetUpWizard);
-    EXPECT_EQ(state.WorkingFolderCount, 1);
-    EXPECT_EQ(search.Progress().FoundText(), L"");
-}
-
 TEST(HostSearch, OtherSpellingsOfARegisteredFolderAreAddedASecondTime) {
     for (const wchar_t* spelling : {L"c:\\VMR", L"C:\\vmr", L"C:\\VMR\\"}) {
         SearchScene scene;
@@ -107,13 +99,6 @@ TEST_F(HostSearchTest, OnlyFixedDrivesAreTouched) {
     EXPECT_THAT(Visited(), ElementsAre(L"C:\\", L"Z:\\"));
     EXPECT_EQ(state.WorkingFolderCount, 0);
     EXPECT_EQ(search.Progress().drive, L"Z:\\");
-}
-
-TEST_F(HostSearchTest, WithoutFixedDrivesNothingIsSaid) {
-    files.RemoveDrive(L"C:");
-    EXPECT_EQ(Search(), NextWindow::SetUpWizard);
-    EXPECT_THAT(messages.shown, IsEmpty());
-    EXPECT_EQ(events.yields, 0U);
 }
 
 TEST_F(HostSearchTest, ReadsTheDiskOnlyAndEndsInTheProgramFolder) {

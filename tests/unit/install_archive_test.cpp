@@ -23,12 +23,6 @@ class InstallArchiveTest : public testing::Test {
         before = files.Snapshot();
         scene.InstallFiles({L"p.lzh"});
     }
-    void ExpectFailedAndNothingTouched() {
-        EXPECT_THAT(fake.messages.Texts(), ElementsAre(L"パッケージの解凍に失敗しました。"));
-        EXPECT_THAT(scene.screen.confirmations, IsEmpty());
-        EXPECT_EQ(files.Snapshot(), before);
-        EXPECT_TRUE(scene.screen.enabled);
-    }
 
     MainWindowScene scene;
     PlatformFake& fake = scene.fake;
@@ -60,50 +54,30 @@ TEST_F(InstallArchiveTest, CharacterOfAnArchiveStandsInTheList) {
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
-TEST_F(InstallArchiveTest, DamagedArchiveTouchesNothing) {
-    LzhWriter writer;
-    writer.AddFile(L"mio.obl", "definition");
+// A damaged one, files that are none, and those that reach out of the staging folder.
+TEST_F(InstallArchiveTest, ArchiveThatCannotBeUnpackedTouchesNothing) {
     lzh::LzhEntry damaged = lzh::MakeEntry(L"mio\\face.bmp", std::string(1'000, 'x'), "-lh5-", 2);
     damaged.claimedCrc = 0x1234;
-    writer.Add(damaged);
-    Install(writer.Finish());
-    ExpectFailedAndNothingTouched();
-}
-
-TEST_F(InstallArchiveTest, FileThatIsNoArchiveTouchesNothing) {
-    for (const char* bytes : {"", "MZ no archive at all", "\x20"}) {
-        fake.messages.shown.clear();
-        Install(bytes);
-        ExpectFailedAndNothingTouched();
-    }
-}
-
-TEST_F(InstallArchiveTest, ArchiveThatReachesOutOfTheStagingFolderTouchesNothing) {
+    std::vector<std::string> archives = {
+        LzhWriter().AddFile(L"mio.obl", "definition").Add(damaged).Finish(), "",
+        "MZ no archive at all", "\x20"};
     for (const wchar_t* path : {L"..\\evil.txt", L"mio\\..\\..\\Host\\ombrel.exe", L"mio\\NUL.txt",
-                                L"mio\\a:b", L"mio\\a.", L"mio\\a "}) {
+                                L"mio\\a:b", L"mio\\a.", L"mio\\a "})
+        archives.push_back(LzhWriter().AddFile(L"mio\\x", "x").AddFile(path, "evil").Finish());
+    for (const std::string& archive : archives) {
         fake.messages.shown.clear();
-        LzhWriter writer;
-        writer.AddFile(L"mio.obl", "definition").AddFile(L"mio\\x", "x").AddFile(path, "evil");
-        Install(writer.Finish());
-        ExpectFailedAndNothingTouched();
+        Install(archive);
+        EXPECT_THAT(fake.messages.Texts(), ElementsAre(L"パッケージの解凍に失敗しました。"));
+        EXPECT_THAT(scene.screen.confirmations, IsEmpty());
+        EXPECT_EQ(files.Snapshot(), before);
+        EXPECT_TRUE(scene.screen.enabled);
     }
 }
 
-TEST_F(InstallArchiveTest, ReadOnlyFilesOfAnArchiveAreInstalled) {
+TEST_F(InstallArchiveTest, FilesOfAnArchiveAreInstalledReadOnlyAsTheyAreAndVisibly) {
     LzhWriter writer;
-    lzh::LzhEntry entry = lzh::MakeEntry(L"mio\\readonly", "x", "-lh0-", 1);
-    entry.dosAttributes = 0x21;
-    writer.Add(entry).AddFile(L"mio.obl", "definition");
-    Install(writer.Finish());
-    EXPECT_THAT(scene.model.installed.names.Entries(), ElementsAre(L"mio"));
-    EXPECT_TRUE(files.AttributesOf(L"C:\\Host\\mio\\readonly").readOnly);
-    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
-}
-
-TEST_F(InstallArchiveTest, HiddenAndSystemFilesOfAnArchiveAreInstalledVisibly) {
-    LzhWriter writer;
-    for (const int attributes : {0x22, 0x24, 0x26}) {
-        const std::wstring name = L"mio\\thumbs" + std::to_wstring(attributes);
+    for (const int attributes : {0x21, 0x22, 0x24, 0x26}) {
+        const std::wstring name = L"mio\\" + std::to_wstring(attributes);
         lzh::LzhEntry entry = lzh::MakeEntry(name, "x", "-lh0-", 1);
         entry.dosAttributes = static_cast<std::uint8_t>(attributes);
         writer.Add(entry);
@@ -111,9 +85,9 @@ TEST_F(InstallArchiveTest, HiddenAndSystemFilesOfAnArchiveAreInstalledVisibly) {
     writer.AddFile(L"mio.obl", "definition");
     Install(writer.Finish());
     EXPECT_THAT(scene.model.installed.names.Entries(), ElementsAre(L"mio"));
-    for (const wchar_t* name : {L"34", L"36", L"38"})
-        EXPECT_EQ(files.AttributesOf(std::wstring(L"C:\\Host\\mio\\thumbs") + name),
-                  FileAttributes{.archive = true});
+    for (const wchar_t* name : {L"33", L"34", L"36", L"38"})
+        EXPECT_EQ(files.AttributesOf(std::wstring(L"C:\\Host\\mio\\") + name),
+                  (FileAttributes{.readOnly = name == std::wstring(L"33"), .archive = true}));
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 

@@ -21,16 +21,6 @@ TEST_F(InstallTest, CancelLeavesTheHostAndTheSelectionAlone) {
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
 }
 
-TEST_F(InstallTest, NoteIsShownAndAFolderMayBeSpelledUnlikeItsDefinitionFile) {
-    scene.AddPackage(L"p.lzh", {{L"mio.obl"}, {L"MIO\\face.bmp"}, {L"MIO\\Read-x.txt", "note"}});
-    Install({L"p.lzh"});
-    EXPECT_TRUE(InHost(L"MIO\\face.bmp"));
-    EXPECT_TRUE(InHost(L"mio.obl"));
-    EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"MIO"));
-    EXPECT_EQ(files.Contents(L"C:\\Host\\MIO\\Read-x.txt"), "note");
-    EXPECT_THAT(fake.starter.shown, ElementsAre(L"C:\\Host\\MIO\\Read-x.txt"));
-}
-
 // The session ends while the user is asked: nothing was answered, so nothing is installed or said.
 TEST_F(InstallTest, MainWindowThatIsClosedMeanwhileEndsItSilently) {
     scene.screen.answer.reset();
@@ -173,18 +163,6 @@ TEST_F(InstallTest, InstalledFilesHaveThePermissionsOfTheHostFolder) {
     InstallMio();
     for (const wchar_t* path : {L"mio.obl", L"mio", L"mio\\face.bmp", L"mio\\dat\\voice.wav"})
         EXPECT_EQ(files.PermissionsOf(std::wstring(L"C:\\Host\\") + path), L"the family") << path;
-}
-
-TEST_F(InstallTest, FullDriveIsReportedAndTheMainWindowUsable) {
-    scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
-    scene.Open();
-    std::uint64_t used = 0;
-    for (const auto& [path, bytes] : files.Snapshot())
-        used += bytes.size();
-    files.SetCapacity(L"C:", used);
-    EXPECT_EQ(ErrorOf([&] { scene.InstallFiles({L"mio.lzh"}); }), ErrorNumber::DiskFull);
-    EXPECT_TRUE(scene.screen.enabled);
-    EXPECT_THAT(scene.screen.confirmations, IsEmpty());
 }
 
 TEST_F(InstallTest, TellsHowFarItHasComeWithTheFiles) {

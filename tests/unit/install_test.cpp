@@ -173,32 +173,6 @@ TEST_F(InstallTest, StagedAreOnlyCharactersWhenTheUserIsAsked) {
     EXPECT_FALSE(InHost(L"readme.txt"));
 }
 
-TEST_F(InstallTest, FolderThatTheHostHasIsCompletedAndALoneDefinitionOverwritten) {
-    files.AddFile(L"C:\\Host\\mio.obl", "old");
-    InstallMio();
-    EXPECT_EQ(files.Contents(L"C:\\Host\\mio.obl"), "definition of m");
-    EXPECT_THAT(fake.messages.Texts(), ElementsAre(Done));
-    files.DeleteTree(L"C:\\Host\\mio.obl");
-    files.DeleteTree(L"C:\\Host\\mio");
-    files.AddFile(L"C:\\Host\\mio\\mine", "mine");
-    InstallMio();
-    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\mine"), "mine");
-    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\face.bmp"), "picture");
-    EXPECT_TRUE(InHost(L"mio.obl"));
-}
-
-TEST_F(InstallTest, LongListsAreReadToTheirEndAndNoFurther) {
-    std::vector<std::wstring> names;
-    for (int number = 100; number < 164; ++number) {
-        names.push_back(L"x" + std::to_wstring(number) + L".obl");
-        files.AddFile(L"C:\\Packs\\" + names.back());
-    }
-    scene.screen.answer = AnswerCancel;
-    Install(names);
-    EXPECT_EQ(model.browser.Files().Size(), 64U);
-    ExpectLists({None}, names, {None});
-}
-
 TEST(InstallConfirmation, NoteIsSeenOnlyWhenSomethingCannotBeInstalled) {
     EXPECT_EQ(InstallConfirmation::Note(),
               L"tambに対応した形式ではありませんでした。\r\n"
@@ -208,23 +182,6 @@ TEST(InstallConfirmation, NoteIsSeenOnlyWhenSomethingCannotBeInstalled) {
     EXPECT_FALSE(lists.NoteVisible());
     lists.cannotInstall.Assign({L"a.lzh"});
     EXPECT_TRUE(lists.NoteVisible());
-}
-
-// --- Notes and launcher definitions -------------------------------------------------------------
-
-TEST_F(InstallTest, LauncherEntriesAreMergedOnlyWhenAllowed) {
-    files.AddFile(L"C:\\Host\\kva.def", "#mine\r\na,b,1\r\n");
-    scene.AddPackage(L"p.lzh", Both(Ombrel(L"mio"), {{L"mio\\KVA.DEF", "a,b,2\r\nc,d,3\r\n"},
-                                                     {L"KVA.DEF", "a,b,7\r\n"}}));
-    scene.state.KvaOption = L"OFF";
-    Install({L"p.lzh"});
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "#mine\r\na,b,1\r\n");
-    EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\KVA.DEF"), "a,b,2\r\nc,d,3\r\n");
-    files.DeleteTree(L"C:\\Host\\mio.obl");
-    scene.state.KvaOption = L"ON";
-    Install({L"p.lzh"});
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "#mine\r\na,b,2\r\nc,d,3\r\n");
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), "#mine\r\na,b,1\r\n");
 }
 
 } // namespace

@@ -118,15 +118,6 @@ TEST_F(KavaletFileTest, FormerFileStaysAndTheNewOneIsSpelledAsThePackages) {
     EXPECT_EQ(host.count(L"C:\\Host\\kva.def"), 0U);
 }
 
-TEST_F(KavaletFileTest, NextMergeReplacesTheFormerFile) {
-    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
-    Merge();
-    files.AddFile(L"C:\\Host\\abc\\KVA.DEF", "a,b,3\r\n");
-    Merge();
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.def"), "a,b,3\r\n");
-    EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), "a,b,2\r\n");
-}
-
 TEST_F(KavaletFileTest, ReadOnlyFileFailsAndCostsNothing) {
     files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n", {.readOnly = true});
     files.AddFile(L"C:\\Host\\kva.tmp", "older");

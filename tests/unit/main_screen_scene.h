@@ -3,11 +3,7 @@
 
 #include "app/main_screen.h"
 #include "base/version.h"
-#include "maintenance/folder_check.h"
-#include "maintenance/launch.h"
-#include "maintenance/start_up_file.h"
 #include "maintenance/uninstall.h"
-#include "maintenance/updates.h"
 #include "unit/rules_fixture.h"
 
 namespace tamblin {

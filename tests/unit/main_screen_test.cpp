@@ -199,16 +199,6 @@ TEST_F(LostSelection, ByActivationLeavesNoButtonLitThatNeedsACharacter) {
 
 // --- Lists and their buttons --------------------------------------------------------------------
 
-TEST_F(MainScreenTest, ClicksInEitherListApplyTheRules) {
-    main.Load();
-    Select(model.browser.Files(), {L"mio.lzh"});
-    main.SelectionChanged();
-    EXPECT_EQ(EnabledButtons(model), ForPackages);
-    Select(model.installed.names, {L"abc"});
-    main.SelectionChanged();
-    EXPECT_EQ(EnabledButtons(model), ForPackages + ForOneCharacter);
-}
-
 TEST_F(MainScreenTest, WaysThroughTheTreeApplyTheRulesToALostSelection) {
     for (const bool up : {false, true}) {
         main.Load();
@@ -239,37 +229,6 @@ TEST_F(MainScreenTest, SecondActionButtonPreparesTheStagingFolder) {
     main.PrepareStagingPressed();
     EXPECT_THAT(files.Snapshot(L"C:\\TAMTMP"), IsEmpty());
     EXPECT_EQ(files.CurrentFolder(), L"C:\\TAMTMP");
-}
-
-// Each button of a selected character runs its own command.
-TEST_F(MainScreenTest, ButtonsRunTheirCommands) {
-    files.AddFile(L"C:\\Host\\abc\\abc.txt");
-    files.AddFile(L"C:\\Packs\\abc.obl", "new");
-    files.AddFile(L"C:\\Packs\\ombrel.exe", "new");
-    files.AddFolder(L"C:\\Host\\orphan");
-    main.Load();
-    Select(model.installed.names, {L"abc"});
-    Select(model.browser.Files(), {L"abc.obl"});
-    main.SelectionChanged();
-
-    FolderCheck check(fake.platform);
-    check.RunCheck(model);
-    EXPECT_THAT(check.folders.Entries(), ElementsAre(L"orphan"));
-    LaunchCharacter(model, fake.platform);
-    EXPECT_EQ(fake.starter.started.size(), 1U);
-    ShowReadme(model, fake.platform);
-    EXPECT_EQ(fake.shell.opened.size(), 1U);
-    EXPECT_THAT(main.InstalledListMenu(std::nullopt), OffersReadme());
-    SetStartUpCharacter(model, fake.platform);
-    EXPECT_EQ(files.Contents(L"C:\\Host\\ombrel.rc"), "H001currentobl=abc.obl\r\n");
-    UpdateDefinitionFile(model, fake.platform);
-    EXPECT_EQ(files.Contents(L"C:\\Host\\abc.obl"), "new");
-    UpdateHostProgram(model, fake.platform);
-    EXPECT_EQ(files.Contents(L"C:\\Host\\ombrel.exe"), "new");
-    Uninstall(model, state, fake.platform);
-    EXPECT_FALSE(files.Exists(L"C:\\Host\\abc"));
-    Install(model, state, fake.platform, scene.screen);
-    EXPECT_EQ(scene.screen.confirmations.size(), 1U);
 }
 
 TEST_F(MainScreenTest, SettingsButtonLeavesWordWhereItWasPressed) {

@@ -174,17 +174,6 @@ TEST_F(ManualFolderTest, DuplicateIsReportedAndLeavesTheWindow) {
     EXPECT_THAT(messages.Texts(), ElementsAre(DuplicateText));
 }
 
-TEST(ManualFolder, TextsAreStoredAsEntered) {
-    for (const auto& [host, text] :
-         {std::pair{L"C:\\VMR", L"C:\\VMR\\"}, std::pair{L"C:\\VMR", L"c:\\vmr"},
-          std::pair{L"C:\\", L"C:\\"}, std::pair{L"C:\\表 ソ\\能", L"C:\\表 ソ\\能"}}) {
-        ManualScene scene;
-        AddHost(scene.files, host);
-        EXPECT_EQ(scene.manual.OkPressed(text), NextWindow::MainWindow);
-        EXPECT_EQ(scene.state.HostFolders[1], text);
-    }
-}
-
 // --- Changing a registered folder -----------------------------------------------------------
 
 TEST_F(ManualFolderTest, OkReplacesTheFolderToChangeAndShowsItInManagement) {

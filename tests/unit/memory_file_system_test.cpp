@@ -22,16 +22,6 @@ class MemoryFileSystemTest : public testing::Test {
     MemoryFileSystem files;
 };
 
-TEST_F(MemoryFileSystemTest, SnapshotShowsFilesAndFoldersOfAllDrives) {
-    files.AddFile(L"C:\\a\\b.txt", "bytes");
-    files.AddFolder(L"D:\\empty");
-    const MemoryFileSystem::Tree expected = {
-        {L"C:\\a\\", ""}, {L"C:\\a\\b.txt", "bytes"}, {L"D:\\empty\\", ""}};
-    EXPECT_EQ(files.Snapshot(), expected);
-    EXPECT_EQ(files.Snapshot(L"C:\\A"), (MemoryFileSystem::Tree{{L"C:\\A\\b.txt", "bytes"}}));
-    EXPECT_EQ(files.OperationCount(), 0U);
-}
-
 TEST_F(MemoryFileSystemTest, SnapshotListsLinksWithoutFollowingThem) {
     files.AddFile(L"C:\\real\\x", "1");
     files.AddLink(L"C:\\link", L"C:\\real");
@@ -45,21 +35,6 @@ TEST_F(MemoryFileSystemTest, LinkThatLeadsInACircleLeadsNowhere) {
     files.AddLink(L"C:\\two", L"C:\\one");
     EXPECT_EQ(ThrownNumber([&] { files.List(L"C:\\one"); }), 76);
     EXPECT_EQ(files.Find(L"C:\\one\\x"), std::nullopt);
-}
-
-TEST_F(MemoryFileSystemTest, LogsOperationsWithFullPathsInOrder) {
-    files.AddFolder(L"C:\\work");
-    files.SetCurrentFolder(L"C:\\work");
-    files.Write(L"a", "1");
-    files.Copy(L"a", L"D:b");
-    EXPECT_EQ(ThrownNumber([&] { files.Delete(L"nosuch"); }), 53);
-    EXPECT_THAT(files.Log(), ElementsAre(L"SetCurrentFolder C:\\work", L"Write C:\\work\\a",
-                                         L"Copy C:\\work\\a -> D:\\b", L"Delete C:\\work\\nosuch"));
-    EXPECT_EQ(files.OperationCount(), 4U);
-    EXPECT_EQ(files.CountLogged(L"Write"), 1U);
-    files.ForgetOperations();
-    EXPECT_EQ(files.OperationCount(), 0U);
-    EXPECT_TRUE(files.Log().empty());
 }
 
 TEST_F(MemoryFileSystemTest, FailsTheChosenOperationOnceAndUndone) {
@@ -141,19 +116,6 @@ TEST_F(MemoryFileSystemTest, DriveThatVanishes) {
     EXPECT_EQ(ThrownNumber([&] { files.Find(L"D:\\a"); }), 52);
     EXPECT_EQ(ThrownNumber([&] { files.Read(L"D:\\a"); }), 76);
     EXPECT_EQ(files.Drives().size(), 1U);
-    files.ReturnDrive(L"D:");
-    EXPECT_TRUE(files.Find(L"D:\\a"));
-}
-
-TEST_F(MemoryFileSystemTest, EachDriveRemembersItsFolder) {
-    files.AddFolder(L"C:\\c");
-    files.AddFolder(L"D:\\d");
-    files.SetCurrentFolder(L"D:\\d");
-    files.SetCurrentFolder(L"C:\\c");
-    files.Write(L"D:x", "1");
-    EXPECT_EQ(files.Contents(L"D:\\d\\x"), "1");
-    files.SetCurrentFolder(L"D:");
-    EXPECT_EQ(files.CurrentFolder(), L"D:\\d");
 }
 
 TEST_F(MemoryFileSystemTest, DeletingATreeSparesWhatIsInUse) {
@@ -250,14 +212,6 @@ TEST_F(MemoryFileSystemTest, PowerCutLeavesAPartOfANewFileAndWhatHasReplacedAnot
     files.ReturnPower();
     EXPECT_EQ(files.Read(L"C:\\new"), "12");
     EXPECT_EQ(files.Read(L"C:\\to"), "new");
-}
-
-TEST_F(MemoryFileSystemTest, HelpersRefuseNonsense) {
-    EXPECT_THROW(files.Contents(L"C:\\nosuch"), std::logic_error);
-    EXPECT_THROW(files.AddFile(L"E:\\a"), std::logic_error);
-    EXPECT_THROW(files.AddDrive(L"c:"), std::logic_error);
-    files.AddFile(L"C:\\file");
-    EXPECT_THROW(files.AddFile(L"C:\\file\\below"), std::logic_error);
 }
 
 } // namespace

@@ -89,29 +89,6 @@ TEST_F(PackageStagingTest, ClearingDeletesTheTreeAndReturnsToTheProgramFolder) {
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
 }
 
-TEST_F(PackageStagingTest, ClearingFailsForHiddenFilesFilesInUseAndFoldersWithMoreAttributes) {
-    const auto failsFor = [&](const wchar_t* path) {
-        const auto error = ErrorOf([&] { Clear(); });
-        EXPECT_TRUE(error) << path;
-        EXPECT_TRUE(files.Exists(path));
-        files.DeleteTree(L"D:\\TAMTMP");
-        return error;
-    };
-    files.AddFile(L"D:\\TAMTMP\\a\\hidden", "", {.hidden = true});
-    EXPECT_EQ(failsFor(L"D:\\TAMTMP\\a\\hidden"), ErrorNumber::PathFileAccess);
-    files.SetCurrentFolder(L"C:\\");
-    files.DeleteTree(L"D:\\TAMTMP");
-    files.AddFile(L"D:\\TAMTMP\\b\\x");
-    files.AddFolder(L"D:\\TAMTMP\\b", {.readOnly = true});
-    EXPECT_EQ(failsFor(L"D:\\TAMTMP\\b\\x"), ErrorNumber::PathFileAccess);
-    files.SetCurrentFolder(L"C:\\");
-    files.DeleteTree(L"D:\\TAMTMP");
-    files.AddFile(L"D:\\TAMTMP\\used");
-    files.Lock(L"D:\\TAMTMP\\used");
-    EXPECT_EQ(failsFor(L"D:\\TAMTMP\\used"), ErrorNumber::PermissionDenied);
-    files.Unlock(L"D:\\TAMTMP\\used");
-}
-
 TEST_F(PackageStagingTest, ArchiveIsUnpackedByOneCommand) {
     fake.unlha.onUnpack = [](const std::wstring&) {
         return std::int16_t{-7};

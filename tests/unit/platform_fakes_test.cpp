@@ -11,48 +11,6 @@ using Box = MessageBoxesFake::Box;
 using Kind = MessageBoxesFake::Kind;
 using testing::ElementsAre;
 
-TEST(PlatformFake, StartsInTheProgramFolder) {
-    PlatformFake fake;
-    EXPECT_EQ(fake.platform.files.CurrentFolder(), L"C:\\Tamblin");
-    EXPECT_EQ(fake.files.OperationCount(), 1U);
-}
-
-TEST(MessageBoxesFake, RecordsBoxesAndAnswersInOrder) {
-    MessageBoxesFake messages;
-    messages.answers = {false, true};
-    EXPECT_FALSE(messages.AskOkCancel(L"1"));
-    EXPECT_TRUE(messages.AskYesNo(L"2"));
-    messages.onShow = [&](const Box&) {
-        messages.answer = false;
-    };
-    EXPECT_FALSE(messages.AskRetryCancel(L"3"));
-    messages.Inform(L"4", MessageIcon::Stop);
-    EXPECT_THAT(messages.shown, ElementsAre(Box{Kind::AskOkCancel, L"1"}, Box{Kind::AskYesNo, L"2"},
-                                            Box{Kind::AskRetryCancel, L"3"},
-                                            Box{Kind::Inform, L"4", MessageIcon::Stop}));
-    EXPECT_THAT(messages.Texts(), ElementsAre(L"1", L"2", L"3", L"4"));
-}
-
-TEST(DesktopShellFake, DeletesTreesOnTheDiskUnlessItRefuses) {
-    PlatformFake fake;
-    fake.files.AddFile(L"C:\\t\\a");
-    fake.shell.refuses = true;
-    fake.shell.DeleteTree(L"C:\\t");
-    fake.shell.MoveToRecycleBin(L"C:\\t");
-    EXPECT_TRUE(fake.files.Exists(L"C:\\t\\a"));
-    EXPECT_THAT(fake.shell.deleted, ElementsAre(L"C:\\t"));
-    fake.shell.refuses = false;
-    fake.files.Lock(L"C:\\t\\a");
-    fake.shell.MoveToRecycleBin(L"C:\\t");
-    EXPECT_TRUE(fake.files.Exists(L"C:\\t\\a"));
-    EXPECT_TRUE(fake.shell.Recycled().empty());
-    fake.files.Unlock(L"C:\\t\\a");
-    fake.files.ForgetOperations();
-    fake.shell.DeleteTree(L"C:\\t");
-    EXPECT_FALSE(fake.files.Exists(L"C:\\t"));
-    EXPECT_THAT(fake.files.Log(), ElementsAre(L"DeleteTree C:\\t"));
-}
-
 TEST(DesktopShellFake, DeletesNothingThatIsNotOnePath) {
     PlatformFake fake;
     fake.files.AddFile(L"C:\\t\\a");
@@ -63,63 +21,6 @@ TEST(DesktopShellFake, DeletesNothingThatIsNotOnePath) {
         fake.shell.MoveToRecycleBin(path);
     }
     EXPECT_EQ(fake.files.Snapshot(), before);
-}
-
-TEST(DesktopShellFake, RecycledTreesCanBeRestored) {
-    PlatformFake fake;
-    fake.files.AddFile(L"C:\\t\\a", "1");
-    const auto before = fake.files.Snapshot();
-    fake.shell.MoveToRecycleBin(L"C:\\t");
-    EXPECT_FALSE(fake.files.Exists(L"C:\\t"));
-    EXPECT_THAT(fake.shell.Recycled(), ElementsAre(L"C:\\t"));
-    EXPECT_TRUE(fake.shell.Restore(L"c:\\T"));
-    EXPECT_EQ(fake.files.Snapshot(), before);
-    EXPECT_FALSE(fake.shell.Restore(L"C:\\t"));
-}
-
-TEST(ProgramStarterFake, ShowsTheDiskAtTheMomentOfTheStart) {
-    PlatformFake fake;
-    fake.files.AddFile(L"C:\\rc", "temporary");
-    std::string seen;
-    fake.starter.onStart = [&](const std::wstring&) {
-        seen = fake.files.Contents(L"C:\\rc");
-    };
-    fake.starter.StartMinimised(L"host.exe /x");
-    fake.starter.ShowMinimised(L"readme.txt");
-    EXPECT_EQ(seen, "temporary");
-    EXPECT_THAT(fake.starter.started, ElementsAre(L"host.exe /x"));
-    EXPECT_THAT(fake.starter.shown, ElementsAre(L"readme.txt"));
-}
-
-TEST(ProgramStarterFake, FailsWhenToldTo) {
-    ProgramStarterFake starter;
-    starter.failure = ErrorNumber::FileNotFound;
-    EXPECT_THROW(starter.StartMinimised(L"x"), RunTimeError);
-}
-
-TEST(EventLoopFake, ActsWhenAnOperationGivesWay) {
-    EventLoopFake events;
-    int acted = 0;
-    events.onYield = [&] {
-        ++acted;
-    };
-    events.Yield();
-    events.Yield();
-    EXPECT_EQ(acted, 2);
-    EXPECT_EQ(events.yields, 2U);
-}
-
-TEST(UnlhaFake, UnpacksIntoTheCurrentFolder) {
-    PlatformFake fake;
-    fake.unlha.onUnpack = [&](const std::wstring& archive) {
-        EXPECT_EQ(archive, L"C:\\p\\a b.lzh");
-        fake.files.AddFile(L"unpacked.obl");
-        return std::int16_t{0};
-    };
-    EXPECT_EQ(fake.unlha.Run(nullptr, L"x \"C:\\p\\a b.lzh\"", L"", 0), 0);
-    EXPECT_TRUE(fake.files.Exists(L"C:\\Tamblin\\unpacked.obl"));
-    EXPECT_NE(fake.unlha.Run(nullptr, L"l C:\\p", L"", 0), 0);
-    EXPECT_EQ(fake.unlha.calls.size(), 2U);
 }
 
 TEST(NativeAnsiCodePage, ConvertsJapaneseNamesThereAndBack) {

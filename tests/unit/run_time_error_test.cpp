@@ -65,17 +65,6 @@ TEST(RunTimeError, KeepsTheFileThatItNamedFirst) {
     EXPECT_TRUE(RunTimeError(ErrorNumber::DiskFull).AsFatal().WithPath(L"C:\\b").IsFatal());
 }
 
-TEST(RunTimeError, HasATextOfItsOwnForEveryNumber) {
-    std::set<std::wstring> texts = {RunTimeError(static_cast<ErrorNumber>(9999)).Text()};
-    const int numbers[] = {7, 9, 52, 53, 55, 57, 58, 61, 67, 68, 70, 71, 75, 76};
-    for (const int number : numbers) {
-        const RunTimeError error(static_cast<ErrorNumber>(number));
-        EXPECT_TRUE(texts.insert(error.Text()).second) << number;
-        EXPECT_TRUE(error.Text().ends_with(L"。")) << number;
-        EXPECT_NE(error.Report().find(L"'" + std::to_wstring(number) + L"'"), std::wstring::npos);
-    }
-}
-
 TEST(RunTimeError, BecomesFatalOnlyInTheCopy) {
     const RunTimeError error(ErrorNumber::DiskFull);
     const RunTimeError fatal = error.AsFatal();

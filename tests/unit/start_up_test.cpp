@@ -171,12 +171,6 @@ TEST_F(StartUpTest, LostHostStillOpensTheMainWindowWithAnEmptyCombo) {
     EXPECT_THAT(combo.entries, IsEmpty());
 }
 
-TEST_F(StartUpTest, UnreadableFileOpensTheWizard) {
-    Given("VERSION=Ver." TAMBLIN_VERSION "\r\nVMRFOLDER=C:\\Host\r\n");
-    files.Lock(L"C:\\Tamblin\\tamb.ini");
-    EXPECT_EQ(Run(), NextWindow::SetUpWizard);
-}
-
 TEST_F(StartUpTest, FolderOnADriveThatIsGoneDoesNotHideTheRest) {
     Given("VERSION=Ver." TAMBLIN_VERSION
           "\r\nVMRFOLDER=Q:\\Host\r\nVMRFOLDER=C:\\Host\r\nDEFAULT=Q:\\Host\r\n"

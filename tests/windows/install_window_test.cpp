@@ -111,29 +111,7 @@ TEST_F(InstallWindowTest, TheEndOfTheSessionInstallsNothing) {
     EXPECT_FALSE(fake.files.Exists(L"C:\\TAMTMP"));
 }
 
-TEST_F(InstallWindowTest, EscapeCancelsIt) {
-    Open();
-    InstallAnd([&](Form&) { PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1); });
-    EXPECT_EQ(fake.messages.Texts(), std::vector<std::wstring>{L"インストールを中止しました。"});
-    EXPECT_EQ(EntriesOf(List(3)).size(), 3u);
-    EXPECT_EQ(SelectedOf(List(2)), std::vector<std::wstring>{L"new.lzh"});
-    EXPECT_TRUE(IsEnabled(Button(Command::Install)));
-}
-
-TEST_F(InstallWindowTest, ADamagedPackageLeavesTheWindowUsable) {
-    Open();
-    fake.unlha.onUnpack = [](const std::wstring&) {
-        return std::int16_t{1};
-    };
-    SelectRows(List(2), {RowOf(List(2), L"new.lzh")});
-    Click(Button(Command::Install));
-    EXPECT_EQ(fake.messages.Texts(),
-              std::vector<std::wstring>{L"パッケージの解凍に失敗しました。"});
-    EXPECT_TRUE(IsEnabled(form->Handle()));
-    EXPECT_FALSE(IsEnabled(Button(Command::Install)));
-}
-
-TEST_F(InstallWindowTest, AFullDiskIsReportedAndLeavesTheWindowUsable) {
+TEST_F(InstallWindowTest, AFailureWhileItCopiesIsReportedAndLeavesTheWindowUsable) {
     Open();
     InstallAnd([&](Form& confirmation) {
         fake.files.SetReady(L"C:", false);

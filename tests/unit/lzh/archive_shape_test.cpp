@@ -1,11 +1,10 @@
 // Where an archive begins and ends, and what is taken for damage.
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "platform/lzh/entry_list.h"
 #include "support/lzh_extraction.h"
 #include "support/lzh_memory_source.h"
+#include "support/lzh_test_data.h"
 #include "support/lzh_writer.h"
 
 namespace tamblin::lzh {
@@ -25,31 +24,23 @@ void ExpectBoth(const std::string& archive) {
     EXPECT_EQ(extraction.Bytes(L"b.txt"), "second file");
 }
 
-std::string Noise(std::size_t size) {
-    std::mt19937 random(1);
-    std::string bytes(size, '\0');
-    for (char& byte : bytes)
-        byte = static_cast<char>(random());
-    return bytes;
-}
-
 TEST(ArchiveShape, AnythingMayFollowTheEndMarkOrFillUpAnArchiveWithoutOne) {
     ExpectBoth(TwoFiles().Finish());
     ExpectBoth(TwoFiles().WithoutEndMark());
     for (const std::size_t size : {1u, 7u, 21u, 22u, 1000u})
-        ExpectBoth(TwoFiles().Finish() + Noise(size));
+        ExpectBoth(TwoFiles().Finish() + RandomBytes(size, 1));
     ExpectBoth(TwoFiles().Finish() + LzhWriter().AddFile(L"c", "of another archive").Finish());
     for (const char filler : {'\0', '\x1A', '\xFF'})
         for (const std::size_t size : {1u, 3u, 21u, 1000u})
             ExpectBoth(TwoFiles().WithoutEndMark() + std::string(size, filler));
     ExpectBoth(TwoFiles().WithoutEndMark() + "\r\n");
-    ExpectBoth(TwoFiles().WithoutEndMark() + Noise(500));
+    ExpectBoth(TwoFiles().WithoutEndMark() + RandomBytes(500, 1));
 }
 
 TEST(ArchiveShape, ProgramMayStandInFront) {
     for (unsigned level = 0; level <= 3; ++level) {
         for (const std::size_t size : {1u, 21u, 5000u, 65515u, 65536u, 200'000u})
-            ExpectBoth("MZ" + Noise(size) + TwoFiles(level).Finish());
+            ExpectBoth("MZ" + RandomBytes(size, 1) + TwoFiles(level).Finish());
     }
 }
 
@@ -76,7 +67,7 @@ TEST(ArchiveShape, FileWithoutEntriesIsNoArchive) {
     EXPECT_EQ(Extraction(std::string(1, '\0')).Failure(), LzhFailure::NotAnArchive);
     EXPECT_EQ(Extraction("PK\3\4 and so on, and so on, and so on").Failure(),
               LzhFailure::NotAnArchive);
-    EXPECT_EQ(Extraction(Noise(100'000)).Failure(), LzhFailure::NotAnArchive);
+    EXPECT_EQ(Extraction(RandomBytes(100'000, 1)).Failure(), LzhFailure::NotAnArchive);
 }
 
 TEST(ArchiveShape, CutArchiveIsAFailureWhereverItIsCut) {
