@@ -106,3 +106,27 @@ def test_by_keyboard_alone_to_a_new_package(running, machine):
     press_keys("ctrl+a")
     wait_until(lambda: main.list2.selected() == main.list2.entries(), "all to be selected")
     assert main.install.enabled()
+
+
+def test_browsing_with_the_keyboard(running):
+    main = running.main
+    main.list1.real_click_row("C:")
+    wait_until(lambda: main.list1.selected() == ["C:"], "the drive row to be selected")
+    press_keys("Return")
+    main.wait_browsed("C:\\")
+    row = main.list1.row("  + Packages")
+    press_keys(*["Down"] * (row - main.list1.row("C:")))
+    wait_until(lambda: main.list1.selected() == ["  + Packages"], "the row to be selected")
+    press_keys("Return")
+    main.wait_browsed("C:\\Packages\\")
+    assert "futari.lzh" in main.list2.entries()
+
+
+def test_the_desktop_row_leads_to_the_desktop(running, machine):
+    # Public has a desktop, too.
+    users = [user for user in machine.path("C:\\users").iterdir() if user.name != "Public"]
+    desktop = users[0] / "Desktop"
+    (desktop / "on the desktop.lzh").write_bytes(b"")
+    running.main.list1.double_click("ﾃﾞｽｸﾄｯﾌﾟ")
+    running.main.wait_browsed(f"C:\\users\\{desktop.parent.name}\\Desktop\\")
+    assert running.main.list2.entries() == ["on the desktop.lzh"]

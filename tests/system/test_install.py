@@ -148,3 +148,30 @@ def test_launcher_definitions_are_merged_when_allowed(furnished, machine):
     install(furnished, "sora.LZH")
     assert kavalet_files(machine) == {"kva.def": MERGED_KAVALET, "kva.tmp": HOST_KAVALET}
     assert machine.read(HOST + "\\sora\\KVA.DEF") == lzh_packages.WITH_KAVALET["sora/KVA.DEF"]
+
+
+def test_two_archives_at_once(running, machine):
+    before = machine.tree(HOST)
+    confirmation = propose(running, "futari.lzh", "sora.LZH")
+    assert confirmation.list1.entries() == [
+        "haruka （futari.lzh）",
+        "minato （futari.lzh）",
+        "sora （sora.LZH）",
+    ]
+    confirm(running)
+    wanted = {**lzh_packages.TWO_CHARACTERS, **lzh_packages.WITH_KAVALET}
+    assert machine.tree(HOST) == {**before, **as_tree(wanted)}
+
+
+def test_the_host_on_another_drive(running, machine):
+    before = machine.tree("D:\\Games\\Vimora")
+    untouched = machine.tree(HOST)
+    running.main.combo1.select("D:\\Games\\Vimora")
+    confirmation = propose(running, "futari.lzh")
+    assert machine.path("D:\\TAMTMP\\haruka.obl").exists()
+    assert not machine.path("C:\\TAMTMP").exists()
+    confirm(running)
+    assert machine.tree("D:\\Games\\Vimora") == {**before, **as_tree(lzh_packages.TWO_CHARACTERS)}
+    assert machine.tree(HOST) == untouched
+    assert_not_staged(machine)
+    assert running.main.list3.entries() == ["haruka", "kinako", "minato"]

@@ -2,7 +2,7 @@
 
 import pytest
 
-from controls import wait_until
+from controls import click, wait_until
 from sandbox import settings
 from windows import HelpWindow
 
@@ -39,3 +39,30 @@ def test_leaving_with_other_windows_open_ends_the_program(running):
     running.wait_ended()
     assert not [w for w in running.operator.windows() if w["class"].startswith("Tamblin.")]
     wait_until(lambda: running.operator.running("tamblin.exe") == 0, "every copy to end")
+
+
+def test_the_close_box_under_the_mouse(running):
+    left, top, right, bottom = running.main.state()["area"]
+    click(right - 14, top + 13)
+    running.answer(CLOSE, "Yes")
+    running.wait_ended()
+    assert running.ini() == SAVED
+
+
+def test_the_end_of_the_session_saves_nothing(running):
+    running.main.browse("D:\\Games")
+    before = running.ini()
+    assert running.main.end_session()
+    running.wait_ended()
+    assert running.ini() == before
+    assert not running.box.shown()
+
+
+def test_settings_survive_from_one_run_to_the_next(running):
+    running.main.combo1.select("D:\\Games\\Vimora")
+    running.main.leave.press()
+    running.answer(EXIT, "OK")
+    running.wait_ended()
+    running.start_main()
+    assert running.main.combo1.selected() == ["D:\\Games\\Vimora"]
+    assert running.main.text1.text() == "C:\\Packages\\"

@@ -160,3 +160,17 @@ def test_selected_folders_go_to_the_recycle_bin_and_come_back(app, machine):
     for name in ["alpha", "dat", "表ソ"]:
         restore(machine, name)
     assert machine.tree(HOST) == before
+
+
+def test_what_a_linked_folder_points_to_is_not_recycled(app, machine):
+    machine.write("D:\\Elsewhere\\kept.txt", b"the only copy")
+    machine.path(HOST + "\\link").symlink_to(machine.path("D:\\Elsewhere"))
+    check = open_check(app)
+    assert check.folders.entries() == ["link"]
+    check.folders.select("link")
+    choose(app, "link", RECYCLE)
+    app.answer(RECYCLE_QUESTION, "OK")
+    check.wait_enabled()
+    assert machine.read("D:\\Elsewhere\\kept.txt") == b"the only copy"
+    leave(app)
+    machine.path(HOST + "\\link").unlink()

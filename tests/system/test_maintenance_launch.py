@@ -12,6 +12,7 @@ from maintenance_scene import (  # noqa: F401
     scenes,
     wait_host,
 )
+from test_faults import wait_report
 
 RUN = "オンブレルの起動"
 REWRITTEN = "が起動するようにombrel.rcを書き換えました。"
@@ -47,3 +48,29 @@ def test_the_host_starts_minimised_in_its_folder(app, machine, launch):
     assert host["style"] & 0x20000000, "the host's window is not minimised"
     assert not app.box.shown()
     assert app.main.enabled()
+
+
+def assert_launches(app, machine):
+    launch_by_button(app)
+    wait_host(machine)
+    assert_start_up_file_is_back(machine)
+
+
+def test_a_start_up_file_that_is_read_only_survives_a_launch(app, machine):
+    machine.path(HOST + "\\ombrel.rc").chmod(0o444)
+    app.main.list3.select("mikan")
+    assert_launches(app, machine)
+    assert machine.path(HOST + "\\ombrel.rc").stat().st_mode & 0o222 == 0
+    machine.path(HOST + "\\ombrel.rc").chmod(0o644)
+
+
+def test_a_host_folder_that_is_read_only_survives_a_launch(app, machine):
+    machine.path(HOST).chmod(0o555)
+    before = machine.tree(HOST)
+    app.main.list3.select("mikan")
+    app.main.launch.press()
+    wait_report(app, 70, 75)
+    app.main.wait_enabled()
+    assert machine.tree(HOST) == before
+    machine.path(HOST).chmod(0o755)
+    assert_launches(app, machine)

@@ -249,3 +249,11 @@ def settled_picture(control):
 
     wait_until(same, "the picture to settle")
     return previous
+
+
+def test_topics_under_the_mouse(app, help_window):
+    show(help_window, BUTTONS)
+    help_window.buttons[10].real_click()
+    wait_until(lambda: help_window.button_text.text() == "　Tamblinを終了します。", "the text")
+    help_window.categories[PURPOSES].real_click()
+    wait_until(lambda: visible_parts(help_window) == [PURPOSES], "the purposes")

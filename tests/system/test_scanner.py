@@ -10,6 +10,7 @@ import pytest
 
 import lzh_packages
 from controls import wait_until
+from hosts import install_by_hand
 from machine import MACHINES, Machine
 from names import MENU_ITEMS
 from sandbox import HOST, PACKAGES, furnish
@@ -18,9 +19,14 @@ from test_faults import wait_report
 from test_install import HOST_KAVALET, MERGED_KAVALET, as_tree, finish, install, kavalet_files, propose
 from test_maintenance_check import RECYCLE_QUESTION, recycled
 from test_maintenance_uninstall import uninstall, without
+from test_maintenance_updates import HOST_DONE, HOST_QUESTION
 from windows import CheckWindow, Window
 
+EXIT = "Tamblin を終了してもよろしいですか？"
 STAGING = "C:\\TAMTMP"
+SETTINGS = "C:\\Tamblin\\tamb.ini"
+BACKUP = "C:\\Tamblin\\tamb.bak"
+PROGRAM = HOST + "\\ombrel.exe"
 NAGI = lzh_packages.character("nagi", KVA__DEF=lzh_packages.WITH_KAVALET["sora/KVA.DEF"])
 # Far beyond the program's patience.
 TOO_LONG = 60
@@ -36,6 +42,7 @@ def start_app(samples):
     app = furnish(machine, samples, kavalet="ON")
     app.check = CheckWindow(app)
     app.progress = ProgressWindow(app)
+    machine.write(PACKAGES + "\\ombrel.exe", b"a newer host program")
     lzh_packages.archive(machine.path(PACKAGES + "\\nagi.lzh"), NAGI)
     app.start_main()
     return app
@@ -57,6 +64,13 @@ def app(started, samples):
     if not started:
         started.append(start_app(samples))
     return started[0]
+
+
+def update_host_program(app):
+    """Up to the confirmed question."""
+    app.main.list2.select("ombrel.exe")
+    app.main.update_host.press()
+    app.answer(HOST_QUESTION, "OK")
 
 
 def rewrite(machine, name, data=None):
@@ -88,6 +102,34 @@ def test_an_install_waits_and_shows_that_it_works(app):
     assert not machine.path(STAGING).exists()
 
 
+@pytest.mark.parametrize("lets_delete", [False, True])
+def test_an_uninstall_waits(app, lets_delete):
+    machine = app.machine
+    before = machine.tree(HOST)
+    with Scanner(machine, 1, HOST, lets_delete=lets_delete) as scanner:
+        rewrite(machine, HOST + "\\yuzu.obl")
+        rewrite(machine, HOST + "\\yuzu\\dat\\image.bin")
+        scanner.wait_held(HOST + "\\yuzu.obl", HOST + "\\yuzu\\dat\\image.bin")
+        uninstall(app, "yuzu")
+    assert machine.tree(HOST) == without(before, "yuzu", "yuzu.obl")
+    install_by_hand(machine, HOST, "yuzu")
+    app.main.combo1.select(HOST)
+    wait_until(lambda: "yuzu" in app.main.list3.entries(), "the character to be listed")
+
+
+def test_an_update_waits(app):
+    machine = app.machine
+    before = machine.tree(HOST)
+    with Scanner(machine, 1, HOST, PACKAGES) as scanner:
+        rewrite(machine, PROGRAM)
+        rewrite(machine, PACKAGES + "\\ombrel.exe")
+        scanner.wait_held(PROGRAM, PACKAGES + "\\ombrel.exe")
+        update_host_program(app)
+        app.answer(HOST_DONE, "OK")
+        app.main.wait_enabled()
+    assert machine.tree(HOST) == {**before, "ombrel.exe": b"a newer host program"}
+
+
 def test_recycling_waits(app):
     machine = app.machine
     before = machine.tree(HOST)
@@ -109,6 +151,22 @@ def test_recycling_waits(app):
     assert machine.tree(HOST) == before
     (place,) = [place for place in recycled(machine) if place.name == name]
     assert (recycled(machine)[place] / "below" / "a.txt").read_bytes() == b"another"
+
+
+def test_a_save_waits(app):
+    machine = app.machine
+    folders = [HOST, "D:\\Games\\Vimora"]
+    app.main.combo1.select(folders[1])
+    with Scanner(machine, 1, "C:\\Tamblin", lets_delete=True) as scanner:
+        rewrite(machine, SETTINGS)
+        rewrite(machine, BACKUP, b"left over")
+        scanner.wait_held(SETTINGS, BACKUP)
+        app.main.leave.press()
+        app.answer(EXIT, "Cancel")
+        app.main.wait_enabled()
+    assert b"DEFAULT=D:\\Games\\Vimora\r\n" in app.ini()
+    assert not machine.path(BACKUP).exists()
+    app.main.combo1.select(folders[0])
 
 
 # Held for too long
@@ -171,3 +229,24 @@ def test_an_uninstall_leaves_the_character_whole_and_can_be_done_again(app):
             assert tree[path] == before[path]
     uninstall(app, "yuzu")
     assert machine.tree(HOST) == without(before, "yuzu", "yuzu.obl")
+
+
+def test_a_save_leaves_the_former_settings_and_can_be_done_again(app):
+    machine = app.machine
+    before = app.ini()
+    app.main.combo1.select("D:\\Games\\Vimora")
+    with Scanner(machine, TOO_LONG, "C:\\Tamblin") as scanner:
+        rewrite(machine, SETTINGS)
+        scanner.wait_held(SETTINGS)
+        app.main.leave.press()
+        (_, path, _) = wait_report(app, 70)
+        assert path == SETTINGS
+        app.wait_ended()
+        assert app.ini() == before
+    app.start_main()
+    app.main.combo1.select("D:\\Games\\Vimora")
+    app.main.leave.press()
+    app.answer(EXIT, "OK")
+    app.wait_ended()
+    assert b"DEFAULT=D:\\Games\\Vimora\r\n" in app.ini()
+    assert not machine.path(BACKUP).exists()

@@ -12,7 +12,8 @@ from machine import MACHINES, PROGRAMS, ROOT, Machine
 NATIVE = pathlib.Path(os.environ.get("TAMBLIN_NATIVE_PROGRAMS", ROOT / "build" / "native")) / "unlha"
 
 # The exit codes, which callers rely on.
-DONE, BAD_COMMAND, CANNOT_OPEN, WRONG_CHECKSUM, CANNOT_WRITE = 0, 1, 2, 9, 12
+DONE, BAD_COMMAND, CANNOT_OPEN, NOT_AN_ARCHIVE, UNKNOWN_METHOD, TRUNCATED = 0, 1, 2, 4, 6, 8
+WRONG_CHECKSUM, FORBIDDEN_NAME, CANNOT_WRITE = 9, 10, 12
 
 
 class NativeUnlha:
@@ -114,6 +115,13 @@ def test_an_archive_that_is_not_there(unlha):
     assert code == CANNOT_OPEN and one_line(text, "cannot be opened"), text
 
 
+def test_a_file_that_is_no_archive(unlha):
+    archive = unlha.archives / "note.lzh"
+    archive.write_bytes(b"This is a note and nothing else.\r\n" * 40)
+    code, text = unlha.unpack(archive)
+    assert code == NOT_AN_ARCHIVE and one_line(text, "not an LZH archive"), text
+
+
 def test_what_is_wrong_is_said_with_the_entry(unlha):
     sound = lzh_packages.stored_entry("良い.txt", b"sound")
     broken = bytearray(lzh_packages.stored_entry("表\\ソ能.txt", b"damaged"))
@@ -123,6 +131,29 @@ def test_what_is_wrong_is_said_with_the_entry(unlha):
     code, text = unlha.unpack(archive)
     assert code == WRONG_CHECKSUM and one_line(text, "表", "ソ能.txt", "checksum"), text
     assert unlha.tree()["良い.txt"] == b"sound"
+
+
+def test_an_unknown_method_is_named(unlha):
+    archive = unlha.archives / "future.lzh"
+    entry = bytearray(lzh_packages.stored_entry("new.txt", b"data").replace(b"-lh0-", b"-lh9-"))
+    entry[1] = sum(entry[2 : 2 + entry[0]]) & 0xFF
+    archive.write_bytes(bytes(entry) + b"\0")
+    code, text = unlha.unpack(archive)
+    assert code == UNKNOWN_METHOD and one_line(text, "new.txt", "-lh9-"), text
+
+
+def test_an_archive_that_ends_too_early(unlha):
+    archive = unlha.archives / "cut.lzh"
+    archive.write_bytes(lzh_packages.stored_entry("long.txt", bytes(5000))[:3000])
+    code, text = unlha.unpack(archive)
+    assert code == TRUNCATED and one_line(text, "long.txt", "ends too early"), text
+
+
+def test_names_that_lead_out_are_refused(unlha):
+    archive = lzh_packages.hostile_archive(unlha.archives / "hostile.lzh", ["..\\evil.txt"])
+    code, text = unlha.unpack(archive)
+    assert code == FORBIDDEN_NAME and one_line(text, "evil.txt", "not allowed"), text
+    assert not (unlha.target.parent / "evil.txt").exists() and unlha.tree() == {}
 
 
 def test_a_name_that_a_folder_has_already(unlha):
