@@ -2,6 +2,8 @@
 // 10,000 characters, from the click until the list is painted, and how long one change of its size
 // takes until everything is painted, also against a bare window with the same controls. Files and
 // folders are in memory: what is measured is the window.
+#include <objbase.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -258,6 +260,8 @@ void Run() {
 } // namespace tamblin
 
 int wmain() {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); // for the pictures
     tamblin::Run();
+    CoUninitialize();
     return 0;
 }

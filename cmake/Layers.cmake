@@ -19,13 +19,6 @@ function(tamblin_layer name)
     tamblin_layer_files(${name} ${layer_FILES})
 endfunction()
 
-# What the resources are made of, which their compiler does not tell; to be said in each folder that
-# compiles them.
-macro(tamblin_resource_dependencies)
-    set_source_files_properties(${CMAKE_SOURCE_DIR}/assets/tamblin.rc PROPERTIES OBJECT_DEPENDS
-        "${CMAKE_BINARY_DIR}/generated/base/version.h;${CMAKE_BINARY_DIR}/generated/tamblin.manifest")
-endmacro()
-
 # tamblin_layer_files(NAME FILE...) adds files of the current folder to a layer.
 function(tamblin_layer_files name)
     cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR}/src

@@ -1,7 +1,6 @@
 // The main window: mirrors MainScreen's model and turns clicks into its events.
 #pragma once
 
-#include "app/artwork.h"
 #include "app/main_screen.h"
 #include "install/install.h"
 #include "ui/button.h"
@@ -74,7 +73,7 @@ class Form1 : public Form, private InstallScreen {
     // In tab order; a label precedes what it names.
     Label label1{*this, 1, L"Vimoraフォルダ：\r\n（↓VMRをインストールした場所）"};
     ComboBox combo1{*this, 1};
-    PictureButton command6{*this, 6, L"設定", artwork::DrawSettings, PictureButton::Caption::Shown};
+    PictureButton command6{*this, 6, L"設定", L"SETTINGS", PictureButton::Caption::Shown};
     Label label11{*this, 11, L"導入済オンブレル一覧↓"};
     ListBox list3{*this, 3, ListBox::Selecting::Several, 16, 7};
     Button command13{*this, 13, L"RUN"};
@@ -90,22 +89,20 @@ class Form1 : public Form, private InstallScreen {
     Label label3{*this, 3, L"すべてのフォルダ：\r\n（↓インストールするものを選択）"};
     ListBox list1{*this, 1, ListBox::Selecting::One, 24, 4};
     ListBox list2{*this, 2, ListBox::Selecting::Several, 24, 3};
-    PictureButton command1{*this, 1, L"インストール", artwork::DrawInstall,
-                           PictureButton::Caption::Hidden};
+    PictureButton command1{*this, 1, L"インストール", L"INSTALL", PictureButton::Caption::Hidden};
     Label label2{*this, 2, L"インストール"};
     Button command3{*this, 3, L"VMR"};
     Label label5{*this, 5, L"VMR Update"};
     Button command4{*this, 4, L"OBL"};
     Label label6{*this, 6, L"OBL Update"};
-    PictureButton command2{*this, 2, L"Local Update", artwork::DrawStaging,
-                           PictureButton::Caption::Hidden};
+    PictureButton command2{*this, 2, L"Local Update", L"STAGING", PictureButton::Caption::Hidden};
     Label label4{*this, 4, L"Local Update"};
     Button command9{*this, 9, L"選択解除"};
     Label label7{*this, 7, L""};
     Label label8{*this, 8, L""};
     TextBox text2{*this, 2, TextBox::Access::Status};
     Button command10{*this, 10, L"QuickHelp"};
-    PictureButton command8{*this, 8, L"終了", artwork::DrawLeave, PictureButton::Caption::Shown};
+    PictureButton command8{*this, 8, L"終了", L"LEAVE", PictureButton::Caption::Shown};
 };
 
 } // namespace tamblin

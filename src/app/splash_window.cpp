@@ -1,5 +1,6 @@
 #include "app/splash_window.h"
 
+#include "app/splash_background.h"
 #include "ui/at_exit.h"
 
 namespace tamblin {
@@ -54,20 +55,17 @@ void Form6::Arranged() {
     GetClientRect(Handle(), &client);
     if (client.right == 0)
         return;
-    const auto unit = static_cast<float>(Measure().LineHeight()) / 8;
-    Picture picture(client.right, client.bottom);
-    picture.SetUnit(unit);
-    artwork::DrawSplashBackground(picture, static_cast<float>(client.right) / unit,
-                                  static_cast<float>(client.bottom) / unit);
-    background = std::make_unique<Bitmap>(picture);
     DeleteObject(backgroundBrush);
-    backgroundBrush = CreatePatternBrush(background->Handle());
+    backgroundBrush = MakeSplashBackground({client.right, client.bottom}, Measure().Down(1));
 }
 
 bool Form6::PaintBackground(HDC target) {
-    if (background)
-        background->Draw(target, 0, 0);
-    return background != nullptr;
+    if (!backgroundBrush)
+        return false;
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    FillRect(target, &client, backgroundBrush);
+    return true;
 }
 
 HBRUSH Form6::LabelBackground(HDC target, HWND label) {

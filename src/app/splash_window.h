@@ -1,10 +1,8 @@
 // The splash window: what is seen while the program starts.
 #pragma once
 
-#include "app/artwork.h"
 #include "app/start_up.h"
 #include "base/version.h"
-#include "ui/bitmap.h"
 #include "ui/form.h"
 #include "ui/hand_over.h"
 #include "ui/label.h"
@@ -28,19 +26,10 @@ class Form6 : public Form {
     StartUp& startUp;
     HandOver& handOver;
     const EarlierCopy& earlierCopy;
-    std::unique_ptr<Bitmap> background;
     HBRUSH backgroundBrush = nullptr;
 
-    PictureBox image1{*this,
-                      1,
-                      L"Tamblin の絵",
-                      artwork::DrawEmblem,
-                      {artwork::EmblemUnits, artwork::EmblemUnits}};
-    PictureBox image2{*this,
-                      2,
-                      L"Tamblin",
-                      artwork::DrawLetters,
-                      {artwork::LettersWidth, artwork::LettersHeight}};
+    PictureBox image1{*this, 1, L"Tamblin の絵", L"EMBLEM", 64};
+    PictureBox image2{*this, 2, L"Tamblin", L"LETTERS", 36};
     Label label2{*this, 2, L"Version " TAMBLIN_VERSION};
     Label label3{*this, 3, L"support to install && uninstall ombrels", Label::Ampersands::Markers};
     Label label4{*this, 4, L"system files are checking..."};

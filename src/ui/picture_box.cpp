@@ -4,30 +4,25 @@
 
 namespace tamblin {
 
-PictureBox::PictureBox(Form& owner, int number, const std::wstring& text, Drawing whatToDraw,
-                       Size sizeInUnits)
+PictureBox::PictureBox(Form& owner, int number, const std::wstring& text,
+                       const wchar_t* namedPicture, int heightInUnits)
     : Control(owner, {ControlKind::Image, number}, WC_STATICW, text, SS_OWNERDRAW),
-      drawPicture(whatToDraw),
-      units(sizeInUnits) {
+      pictureName(namedPicture),
+      units(heightInUnits) {
     PictureBox::SetFont(form.Measure());
 }
 
-// Drawings keep their proportions, so their units are alike in both directions.
-Size PictureBox::NaturalSize(const TextMeasure& measure) const {
-    return {measure.Down(units.width), measure.Down(units.height)};
+Size PictureBox::NaturalSize(const TextMeasure&) const {
+    return {picture->Width(), picture->Height()};
 }
 
 void PictureBox::SetFont(const TextMeasure& measure) {
-    const Size size = NaturalSize(measure);
-    Picture picture(size.width, size.height);
-    picture.SetUnit(static_cast<float>(size.height) / static_cast<float>(units.height));
-    drawPicture(picture);
-    bitmap = std::make_unique<Bitmap>(picture);
+    picture = std::make_unique<Picture>(pictureName, measure.Down(units));
 }
 
 void PictureBox::Draw(const DRAWITEMSTRUCT& drawing) {
     form.PaintBehind(drawing.hDC, Handle(), drawing.rcItem);
-    bitmap->Draw(drawing.hDC, 0, 0);
+    picture->Draw(drawing.hDC, 0, 0);
 }
 
 } // namespace tamblin

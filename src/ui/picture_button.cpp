@@ -11,7 +11,7 @@ namespace tamblin {
 
 namespace {
 
-// On a high-contrast screen drawings have the colour of the text beside them.
+// On a high-contrast screen pictures have the colour of the text beside them.
 bool IsHighContrast() {
     HIGHCONTRASTW contrast{};
     contrast.cbSize = sizeof contrast;
@@ -19,25 +19,20 @@ bool IsHighContrast() {
            (contrast.dwFlags & HCF_HIGHCONTRASTON);
 }
 
-Colour TextColour() {
-    const COLORREF text = GetSysColor(COLOR_BTNTEXT);
-    return {GetRValue(text), GetGValue(text), GetBValue(text)};
-}
-
 } // namespace
 
 constexpr BYTE DisabledStrength = 90;
 
-PictureButton::PictureButton(Form& owner, int number, const std::wstring& text, Glyph drawing,
-                             Caption caption)
+PictureButton::PictureButton(Form& owner, int number, const std::wstring& text,
+                             const wchar_t* namedPicture, Caption caption)
     : Button(owner, number, text, BS_OWNERDRAW),
-      glyph(drawing),
+      pictureName(namedPicture),
       captionShown(caption == Caption::Shown) {
     PictureButton::SetFont(form.Measure());
 }
 
 Size PictureButton::NaturalSize(const TextMeasure& measure) const {
-    const int side = bitmap ? bitmap->Height() : 0;
+    const int side = picture ? picture->Height() : 0;
     Size size{side + measure.Across(8), std::max(side + measure.Down(4), measure.Down(14))};
     if (captionShown)
         size.width += measure.Width(Text()) + measure.Across(4);
@@ -47,12 +42,9 @@ Size PictureButton::NaturalSize(const TextMeasure& measure) const {
 void PictureButton::SetFont(const TextMeasure& measure) {
     Button::SetFont(measure);
     const int side = captionShown ? measure.LineHeight() * 5 / 4 : measure.LineHeight() * 2;
-    Picture picture(side, side);
-    picture.SetUnit(static_cast<float>(side) / GlyphUnits);
-    glyph(picture);
+    picture = std::make_unique<Picture>(pictureName, side);
     if (IsHighContrast())
-        picture.Tint(TextColour());
-    bitmap = std::make_unique<Bitmap>(picture);
+        picture->Tint(GetSysColor(COLOR_BTNTEXT));
 }
 
 // An owner-drawn button turns the second of two quick clicks into a double-click.
@@ -112,18 +104,18 @@ void PictureButton::DrawContents(const DRAWITEMSTRUCT& drawing, bool enabled, bo
     const RECT& area = drawing.rcItem;
     const std::wstring text = captionShown ? Text() : std::wstring();
     const int gap = captionShown ? measure.Across(4) : 0;
-    const int width = bitmap->Width() + gap + (captionShown ? measure.Width(text) : 0);
+    const int width = picture->Width() + gap + (captionShown ? measure.Width(text) : 0);
     const int shift = pressed ? 1 : 0;
     const int left = static_cast<int>(area.left + area.right - width) / 2 + shift;
     const int middle = static_cast<int>(area.top + area.bottom) / 2 + shift;
-    bitmap->Draw(drawing.hDC, left, middle - bitmap->Height() / 2,
-                 enabled ? BYTE{255} : DisabledStrength);
+    picture->Draw(drawing.hDC, left, middle - picture->Height() / 2,
+                  enabled ? BYTE{255} : DisabledStrength);
     if (!captionShown)
         return;
     const HGDIOBJ former = SelectObject(drawing.hDC, measure.Font());
     SetBkMode(drawing.hDC, TRANSPARENT);
     SetTextColor(drawing.hDC, GetSysColor(enabled ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
-    TextOutW(drawing.hDC, left + bitmap->Width() + gap, middle - measure.LineHeight() / 2,
+    TextOutW(drawing.hDC, left + picture->Width() + gap, middle - measure.LineHeight() / 2,
              text.c_str(), static_cast<int>(text.size()));
     SelectObject(drawing.hDC, former);
 }

@@ -1,22 +1,18 @@
-// A push button that shows a drawing, with its caption beside it when it has one to show. Its text
+// A push button that shows a picture, with its caption beside it when it has one to show. Its text
 // is its accessible name in either case.
 #pragma once
 
 #include <memory>
 
-#include "ui/bitmap.h"
 #include "ui/button.h"
+#include "ui/picture.h"
 
 namespace tamblin {
-
-// Draws something that fills a square of 24 units into a picture that is mapped onto that square.
-using Glyph = void (*)(Picture& picture);
-inline constexpr float GlyphUnits = 24;
 
 class PictureButton : public Button {
   public:
     enum class Caption { Shown, Hidden };
-    PictureButton(Form& owner, int number, const std::wstring& text, Glyph drawing,
+    PictureButton(Form& owner, int number, const std::wstring& text, const wchar_t* namedPicture,
                   Caption caption);
 
     bool ShowsCaption() const { return captionShown; }
@@ -34,10 +30,10 @@ class PictureButton : public Button {
     void DrawSurface(const DRAWITEMSTRUCT& drawing, bool enabled, bool pressed) const;
     void DrawContents(const DRAWITEMSTRUCT& drawing, bool enabled, bool pressed) const;
 
-    Glyph glyph;
+    const wchar_t* pictureName;
     bool captionShown;
     bool hovered = false;
-    std::unique_ptr<Bitmap> bitmap;
+    std::unique_ptr<Picture> picture;
 };
 
 } // namespace tamblin

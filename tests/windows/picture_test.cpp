@@ -1,105 +1,173 @@
-// Drawing with smooth edges.
+// The pictures of the resources, and how buttons draw them.
 #include "ui/picture.h"
 
-#include <gtest/gtest.h>
+#include "ui/picture_button.h"
+#include "windows/canvas.h"
+#include "windows/form_check.h"
+#include "windows/window_scene.h"
 
 namespace tamblin {
 namespace {
 
-constexpr Colour White{255, 255, 255};
-constexpr Colour Red{255, 0, 0};
+constexpr COLORREF White = RGB(255, 255, 255);
+constexpr COLORREF Yellow = RGB(255, 255, 0);
 
-unsigned Opacity(const Picture& picture, int x, int y) {
-    return picture.Pixels()[static_cast<size_t>(y * picture.Width() + x)] >> 24;
+// Calls `look` with the place and the colour of each pixel that lets nothing through.
+int ForEachOpaquePixel(const Picture& picture,
+                       const std::function<void(int, int, COLORREF)>& look) {
+    const Canvas dark(picture.Width(), picture.Height(), 0);
+    const Canvas light(picture.Width(), picture.Height(), White);
+    picture.Draw(dark.Target(), 0, 0);
+    picture.Draw(light.Target(), 0, 0);
+    int count = 0;
+    for (int y = 0; y < picture.Height(); ++y)
+        for (int x = 0; x < picture.Width(); ++x)
+            if (dark.At(x, y) == light.At(x, y)) {
+                look(x, y, dark.At(x, y));
+                ++count;
+            }
+    return count;
 }
 
-double Area(const Picture& picture) {
-    double area = 0;
-    for (const std::uint32_t pixel : picture.Pixels())
-        area += (pixel >> 24) / 255.0;
-    return area;
+TEST(PictureTest, HasAHeightForEveryUsualLineOfText) {
+    struct Drawing {
+        const wchar_t* name;
+        int eighths; // of a line
+        double widthToHeight;
+    };
+    for (const auto& [name, eighths, widthToHeight] :
+         {Drawing{L"EMBLEM", 64, 1}, Drawing{L"LETTERS", 36, 133.0 / 36},
+          Drawing{L"INSTALL", 16, 1}, Drawing{L"STAGING", 16, 1}, Drawing{L"SETTINGS", 10, 1},
+          Drawing{L"LEAVE", 10, 1}})
+        for (int line = 12; line <= 40; ++line) {
+            const int room = MulDiv(eighths, line, 8);
+            const Picture picture(name, room);
+            EXPECT_LE(picture.Height(), room);
+            EXPECT_GE(picture.Height(), room * 3 / 4) << eighths << " " << line;
+            EXPECT_NEAR(picture.Width(), picture.Height() * widthToHeight, 1);
+        }
 }
 
-TEST(PictureTest, FillsWholePixelsWholly) {
-    Picture picture(4, 4);
-    picture.Fill(Outline::Rectangle({1, 1}, 2, 2), Red);
-    EXPECT_EQ(picture.Pixels()[5], 0xFFFF0000u);
-    EXPECT_EQ(Opacity(picture, 0, 1), 0u);
-    EXPECT_EQ(Opacity(picture, 3, 1), 0u);
-    EXPECT_EQ(Opacity(picture, 1, 3), 0u);
+TEST(PictureTest, TakesTheLargestThatIsNotHigher) {
+    EXPECT_EQ(Picture(L"SETTINGS", 25).Height(), 25);
+    EXPECT_EQ(Picture(L"SETTINGS", 29).Height(), 25);
+    EXPECT_EQ(Picture(L"SETTINGS", 30).Height(), 30);
 }
 
-TEST(PictureTest, FillsAPixelAsFarAsItIsCovered) {
-    Picture picture(3, 3);
-    picture.Fill(Outline::Rectangle({0.5f, 0.75f}, 1, 1), White);
-    EXPECT_NEAR(Opacity(picture, 0, 0), 255 * 0.125, 1);
-    EXPECT_NEAR(Opacity(picture, 1, 0), 255 * 0.125, 1);
-    EXPECT_NEAR(Opacity(picture, 0, 1), 255 * 0.375, 1);
-    EXPECT_NEAR(Area(picture), 1, 0.02);
+TEST(PictureTest, IsEmptyWhereThereIsNone) {
+    Picture tooSmall(L"SETTINGS", 14);
+    EXPECT_EQ(tooSmall.Width(), 0);
+    EXPECT_EQ(tooSmall.Height(), 0);
+    tooSmall.Tint(Yellow);
+    const Canvas canvas(4, 4, White);
+    tooSmall.Draw(canvas.Target(), 0, 0);
+    EXPECT_EQ(canvas.At(1, 1), White);
+    EXPECT_EQ(Picture(L"NOTHING", 100).Height(), 0);
 }
 
-TEST(PictureTest, CoversTheAreaOfSlantedAndRoundOutlines) {
-    Picture triangle(20, 20);
-    Outline outline;
-    outline.MoveTo({1, 1}).LineTo({18.5f, 7}).LineTo({4, 17});
-    triangle.Fill(outline, White);
-    EXPECT_NEAR(Area(triangle), 131, 0.5);
-    Picture circle(20, 20);
-    circle.Fill(Outline::Circle({10, 10}, 8), White);
-    EXPECT_NEAR(Area(circle), 3.14159 * 64, 1.5);
+TEST(PictureTest, TintedHasOneColour) {
+    Picture picture(L"INSTALL", 48);
+    const auto notYellow = [&] {
+        const Canvas canvas(48, 48, 0);
+        picture.Draw(canvas.Target(), 0, 0);
+        int count = 0;
+        for (int at = 0; at < 48 * 48; ++at) {
+            const COLORREF colour = canvas.At(at % 48, at / 48);
+            count += GetBValue(colour) != 0 || GetRValue(colour) != GetGValue(colour);
+        }
+        return count;
+    };
+    EXPECT_GT(notYellow(), 500);
+    picture.Tint(Yellow);
+    EXPECT_EQ(notYellow(), 0);
+    EXPECT_GT(
+        ForEachOpaquePixel(picture, [](int, int, COLORREF colour) { EXPECT_EQ(colour, Yellow); }),
+        500);
 }
 
-TEST(PictureTest, WindingEitherWayFillsAlike) {
-    Picture clockwise(8, 8);
-    clockwise.Fill(Outline::Arc({4, 4}, 3, 0, 360), White);
-    Picture counterclockwise(8, 8);
-    counterclockwise.Fill(Outline::Arc({4, 4}, 3, 360, 0), White);
-    EXPECT_EQ(clockwise.Pixels(), counterclockwise.Pixels());
+// In these Windows finds the program's icon without scaling it.
+TEST(PictureTest, IconHasTheSidesThatWindowsAsksFor) {
+    const auto resource = [](int id, LPWSTR type) {
+        return FindResourceW(nullptr, MAKEINTRESOURCEW(id), type);
+    };
+    const auto bytes = [](HRSRC found) {
+        return static_cast<BYTE*>(LockResource(LoadResource(nullptr, found)));
+    };
+    BYTE* sides = bytes(resource(1, RT_GROUP_ICON));
+    for (const int side : {16, 20, 24, 32, 40, 48, 64, 256}) {
+        const HRSRC found =
+            resource(LookupIconIdFromDirectoryEx(sides, TRUE, side, side, 0), RT_ICON);
+        const HICON icon = CreateIconFromResourceEx(bytes(found), SizeofResource(nullptr, found),
+                                                    TRUE, 0x30000, 0, 0, 0);
+        ICONINFO parts{};
+        BITMAP colours{};
+        ASSERT_TRUE(GetIconInfo(icon, &parts)) << side;
+        GetObjectW(parts.hbmColor, sizeof colours, &colours);
+        EXPECT_EQ(colours.bmWidth, side);
+        EXPECT_EQ(colours.bmHeight, side);
+        DeleteObject(parts.hbmColor);
+        DeleteObject(parts.hbmMask);
+        DestroyIcon(icon);
+    }
 }
 
-TEST(PictureTest, ClipsWhatLiesOutside) {
-    Picture picture(4, 4);
-    picture.Fill(Outline::Rectangle({-10, -10}, 30, 30), White);
-    EXPECT_NEAR(Area(picture), 16, 0.01);
-    Picture beside(4, 4);
-    beside.Fill(Outline::Rectangle({-10, -10}, 5, 30), White);
-    beside.Fill(Outline::Rectangle({9, 0}, 5, 5), White);
-    EXPECT_NEAR(Area(beside), 0, 0.01);
+class PictureForm : public Form {
+  public:
+    explicit PictureForm(Application& owner) : Form(owner, 101, L"Pictures", FormFrame::Resizable) {
+        auto row = Row();
+        row->Add(button).Gap(20, 1);
+        SetLayout(std::move(row));
+    }
+    PictureButton button{*this, 1, L"Install", L"INSTALL", PictureButton::Caption::Hidden};
+};
+
+class PictureButtonTest : public WindowScene {
+  protected:
+    PictureForm& form = application.Open<PictureForm>(application);
+    void DrawButton(Canvas& canvas, UINT state) {
+        DRAWITEMSTRUCT drawing{};
+        drawing.hDC = canvas.Target();
+        drawing.rcItem = canvas.Area();
+        drawing.itemState = state;
+        form.button.Draw(drawing);
+    }
+};
+
+// Every pixel of the picture stands in the button as it is: not scaled and not cut off.
+TEST_F(PictureButtonTest, ShowsItsPictureAsItIsAtEveryDensity) {
+    form.Show();
+    for (const unsigned dpi : Densities) {
+        MoveToDensity(form, dpi);
+        const Picture picture(L"INSTALL", 2 * form.Measure().LineHeight());
+        const RECT area = ClientAreaOf(form.button.Handle());
+        Canvas canvas(area.right, area.bottom, White);
+        DrawButton(canvas, 0);
+        const int left = (static_cast<int>(area.right) - picture.Width()) / 2;
+        const int top = static_cast<int>(area.bottom) / 2 - picture.Height() / 2;
+        ASSERT_GT(left, 0) << dpi;
+        ASSERT_GT(top, 0) << dpi;
+        int wrong = 0;
+        const int opaque = ForEachOpaquePixel(picture, [&](int x, int y, COLORREF colour) {
+            wrong += canvas.At(left + x, top + y) != colour;
+        });
+        EXPECT_GT(opaque, picture.Width() * picture.Height() / 4) << dpi;
+        EXPECT_EQ(wrong, 0) << dpi;
+    }
 }
 
-TEST(PictureTest, AStrokeHasItsWidthAndRoundEnds) {
-    Picture picture(20, 10);
-    Outline line;
-    line.MoveTo({5, 5}).LineTo({15, 5});
-    picture.Fill(line.Stroked(4), White);
-    EXPECT_NEAR(Area(picture), 10 * 4 + 3.14159 * 4, 1);
-}
-
-TEST(PictureTest, GrowsWithItsUnit) {
-    Picture picture(40, 40);
-    picture.SetUnit(4, {2, 2});
-    picture.Fill(Outline::Rectangle({1, 1}, 2, 2), White);
-    EXPECT_NEAR(Area(picture), 64, 0.1);
-    EXPECT_EQ(Opacity(picture, 6, 6), 255u);
-    EXPECT_EQ(Opacity(picture, 5, 6), 0u);
-}
-
-TEST(PictureTest, TintsWhatIsDrawnAndNothingElse) {
-    Picture picture(3, 1);
-    picture.Fill(Outline::Rectangle({0, 0}, 1.5f, 1), White);
-    picture.Tint(Red);
-    EXPECT_EQ(picture.Pixels()[0], 0xFFFF0000u);
-    EXPECT_NEAR(Opacity(picture, 1, 0), 128, 1);
-    EXPECT_EQ(picture.Pixels()[1] & 0xFFFF, 0u);
-    EXPECT_EQ(picture.Pixels()[2], 0u);
-}
-
-TEST(PictureTest, MixesColoursAlongALine) {
-    Picture picture(11, 1);
-    picture.Fill(Outline::Rectangle({0, 0}, 11, 1), {0.5f, 0}, {0, 0, 0}, {10.5f, 0}, Red);
-    EXPECT_EQ(picture.Pixels()[0], 0xFF000000u);
-    EXPECT_NEAR((picture.Pixels()[5] >> 16) & 0xFF, 128, 1);
-    EXPECT_EQ(picture.Pixels()[10], 0xFFFF0000u);
+TEST_F(PictureButtonTest, DisabledIsWeaker) {
+    const Picture picture(L"INSTALL", 2 * form.Measure().LineHeight());
+    const auto darkness = [&](UINT state) {
+        Canvas canvas(picture.Width(), picture.Height(), White);
+        DrawButton(canvas, state);
+        int sum = 0;
+        ForEachOpaquePixel(
+            picture, [&](int x, int y, COLORREF) { sum += 255 - GetBValue(canvas.At(x, y)); });
+        return sum;
+    };
+    const int enabled = darkness(0);
+    EXPECT_GT(darkness(ODS_DISABLED), enabled / 5);
+    EXPECT_LT(darkness(ODS_DISABLED), enabled / 2);
 }
 
 } // namespace

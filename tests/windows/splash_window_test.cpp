@@ -1,8 +1,10 @@
 // The splash window: its elements, its steps, a second copy.
 #include "app/splash_window.h"
 
+#include "app/splash_background.h"
 #include "base/version.h"
 #include "support/earlier_copy_fake.h"
+#include "windows/canvas.h"
 #include "windows/form_check.h"
 #include "windows/window_scene.h"
 
@@ -45,6 +47,25 @@ TEST_F(SplashWindowTest, HasEveryElementWithItsTextAndReadsWell) {
     EXPECT_NE(Find(form, ControlKind::Image, 1), nullptr);
     EXPECT_NE(Find(form, ControlKind::Image, 2), nullptr);
     EXPECT_EQ(FaultsOf(form), "");
+}
+
+// Framed, from light to dark, with ripples in the lower right corner.
+TEST_F(SplashWindowTest, StandsOnItsBackground) {
+    Canvas canvas(400, 200, RGB(255, 255, 255));
+    const HBRUSH background = MakeSplashBackground({400, 200}, 2);
+    canvas.Fill(background);
+    DeleteObject(background);
+    const auto green = [&](int x, int y) {
+        return static_cast<int>(GetGValue(canvas.At(x, y)));
+    };
+    EXPECT_EQ(canvas.At(0, 0), RGB(0x0B, 0x3A, 0x55));
+    EXPECT_EQ(canvas.At(399, 199), RGB(0x0B, 0x3A, 0x55));
+    EXPECT_EQ(canvas.At(100, 8), canvas.At(300, 191));
+    EXPECT_GT(green(100, 8), green(100, 12) + 40);
+    EXPECT_NEAR(green(12, 12), 0x6F, 4);
+    EXPECT_LT(green(140, 100), green(12, 12) - 10);
+    EXPECT_GT(green(380, 180), green(140, 100));
+    EXPECT_NEAR(green(100, 120), green(120, 80), 2); // across the line between the corners
 }
 
 TEST_F(SplashWindowTest, ShowsTheProgressLineBetweenItsThirdAndEleventhTick) {
