@@ -98,7 +98,7 @@ def take_set_up_windows(gallery, app):
 
 def take_search(gallery, search):
     """The search goes on while its picture is taken."""
-    wait_until(search.file_count.text, "the counters to move")
+    wait_until(search.folder_count.text, "the counters to move")
     left, top, right, bottom = search.state()["area"]
     part = f"{right - left}x{bottom - top}+{left}+{top}"
     path = gallery.folder / "search.png"

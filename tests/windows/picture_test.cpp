@@ -65,6 +65,32 @@ TEST(PictureTest, IsEmptyWhereThereIsNone) {
     EXPECT_EQ(Picture(L"NOTHING", 100).Height(), 0);
 }
 
+// At two pixels to a unit of the drawing, upright edges fall between pixels and stay sharp.
+TEST(PictureTest, IsDrawnPixelForPixel) {
+    const Picture picture(L"INSTALL", 48);
+    const Canvas canvas(60, 60, White);
+    picture.Draw(canvas.Target(), 5, 5);
+    const auto at = [&](int x, int y) {
+        return canvas.At(5 + x, 5 + y);
+    };
+    constexpr COLORREF arrow = RGB(0x2E, 0x9B, 0x5F);
+    constexpr COLORREF parcel = RGB(0xE3, 0xB1, 0x6B);
+    EXPECT_EQ(at(24, 2), White);
+    EXPECT_EQ(at(24, 3), arrow);
+    for (const int y : {3, 15}) {
+        EXPECT_EQ(at(19, y), White);
+        EXPECT_EQ(at(20, y), arrow);
+        EXPECT_EQ(at(27, y), arrow);
+        EXPECT_EQ(at(28, y), White);
+    }
+    EXPECT_EQ(at(5, 32), White);
+    EXPECT_EQ(at(6, 32), parcel);
+    EXPECT_EQ(at(41, 32), parcel);
+    EXPECT_EQ(at(42, 32), White);
+    EXPECT_EQ(at(24, 43), parcel);
+    EXPECT_EQ(at(24, 44), White);
+}
+
 TEST(PictureTest, TintedHasOneColour) {
     Picture picture(L"INSTALL", 48);
     const auto notYellow = [&] {

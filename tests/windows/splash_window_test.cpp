@@ -49,6 +49,20 @@ TEST_F(SplashWindowTest, HasEveryElementWithItsTextAndReadsWell) {
     EXPECT_EQ(FaultsOf(form), "");
 }
 
+TEST_F(SplashWindowTest, ItsPicturesGrowWithItsFont) {
+    Form6& form = Open();
+    form.Show();
+    for (const unsigned dpi : Densities) {
+        MoveToDensity(form, dpi);
+        const Picture emblem(L"EMBLEM", form.Measure().Down(64));
+        const Picture letters(L"LETTERS", form.Measure().Down(36));
+        const RECT left = ClientAreaOf(Find(form, ControlKind::Image, 1));
+        const RECT right = ClientAreaOf(Find(form, ControlKind::Image, 2));
+        EXPECT_EQ(left.bottom, emblem.Height()) << dpi;
+        EXPECT_EQ(right.right, letters.Width()) << dpi;
+    }
+}
+
 // Framed, from light to dark, with ripples in the lower right corner.
 TEST_F(SplashWindowTest, StandsOnItsBackground) {
     Canvas canvas(400, 200, RGB(255, 255, 255));
