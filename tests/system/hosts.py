@@ -6,16 +6,13 @@ from machine import OMBREL
 START_UP_LINE = b"H001currentobl=default.obl\r\n"
 
 
-def make_host(machine, folder, characters=(), kavalet=None):
-    """Makes `folder` a host folder. `kavalet` is the content of kva.def, which else is not there."""
+def make_host(machine, folder, characters=()):
+    """Makes `folder` a host folder."""
     machine.make_folder(folder)
     machine.copy_in(OMBREL, folder + "\\ombrel.exe")
     machine.write(folder + "\\ombrel.rc", START_UP_LINE)
     for name in characters:
         install_by_hand(machine, folder, name)
-    if kavalet is not None:
-        machine.write(folder + "\\kva.def", kavalet)
-    return folder
 
 
 def install_by_hand(machine, folder, name):

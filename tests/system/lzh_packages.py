@@ -124,13 +124,6 @@ def damaged_archive(path, sound):
     return path
 
 
-def cut_archive(path, sound):
-    """A sound archive's first half."""
-    data = pathlib.Path(sound).read_bytes()
-    pathlib.Path(path).write_bytes(data[: len(data) // 2])
-    return path
-
-
 def make_samples(folder):
     """All sample packages, made into `folder`."""
     folder = pathlib.Path(folder)
@@ -142,7 +135,6 @@ def make_samples(folder):
     archive(folder / "sora.LZH", WITH_KAVALET, level=2, method=6)
     archive(folder / "表ソ能.lzh", JAPANESE, level=2, method=7)
     damaged_archive(folder / "damaged.lzh", folder / "futari.lzh")
-    cut_archive(folder / "cut.lzh", folder / "futari.lzh")
     hostile_archive(folder / "hostile.lzh", ["evil.obl", "evil\\evil.txt", "..\\..\\evil.txt"])
     (folder / "readme.txt").write_bytes("パッケージの見本\r\n".encode("cp932"))
 

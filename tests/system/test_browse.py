@@ -12,7 +12,6 @@ def test_the_main_window_shows_hosts_characters_and_packages(running):
     assert main.list3.entries() == ["mikan", "yuzu"]
     assert main.text1.text() == "C:\\Packages\\"
     assert main.list2.entries() == [
-        "cut.lzh",
         "damaged.lzh",
         "futari.lzh",
         "hostile.lzh",

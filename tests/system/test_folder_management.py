@@ -35,9 +35,8 @@ def go_back(app):
     return wait_only(app, app.main)
 
 
-def expected_settings(*folders, default, kavalet="OFF", has_kavalet=True):
-    lines = [f"VERSION=Ver.{VERSION}", f"DEFAULT={default}"]
-    lines += [f"KVAOPTION={kavalet}"] if has_kavalet else []
+def expected_settings(*folders, default, kavalet="OFF"):
+    lines = [f"VERSION=Ver.{VERSION}", f"DEFAULT={default}", f"KVAOPTION={kavalet}"]
     lines += [f"VMRFOLDER={folder}" for folder in folders]
     return "".join(line + "\r\n" for line in lines).encode("cp932")
 

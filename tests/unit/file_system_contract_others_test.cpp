@@ -18,11 +18,13 @@ TEST_P(FileSystemContract, FileInUseElsewhere) {
     EXPECT_EQ(ThrownNumber([&] { files.Copy(In(L"free"), In(L"a")); }), 70);
     EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"a"), In(L"b")); }), 70);
     EXPECT_EQ(ThrownNumber([&] { files.Replace(In(L"free"), In(L"a")); }), 70);
+    EXPECT_EQ(ThrownNumber([&] { files.CheckReplaceable(In(L"a")); }), 70);
     EXPECT_EQ(ThrownNumber([&] { files.Rename(In(L"a"), In(L"b")); }), 70);
     EXPECT_EQ(ThrownNumber([&] { files.Delete(In(L"a")); }), 70);
     EXPECT_TRUE(IsThere(L"a"));
     EXPECT_EQ(files.List(folder).size(), 2U);
     disk->Unlock(In(L"a"));
+    files.CheckReplaceable(In(L"a"));
     EXPECT_EQ(files.Read(In(L"a")), "old");
 }
 
@@ -53,7 +55,6 @@ TEST_P(FileSystemContract, LinkLeadsToAFolderElsewhere) {
     files.SetCurrentFolder(folder);
 }
 
-// Wine follows the link in every call, so that there it can only be left alone.
 TEST_P(FileSystemContract, VolumesAreTheRootsOfDrives) {
     const std::wstring root = Root();
     const auto volume = files.FixedVolumeAt(root);
@@ -85,33 +86,21 @@ TEST_P(FileSystemContract, RealPathIsTheSameByWhateverWayOneComes) {
     }
 }
 
-TEST_P(FileSystemContract, RemovingALinkLeavesWhatItPointsTo) {
-    files.MakeFolder(In(L"real"));
-    files.Write(In(L"real\\a"), "1");
-    if (!disk->MakeLink(In(L"link"), In(L"real")))
-        GTEST_SKIP() << "links cannot be made here";
-    if (disk->IsWine()) {
-        EXPECT_EQ(ThrownNumber([&] { files.RemoveFolder(In(L"link")); }), 75);
-        EXPECT_TRUE(IsThere(L"link"));
-    } else {
-        files.RemoveFolder(In(L"link"));
-        EXPECT_FALSE(IsThere(L"link"));
-    }
-    EXPECT_EQ(files.Read(In(L"real\\a")), "1");
-}
-
-// The same under Wine.
-TEST_P(FileSystemContract, RenamingALinkLeavesWhatItPointsTo) {
+// Wine follows the link in every call, so that there it can only be left alone.
+TEST_P(FileSystemContract, RenamingAndRemovingALinkLeavesWhatItPointsTo) {
     files.MakeFolder(In(L"real"));
     files.Write(In(L"real\\a"), "1");
     if (!disk->MakeLink(In(L"link"), In(L"real")))
         GTEST_SKIP() << "links cannot be made here";
     if (disk->IsWine()) {
         EXPECT_EQ(ThrownNumber([&] { files.Rename(In(L"link"), In(L"moved")); }), 75);
+        EXPECT_EQ(ThrownNumber([&] { files.RemoveFolder(In(L"link")); }), 75);
         EXPECT_TRUE(IsThere(L"link"));
     } else {
         files.Rename(In(L"link"), In(L"moved"));
         EXPECT_EQ(files.Read(In(L"moved\\a")), "1");
+        files.RemoveFolder(In(L"moved"));
+        EXPECT_FALSE(IsThere(L"moved"));
     }
     EXPECT_EQ(files.Read(In(L"real\\a")), "1");
 }

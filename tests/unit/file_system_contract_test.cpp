@@ -250,14 +250,5 @@ TEST_P(FileSystemContract, FolderThatHoldsAHiddenFileIsNotRemoved) {
     EXPECT_TRUE(IsThere(L"full\\a"));
 }
 
-TEST_P(FileSystemContract, FileInUseCannotBeReplaced) {
-    files.Write(In(L"a"), "1");
-    files.CheckReplaceable(In(L"a"));
-    disk->Lock(In(L"a"));
-    EXPECT_EQ(ThrownNumber([&] { files.CheckReplaceable(In(L"a")); }), 70);
-    disk->Unlock(In(L"a"));
-    EXPECT_EQ(files.Read(In(L"a")), "1");
-}
-
 } // namespace
 } // namespace tamblin

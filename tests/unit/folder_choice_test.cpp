@@ -22,12 +22,6 @@ struct ChoiceScene {
             choice.TickChanged(line, ticks[line] == '1');
         return choice.OkPressed();
     }
-    std::wstring Registered() const {
-        std::wstring letters;
-        for (size_t slot = 1; slot <= static_cast<size_t>(state.HostFolderCount); ++slot)
-            letters += state.HostFolders[slot];
-        return letters;
-    }
 
     SettingsState state;
     FolderChoice choice{state};
@@ -86,7 +80,7 @@ TEST(FolderChoice, TicksDecideWhatIsRegistered) {
         SCOPED_TRACE(row.ticks);
         ChoiceScene scene(row.registered, row.found);
         const NextWindow next = scene.OkWithTicks(row.ticks);
-        EXPECT_EQ(scene.Registered(), row.registeredAfter);
+        EXPECT_EQ(RegisteredLetters(scene.state), row.registeredAfter);
         EXPECT_EQ(next, row.secondStage ? NextWindow::Stay : NextWindow::MainWindow);
         EXPECT_EQ(scene.choice.InFirstStage(), !row.secondStage);
         EXPECT_EQ(scene.state.ChoiceStage, row.secondStage ? 2 : 1);
@@ -115,7 +109,7 @@ TEST(FolderChoice, SecondStageOffersTheRegisteredFoldersAndTheChosenBecomesTheDe
     scene.choice.DefaultChosen(1);
     EXPECT_EQ(scene.state.DefaultFolder, L"c");
     EXPECT_EQ(scene.choice.OkPressed(), NextWindow::MainWindow);
-    EXPECT_EQ(scene.Registered(), L"ac");
+    EXPECT_EQ(RegisteredLetters(scene.state), L"ac");
 }
 
 TEST(FolderChoice, SecondStageAloneOffersWhatIsRegistered) {
@@ -164,7 +158,7 @@ TEST(FolderChoice, ClosingTheFirstStageRegistersNothing) {
     ChoiceScene scene(L"a", L"bc");
     scene.choice.TickChanged(1, true);
     EXPECT_EQ(scene.choice.Closed(), NextWindow::SetUpWizard);
-    EXPECT_EQ(scene.Registered(), L"a");
+    EXPECT_EQ(RegisteredLetters(scene.state), L"a");
 }
 
 TEST(FolderChoice, ClosingTheSecondStageKeepsTheDefault) {
@@ -182,7 +176,7 @@ TEST(FolderChoice, ClosingTheSecondStageKeepsTheDefault) {
 TEST(FolderChoice, TenFoldersCanBeRegistered) {
     ChoiceScene scene(L"", L"abcdefghij");
     EXPECT_EQ(scene.OkWithTicks(std::string(10, '1')), NextWindow::Stay);
-    EXPECT_EQ(scene.Registered(), L"abcdefghij");
+    EXPECT_EQ(RegisteredLetters(scene.state), L"abcdefghij");
 }
 
 } // namespace

@@ -23,12 +23,6 @@ struct ManagementScene {
         Select(management.folders, {folder});
         management.SelectionChanged();
     }
-    std::wstring Registered() const {
-        std::wstring letters;
-        for (size_t slot = 1; slot <= static_cast<size_t>(state.HostFolderCount); ++slot)
-            letters += state.HostFolders[slot];
-        return letters;
-    }
     // Add, change, delete, leave: a letter each for those that can be pressed.
     std::string Enabled() const {
         std::string letters;
@@ -74,7 +68,7 @@ TEST(FolderManagement, SelectingALineAllowsChangingDeletingAndLeaving) {
     EXPECT_EQ(scene.management.ChangePressed(), NextWindow::Stay);
     EXPECT_FALSE(scene.state.EditMode);
     scene.management.DeletePressed();
-    EXPECT_EQ(scene.Registered(), L"ab");
+    EXPECT_EQ(RegisteredLetters(scene.state), L"ab");
     scene.Choose(L"b");
     EXPECT_EQ(scene.Enabled(), "ACDL");
 }
@@ -123,7 +117,7 @@ TEST(FolderManagement, DeletionsCloseTheGapInOrderAndSelectTheDefaultAgain) {
         ManagementScene scene(L"abc", L"a");
         scene.Choose(deleted);
         scene.management.DeletePressed();
-        EXPECT_EQ(scene.Registered(), rest);
+        EXPECT_EQ(RegisteredLetters(scene.state), rest);
         EXPECT_EQ(scene.management.folders.Size(), 2U);
         EXPECT_EQ(scene.state.DefaultFolder, L"a");
         EXPECT_EQ(scene.state.HostFolders[3], L"c"); // behind the last, the old string stays

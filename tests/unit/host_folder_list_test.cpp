@@ -25,10 +25,6 @@ class HostFolderListTest : public testing::Test {
         state.EditMode = true;
         state.EditIndex = slot;
     }
-    std::vector<std::wstring> Folders() const {
-        const auto first = state.HostFolders.begin() + 1;
-        return {first, first + state.HostFolderCount};
-    }
 
     PlatformFake fake;
     SettingsState state;
@@ -40,7 +36,7 @@ TEST_F(HostFolderListTest, FolderThatCannotExistIsNotFound) {
         EXPECT_EQ(RegisterFolder(folder), Registration::HostMissing);
         EXPECT_EQ(fake.messages.shown.back().text, NotFound);
     }
-    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+    EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\A"));
 }
 
 // A host stands in each of the folders that the path can mean.
@@ -52,12 +48,12 @@ TEST_F(HostFolderListTest, PathThatIsNotFullIsNotFound) {
         ASSERT_EQ(RegisterFolder(folder), Registration::HostMissing) << folder;
         EXPECT_EQ(fake.messages.shown.back().text, NotFound);
     }
-    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+    EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\A"));
 }
 
 TEST_F(HostFolderListTest, NewFolderTakesTheNextSlot) {
     EXPECT_EQ(RegisterFolder(L"C:\\B"), Registration::Stored);
-    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\B"));
+    EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\A", L"C:\\B"));
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
 
@@ -75,7 +71,7 @@ TEST_F(HostFolderListTest, HalfAHostIsReportedOnceAndNotStored) {
             fake.messages.shown.clear();
             EXPECT_EQ(RegisterFolder(L"C:\\Half"), Registration::HostMissing);
             EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Kind::Inform, NotFound}));
-            EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+            EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\A"));
         }
 }
 
@@ -83,7 +79,7 @@ TEST_F(HostFolderListTest, RegisteredFolderIsNotAddedAgain) {
     EXPECT_EQ(RegisterFolder(L"C:\\A"), Registration::Duplicate);
     EXPECT_THAT(fake.messages.shown,
                 ElementsAre(Box{MessageBoxesFake::Kind::Inform, AlreadyThere}));
-    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+    EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\A"));
 }
 
 // A registered folder that is no host any more is missing first of all.
@@ -97,7 +93,7 @@ TEST_F(HostFolderListTest, OtherSpellingIsAnotherFolderAndADriveRootOneToo) {
     AddHost(fake.files, L"C:\\");
     for (const wchar_t* folder : {L"C:\\A\\", L"c:\\a", L"C:\\"})
         EXPECT_EQ(RegisterFolder(folder), Registration::Stored);
-    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\A\\", L"c:\\a", L"C:\\"));
+    EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\A", L"C:\\A\\", L"c:\\a", L"C:\\"));
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
 
@@ -105,7 +101,7 @@ TEST_F(HostFolderListTest, EditReplacesTheSlot) {
     Register(state, L"C:\\Old");
     EditSlot(2);
     EXPECT_EQ(RegisterFolder(L"C:\\B"), Registration::Stored);
-    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\B"));
+    EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\A", L"C:\\B"));
     EXPECT_THAT(fake.messages.shown, IsEmpty());
 }
 
@@ -116,7 +112,8 @@ TEST_F(HostFolderListTest, EditToARegisteredFolderIsSaidToBeNoChangeAndStored) {
         fake.messages.shown.clear();
         EXPECT_EQ(RegisterFolder(L"C:\\A"), Registration::Duplicate);
         EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Kind::Inform, NotChanged}));
-        EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", slot == 1 ? L"C:\\Old" : L"C:\\A"));
+        EXPECT_THAT(RegisteredFolders(state),
+                    ElementsAre(L"C:\\A", slot == 1 ? L"C:\\Old" : L"C:\\A"));
     }
 }
 

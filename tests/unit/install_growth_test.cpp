@@ -51,31 +51,6 @@ TEST(InstallGrowth, ListsNoFolderMoreOftenForMoreFiles) {
     }
 }
 
-TEST(InstallGrowth, ListsEachOfManyFoldersTwice) {
-    MainWindowScene scene;
-    std::vector<PackedFile> contents = {{L"mio.obl"}};
-    for (int folder = 0; folder < 300; ++folder)
-        contents.push_back({L"mio\\f" + std::to_wstring(folder) + L"\\x"});
-    scene.AddPackage(L"p.lzh", contents);
-    scene.Open();
-    scene.InstallFiles({L"p.lzh"});
-    EXPECT_LE(CostOf(scene.files).listings, 620U);
-}
-
-TEST(InstallGrowth, ListsTheStagingFolderTwicePerArchive) {
-    MainWindowScene scene;
-    std::vector<std::wstring> names;
-    for (int number = 0; number < 100; ++number) {
-        const std::wstring name = L"c" + std::to_wstring(number);
-        names.push_back(name + L".lzh");
-        scene.AddPackage(names.back(), {{name + L".obl"}, {name + L"\\x"}});
-    }
-    scene.Open();
-    scene.InstallFiles(names);
-    EXPECT_EQ(scene.model.installed.names.Size(), 100U);
-    EXPECT_LE(CostOf(scene.files).listings, 2 * 100 + 2 * 100 + 12U);
-}
-
 TEST(InstallGrowth, ThinsManyInstalledCharactersWithoutListingAgain) {
     MainWindowScene scene;
     std::vector<PackedFile> contents;

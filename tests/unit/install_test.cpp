@@ -13,6 +13,9 @@ TEST_F(InstallTest, PutsTheCharacterIntoTheHostFolderAndTheList) {
     InstallMio();
     ExpectLists({L"mio （mio.lzh）"}, {None}, {None});
     EXPECT_TRUE(Asked().installNowEnabled);
+    EXPECT_THAT(fake.unlha.calls,
+                ElementsAre(UnlhaFake::Call{&scene.screen, L"x \"C:\\Packs\\mio.lzh\"",
+                                            L"\"C:\\TAMTMP\"", 0}));
     EXPECT_EQ(files.Contents(L"C:\\Host\\mio.obl"), "definition of m");
     EXPECT_EQ(files.Contents(L"C:\\Host\\mio\\dat\\voice.wav"), "sound");
     EXPECT_FALSE(InHost(L"old.obl"));
@@ -64,24 +67,6 @@ TEST_F(InstallTest, EveryCharacterIsInstalledWhateverTheCaseOfTheExtensions) {
                 {None});
     EXPECT_TRUE(InHost(L"aa\\face.bmp") && InHost(L"bb\\face.bmp") && InHost(L"ｶﾅ\\face.bmp"));
     EXPECT_THAT(model.installed.names.Entries(), ElementsAre(L"aa", L"bb", L"表ソ能", L"ｶﾅ"));
-}
-
-TEST_F(InstallTest, ArchiveIsUnpackedIntoTheStagingFolderAlsoFromADriveRoot) {
-    scene.AddPackage(L"mio.lzh", {});
-    files.AddFile(L"C:\\root.lzh");
-    std::wstring folder;
-    fake.unlha.onUnpack = [&](const std::wstring&) {
-        folder = files.CurrentFolder();
-        return std::int16_t{0};
-    };
-    Install({L"mio.lzh"});
-    EXPECT_EQ(folder, L"C:\\TAMTMP");
-    EXPECT_THAT(fake.unlha.calls,
-                ElementsAre(UnlhaFake::Call{&scene.screen, L"x \"C:\\Packs\\mio.lzh\"",
-                                            L"\"C:\\TAMTMP\"", 0}));
-    model.browser.ShowFolder(L"C:\\");
-    scene.InstallFiles({L"root.lzh"});
-    EXPECT_EQ(fake.unlha.calls.at(1).command, L"x \"C:\\root.lzh\"");
 }
 
 class InstallOnAnotherDriveTest : public InstallTest {

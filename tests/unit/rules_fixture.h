@@ -50,6 +50,19 @@ inline void Register(SettingsState& state, const std::wstring& folder) {
     state.HostFolders[static_cast<size_t>(state.HostFolderCount)] = folder;
 }
 
+inline std::vector<std::wstring> RegisteredFolders(const SettingsState& state) {
+    const auto first = state.HostFolders.begin() + 1;
+    return {first, first + state.HostFolderCount};
+}
+
+// Of folders that are called by one letter each.
+inline std::wstring RegisteredLetters(const SettingsState& state) {
+    std::wstring letters;
+    for (const std::wstring& folder : RegisteredFolders(state))
+        letters += folder;
+    return letters;
+}
+
 // Selects exactly the entries named.
 inline void Select(SelectionList& list, const std::vector<std::wstring>& names) {
     list.DeselectAll();

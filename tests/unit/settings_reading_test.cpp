@@ -13,7 +13,7 @@ TEST_F(SettingsFileTest, MissingFileReadsAsNothing) {
     for (const auto key : {setting_keys::Version, setting_keys::VmrFolder, setting_keys::Default,
                            setting_keys::ViewFolder, setting_keys::KvaOption})
         EXPECT_FALSE(file.ReadSetting(key)) << key;
-    EXPECT_THAT(Folders(), ElementsAre(L"C:\\Host"));
+    EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\Host"));
     EXPECT_TRUE(state.VersionKnown);
     EXPECT_EQ(state.KvaOption, L"");
 }
@@ -205,7 +205,8 @@ TEST_F(SettingsFileTest, FoldersLoadInFileOrderAsWrittenAndRejectedOnesAreSkippe
            "VMRFOLDER=C:", "VMRFOLDER=", "VMRFOLDER=Q:\\x", "VMRFOLDER=C:\\a?b", "vmrfolder=C:\\A",
            "VMRFOLDER=" + fake.ansi.EncodeName(L"C:\\表ソ能\\ｶﾅ"), "VMRFOLDER=C:\\b"});
     EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
-    EXPECT_THAT(Folders(), ElementsAre(L"C:\\b\\", L"C:\\", L"c:\\a", L"C:\\表ソ能\\ｶﾅ", L"C:\\b"));
+    EXPECT_THAT(RegisteredFolders(state),
+                ElementsAre(L"C:\\b\\", L"C:\\", L"c:\\a", L"C:\\表ソ能\\ｶﾅ", L"C:\\b"));
 }
 
 TEST_F(SettingsFileTest, ReadingFoldersForgetsTheFormerOnes) {
@@ -241,7 +242,7 @@ TEST_F(SettingsFileTest, DriveThatIsNotReadyEndsAllReadsAndKeepsTheFileFromBeing
         {"VERSION=Ver." TAMBLIN_VERSION, "VMRFOLDER=C:\\A", "VMRFOLDER=E:\\x", "VMRFOLDER=C:\\B"});
     const std::string former = Ini();
     EXPECT_TRUE(file.ReadSetting(setting_keys::VmrFolder));
-    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A"));
+    EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\A"));
     EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
     EXPECT_FALSE(state.VersionKnown);
     files.AddFile(BackupPath, "older");

@@ -42,7 +42,7 @@ TEST_F(SettingsFileTest, FreshFileReadsBackAndSavingAgainChangesNothing) {
                            setting_keys::ViewFolder})
         EXPECT_TRUE(file.ReadSetting(key)) << key;
     file.ReadSetting(setting_keys::KvaOption);
-    EXPECT_THAT(Folders(), ElementsAre(L"C:\\A", L"C:\\B"));
+    EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\A", L"C:\\B"));
     EXPECT_EQ(state.DefaultFolder, L"C:\\B");
     EXPECT_EQ(state.ViewFolder, L"C:\\Packs\\");
     EXPECT_EQ(state.KvaOption, L"ON");

@@ -47,10 +47,6 @@ class SettingsFileTest : public testing::Test {
         return {};
     }
     std::string Ini() const { return files.Contents(IniPath); }
-    std::vector<std::wstring> Folders() const {
-        const auto first = state.HostFolders.begin() + 1;
-        return {first, first + state.HostFolderCount};
-    }
 
     PlatformFake fake;
     MemoryFileSystem& files = fake.files;

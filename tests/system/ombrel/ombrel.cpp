@@ -8,21 +8,13 @@
 #include <iterator>
 #include <string>
 
+#include "../started_program.h"
+
 namespace {
 
+using namespace tamblin;
+
 std::wstring shownText;
-
-std::wstring ProgramFolder() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return path.substr(0, path.find_last_of(L'\\') + 1);
-}
-
-std::wstring CurrentFolder() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
-    return path;
-}
 
 std::wstring Decoded(const std::string& bytes) {
     const int size = static_cast<int>(bytes.size());
@@ -30,14 +22,6 @@ std::wstring Decoded(const std::string& bytes) {
     text.resize(static_cast<std::size_t>(
         MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, text.data(), size)));
     return text;
-}
-
-std::string Utf8(const std::wstring& text) {
-    const int size = static_cast<int>(text.size());
-    std::string bytes(text.size() * 3, '\0');
-    bytes.resize(static_cast<std::size_t>(WideCharToMultiByte(
-        CP_UTF8, 0, text.data(), size, bytes.data(), size * 3, nullptr, nullptr)));
-    return bytes;
 }
 
 // The first line of ombrel.rc, or a word in angle brackets for a file that cannot be read.
@@ -54,12 +38,6 @@ void Tell(const std::wstring& name, const std::wstring& value) {
     std::ofstream log((ProgramFolder() + L"ombrel.log").c_str(), std::ios::binary | std::ios::app);
     log << Utf8(name + L": " + value) << '\n';
     shownText += name + L": " + value + L"\n";
-}
-
-unsigned ShowCommand() {
-    STARTUPINFOW info{};
-    GetStartupInfoW(&info);
-    return (info.dwFlags & STARTF_USESHOWWINDOW) != 0 ? info.wShowWindow : SW_SHOWDEFAULT;
 }
 
 void Paint(HWND window) {

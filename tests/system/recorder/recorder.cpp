@@ -9,19 +9,11 @@
 
 #include <string>
 
+#include "../started_program.h"
+
 namespace {
 
-std::wstring ProgramPath() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return path;
-}
-
-std::wstring CurrentFolder() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
-    return path;
-}
+using namespace tamblin;
 
 // When this process was made, in the system's smallest unit of time.
 std::wstring Started() {
@@ -34,24 +26,9 @@ std::wstring Started() {
     return std::to_wstring(time.QuadPart);
 }
 
-unsigned ShowCommand() {
-    STARTUPINFOW info{};
-    GetStartupInfoW(&info);
-    return (info.dwFlags & STARTF_USESHOWWINDOW) != 0 ? info.wShowWindow : SW_SHOWDEFAULT;
-}
-
-std::string Utf8(const std::wstring& text) {
-    const int size = static_cast<int>(text.size());
-    std::string bytes(text.size() * 3, '\0');
-    bytes.resize(static_cast<std::size_t>(WideCharToMultiByte(
-        CP_UTF8, 0, text.data(), size, bytes.data(), size * 3, nullptr, nullptr)));
-    return bytes;
-}
-
 // In one piece, because several recorders may write at once.
 bool Append(const std::string& bytes) {
-    const std::wstring program = ProgramPath();
-    const std::wstring log = program.substr(0, program.find_last_of(L'\\') + 1) + L"recorder.log";
+    const std::wstring log = ProgramFolder() + L"recorder.log";
     const HANDLE file =
         CreateFileW(log.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                     OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);

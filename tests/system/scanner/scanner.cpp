@@ -18,6 +18,8 @@
 #include <tuple>
 #include <vector>
 
+#include "../started_program.h"
+
 namespace {
 
 // A file that has been written again is another one.
@@ -51,11 +53,7 @@ void VisitFiles(const std::wstring& folder, const Visitor& visit) {
 }
 
 void Print(const std::wstring& text) {
-    const int size = static_cast<int>(text.size());
-    std::string bytes(text.size() * 3, '\0');
-    bytes.resize(static_cast<std::size_t>(WideCharToMultiByte(
-        CP_UTF8, 0, text.data(), size, bytes.data(), size * 3, nullptr, nullptr)));
-    std::cout << bytes << std::endl;
+    std::cout << tamblin::Utf8(text) << std::endl;
 }
 
 class Scanner {
