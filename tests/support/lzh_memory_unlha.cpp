@@ -3,7 +3,6 @@
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "platform/lzh/unlha_command.h"
-#include "platform/lzh/visible_files_target.h"
 #include "support/lzh_code_pages_here.h"
 #include "support/lzh_memory_source.h"
 
@@ -90,10 +89,10 @@ lzh::ExtractionResult MemoryUnlha::Extract(const std::wstring& command) {
         return {LzhFailure::BadCommand, {}, {}};
     try {
         lzh::MemorySource source(files.Read(*archive));
-        FileSystemTarget folder(files);
-        lzh::VisibleFilesTarget target(folder); // as the program's own
+        FileSystemTarget target(files);
         lzh::CodePagesHere codePages;
-        return lzh::Extractor(source, target, codePages).Run();
+        // As the program's own.
+        return lzh::Extractor(source, target, codePages, lzh::HiddenFiles::Visible).Run();
     } catch (const RunTimeError& error) {
         return {LzhFailure::CannotOpenArchive, {}, error.Text()};
     }

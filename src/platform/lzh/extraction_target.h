@@ -4,12 +4,13 @@
 // what only the file system knows: it must not follow a link that stands in the folder already.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "platform/lzh/byte_sink.h"
 
 namespace tamblin::lzh {
 
@@ -35,11 +36,8 @@ struct EntryAttributes {
 };
 
 // A file that is being unpacked. Unless Finish was called, its end takes the file away again.
-class TargetFile {
+class TargetFile : public ByteSink {
   public:
-    virtual ~TargetFile() = default;
-
-    virtual void Write(const std::uint8_t* bytes, std::size_t size) = 0;
     virtual void Finish(const EntryTimes& times, EntryAttributes attributes) = 0;
 };
 

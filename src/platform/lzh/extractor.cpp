@@ -23,27 +23,18 @@ std::wstring Printable(const std::string& method) {
     return text;
 }
 
-class FileSink : public ByteSink {
-  public:
-    explicit FileSink(TargetFile& targetFile) : file(targetFile) {}
-    void Write(const std::uint8_t* bytes, std::size_t size) override { file.Write(bytes, size); }
-
-  private:
-    TargetFile& file;
-};
-
 // Counts and checks what is unpacked on its way to the file.
 class CheckedSink : public ByteSink {
   public:
     CheckedSink(ByteSink& byteSink, const PackedInput& packedInput, std::uint64_t archiveSize,
-                ExtractionProgress* extractionProgress)
+                const ExtractionProgress& extractionProgress)
         : sink(byteSink), input(packedInput), total(archiveSize), progress(extractionProgress) {}
 
     void Write(const std::uint8_t* bytes, std::size_t size) override {
         crc = Crc16(crc, bytes, size);
         sink.Write(bytes, size);
-        if (progress != nullptr)
-            progress->Advance(input.Position(), total);
+        if (progress)
+            progress(input.Position(), total);
     }
 
     std::uint16_t Crc() const { return crc; }
@@ -52,7 +43,7 @@ class CheckedSink : public ByteSink {
     ByteSink& sink;
     const PackedInput& input;
     const std::uint64_t total;
-    ExtractionProgress* progress;
+    const ExtractionProgress& progress;
     std::uint16_t crc = 0;
 };
 
@@ -90,11 +81,12 @@ std::wstring ExtractionResult::Message() const {
 }
 
 Extractor::Extractor(ArchiveSource& archive, ExtractionTarget& extractionTarget, CodePages& pages,
-                     ExtractionProgress* extractionProgress)
+                     HiddenFiles whatIsHidden, ExtractionProgress extractionProgress)
     : source(archive),
       target(extractionTarget),
       codePages(pages),
-      progress(extractionProgress),
+      hiddenFiles(whatIsHidden),
+      progress(std::move(extractionProgress)),
       input(archive) {}
 
 ExtractionResult Extractor::Run() {
@@ -125,8 +117,8 @@ void Extractor::ExtractAll() {
         inEntry = true;
         ExtractEntry();
         inEntry = false;
-        if (progress != nullptr)
-            progress->Advance(entry.dataOffset + entry.packedSize, source.Size());
+        if (progress)
+            progress(entry.dataOffset + entry.packedSize, source.Size());
     }
 }
 
@@ -149,11 +141,10 @@ void Extractor::ExtractFile(const EntryPath& path) {
     if (decoder == nullptr)
         throw LzhError(LzhFailure::UnknownMethod, Printable(entry.method));
     const auto file = target.NewFile(path);
-    FileSink fileSink(*file);
-    MacBinaryFilter unwrapped(entry, fileSink);
+    MacBinaryFilter unwrapped(entry, *file);
     const bool mayBeWrapped = MayBeMacBinary(entry);
-    CheckedSink sink(mayBeWrapped ? static_cast<ByteSink&>(unwrapped) : fileSink, input,
-                     source.Size(), progress);
+    CheckedSink sink(mayBeWrapped ? static_cast<ByteSink&>(unwrapped) : *file, input, source.Size(),
+                     progress);
 
     input.Open(entry.dataOffset, entry.packedSize);
     decoder->Decode(input, entry.originalSize, sink);
@@ -161,6 +152,8 @@ void Extractor::ExtractFile(const EntryPath& path) {
         unwrapped.Finish();
     if (entry.crc && *entry.crc != sink.Crc())
         throw LzhError(LzhFailure::WrongChecksum);
+    if (hiddenFiles == HiddenFiles::Visible)
+        entry.attributes.hidden = entry.attributes.system = false;
     file->Finish(entry.times, entry.attributes);
 }
 

@@ -1,40 +1,34 @@
 #include "platform/lzh/lzh_error.h"
 
+#include <utility>
+
 namespace tamblin::lzh {
+namespace {
+
+constexpr std::pair<LzhFailure, const char*> Descriptions[] = {
+    {LzhFailure::None, "no error"},
+    {LzhFailure::BadCommand, "the command is not understood"},
+    {LzhFailure::CannotOpenArchive, "the archive cannot be opened"},
+    {LzhFailure::CannotReadArchive, "the archive cannot be read"},
+    {LzhFailure::NotAnArchive, "this is not an LZH archive"},
+    {LzhFailure::DamagedHeader, "the header is damaged"},
+    {LzhFailure::UnknownMethod, "the packing method is unknown"},
+    {LzhFailure::DamagedData, "the packed data is damaged"},
+    {LzhFailure::Truncated, "the archive ends too early"},
+    {LzhFailure::WrongChecksum, "the checksum is wrong"},
+    {LzhFailure::ForbiddenName, "the name is not allowed"},
+    {LzhFailure::LinkInTheWay, "a link stands in the way"},
+    {LzhFailure::CannotWrite, "the entry cannot be written"},
+    {LzhFailure::DiskFull, "the disk is full"},
+    {LzhFailure::OutOfMemory, "there is not enough memory"},
+};
+
+} // namespace
 
 const char* Describe(LzhFailure failure) {
-    switch (failure) {
-        case LzhFailure::None:
-            return "no error";
-        case LzhFailure::BadCommand:
-            return "the command is not understood";
-        case LzhFailure::CannotOpenArchive:
-            return "the archive cannot be opened";
-        case LzhFailure::CannotReadArchive:
-            return "the archive cannot be read";
-        case LzhFailure::NotAnArchive:
-            return "this is not an LZH archive";
-        case LzhFailure::DamagedHeader:
-            return "the header is damaged";
-        case LzhFailure::UnknownMethod:
-            return "the packing method is unknown";
-        case LzhFailure::DamagedData:
-            return "the packed data is damaged";
-        case LzhFailure::Truncated:
-            return "the archive ends too early";
-        case LzhFailure::WrongChecksum:
-            return "the checksum is wrong";
-        case LzhFailure::ForbiddenName:
-            return "the name is not allowed";
-        case LzhFailure::LinkInTheWay:
-            return "a link stands in the way";
-        case LzhFailure::CannotWrite:
-            return "the entry cannot be written";
-        case LzhFailure::DiskFull:
-            return "the disk is full";
-        case LzhFailure::OutOfMemory:
-            return "there is not enough memory";
-    }
+    for (const auto& [described, text] : Descriptions)
+        if (described == failure)
+            return text;
     return "unknown failure";
 }
 

@@ -3,7 +3,6 @@
 #include <exception>
 
 #include "base/run_time_error.h"
-#include "platform/lzh/visible_files_target.h"
 #include "platform/win32/lzh_code_pages.h"
 #include "platform/win32/lzh_file_source.h"
 #include "platform/win32/lzh_folder_target.h"
@@ -12,17 +11,14 @@ namespace tamblin {
 
 using lzh::LzhFailure;
 
-lzh::ExtractionResult ExtractIntoCurrentFolder(const std::wstring& archive, HiddenFiles hiddenFiles,
-                                               lzh::ExtractionProgress* progress) {
+lzh::ExtractionResult ExtractIntoCurrentFolder(const std::wstring& archive,
+                                               lzh::HiddenFiles hiddenFiles,
+                                               const lzh::ExtractionProgress& progress) {
     try {
         LzhFileSource source(archive);
-        LzhFolderTarget folder(L"");
-        lzh::VisibleFilesTarget visible(folder);
-        lzh::ExtractionTarget& target = hiddenFiles == HiddenFiles::Visible
-                                            ? static_cast<lzh::ExtractionTarget&>(visible)
-                                            : folder;
+        LzhFolderTarget target(L"");
         LzhCodePages codePages;
-        return lzh::Extractor(source, target, codePages, progress).Run();
+        return lzh::Extractor(source, target, codePages, hiddenFiles, progress).Run();
     } catch (const lzh::LzhError& error) {
         return {error.Failure(), {}, error.Detail()};
     } catch (const RunTimeError&) {

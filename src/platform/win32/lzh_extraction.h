@@ -3,15 +3,13 @@
 
 #include <string>
 
-#include "platform/lzh/extraction_progress.h"
 #include "platform/lzh/extractor.h"
 
 namespace tamblin {
 
-enum class HiddenFiles { AsStored, Visible };
-
 // Never throws.
-lzh::ExtractionResult ExtractIntoCurrentFolder(const std::wstring& archive, HiddenFiles hiddenFiles,
-                                               lzh::ExtractionProgress* progress = nullptr);
+lzh::ExtractionResult ExtractIntoCurrentFolder(const std::wstring& archive,
+                                               lzh::HiddenFiles hiddenFiles,
+                                               const lzh::ExtractionProgress& progress = nullptr);
 
 } // namespace tamblin

@@ -24,26 +24,14 @@ namespace {
 
 constexpr wchar_t unpackingText[] = L"パッケージを展開しています...";
 
-// How far the extraction has come; written by its thread, read by the window's.
-class SharedProgress : public lzh::ExtractionProgress {
-  public:
-    void Advance(std::uint64_t done, std::uint64_t total) override {
-        if (total > 0)
-            part = static_cast<int>(static_cast<double>(done) / static_cast<double>(total) *
-                                    ProgressWindow::fullBar);
-    }
-    int Part() const { return part; }
-
-  private:
-    std::atomic<int> part = 0;
-};
-
 // An extraction on a thread of its own.
 class BackgroundExtraction {
   public:
     explicit BackgroundExtraction(const std::wstring& archive)
         : done(CreateEventW(nullptr, TRUE, FALSE, nullptr)), thread([this, archive] {
-              result = ExtractIntoCurrentFolder(archive, HiddenFiles::Visible, &progress);
+              result = ExtractIntoCurrentFolder(
+                  archive, lzh::HiddenFiles::Visible,
+                  [this](auto unpacked, auto total) { Advance(unpacked, total); });
               SetEvent(done.get());
           }) {}
     ~BackgroundExtraction() { thread.join(); }
@@ -51,11 +39,17 @@ class BackgroundExtraction {
     BackgroundExtraction& operator=(const BackgroundExtraction&) = delete;
 
     HANDLE Done() const { return done.get(); }
-    int Part() const { return progress.Part(); }
+    int Part() const { return part; }
     const ExtractionResult& Result() const { return result; } // once it is done
 
   private:
-    SharedProgress progress;
+    void Advance(std::uint64_t unpacked, std::uint64_t total) {
+        if (total > 0)
+            part = static_cast<int>(static_cast<double>(unpacked) / static_cast<double>(total) *
+                                    ProgressWindow::fullBar);
+    }
+
+    std::atomic<int> part = 0; // written by the thread, read by the window's
     ExtractionResult result;
     UniqueHandle done;
     std::thread thread; // last: the others exist before it starts

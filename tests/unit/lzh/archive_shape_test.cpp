@@ -154,6 +154,12 @@ TEST(ArchiveShape, MethodOfAnyLettersIsNamed) {
     }
 }
 
+TEST(ArchiveShape, HeaderIsKnownByThreeLettersOfItsMethod) {
+    std::string archive = LzhWriter().AddFile(L"a", "x", "-lh0-", 0).Finish();
+    EXPECT_EQ(Extraction(archive.replace(2, 5, "Xlh0X")).Failure(), LzhFailure::DamagedHeader);
+    EXPECT_EQ(Extraction(archive.replace(2, 5, "Xlh?X")).Failure(), LzhFailure::NotAnArchive);
+}
+
 TEST(ArchiveShape, LettersOfAMethodThatCannotBeShownAreReplaced) {
     LzhEntry entry = MakeEntry(L"b", "x", "-lh0-", 1);
     entry.packed = "x";

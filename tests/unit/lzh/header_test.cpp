@@ -1,6 +1,8 @@
 // What the headers of an entry say, at each level.
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 #include "platform/lzh/entry_list.h"
 #include "platform/lzh/extended_header.h"
 #include "support/lzh_extraction.h"
@@ -173,6 +175,19 @@ TEST(Level0Header, MayHaveAnAreaOfItsSystem) {
         entry.area = area;
         EXPECT_EQ(TextOf(entry), "some text");
     }
+}
+
+// Else its last two bytes would be taken for the size of an extended header, which is zero.
+TEST(Level1Header, HasToHaveRoomForTheSizeOfAnExtendedOne) {
+    LzhEntry entry = MakeEntry(L"a", "x", "-lh0-", 1);
+    entry.headerCrc = false;
+    std::string archive = LzhWriter().Add(entry).Finish();
+    constexpr std::size_t systemAt = 25;
+    ASSERT_EQ(archive[0], systemAt + 1);
+    archive.replace(systemAt, 3, 2, '\0');
+    --archive[0];
+    archive[1] = static_cast<char>(std::accumulate(archive.begin() + 2, archive.begin() + 27, 0));
+    EXPECT_EQ(Extraction(archive).Failure(), LzhFailure::DamagedHeader);
 }
 
 TEST(Level2Header, OfOneSystemAloneMayLeaveItsLastTwoBytesUncounted) {
