@@ -17,20 +17,33 @@ namespace {
 constexpr wchar_t ExitQuestion[] = L"Tamblin を終了してもよろしいですか？";
 constexpr wchar_t CloseQuestion[] = L"終了してもよろしいですか？";
 
+constexpr std::pair<Command, const wchar_t*> StatusTexts[] = {
+    {Command::Install, L"選択しているパッケージをインストールします。"},
+    {Command::UpdateHost, L"ombrel.exeをアップデートします。"},
+    {Command::UpdateDefinition, L"該当オンブレルのオンブレル定義ファイルをアップデートします。"},
+    {Command::Uninstall, L"選択されているオンブレルをアンインストールします。"},
+    {Command::ManageFolders, L"ヴィモラフォルダの設定を行います。"},
+    {Command::DeselectInstalled, L"「導入済オンブレル一覧」のファイル選択を解除します。"},
+    {Command::Leave, L"Tamblinを終了します。"},
+    {Command::DeselectFiles, L"「すべてのフォルダ」のファイル選択を解除します。"},
+    {Command::ShowHelp, L"Tamblinの簡単な操作説明です。"},
+    {Command::SetStartUpCharacter,
+     L"選択しているオンブレルを、通常起動時のオンブレルに設定します。"},
+    {Command::CheckFolders, L"ヴィモラフォルダの不具合を検出します。"},
+    {Command::Launch, L"選択されているオンブレルを呼び出します。"},
+    {Command::ShowReadme, L"選択されているオンブレルの README ファイルを表示します。"},
+};
+
 } // namespace
 
 void MainScreen::Load() {
     state.BrowseStartFolder =
         state.ViewFolder.empty() ? platform.files.CurrentFolder() : state.ViewFolder;
-    RefreshLists();
-}
-
-void MainScreen::Activate() {
-    RefreshLists();
+    Activate();
 }
 
 // A host folder that cannot be listed must not keep the browser from being built.
-void MainScreen::RefreshLists() {
+void MainScreen::Activate() {
     const auto failure = RereadHostFolder();
     model.browser.RebuildBrowser();
     if (model.browser.TakeSelectionLost())
@@ -159,36 +172,9 @@ bool MainScreen::CloseBoxPressed() {
 }
 
 std::optional<std::wstring> MainScreen::StatusText(Command command) {
-    switch (command) {
-        case Command::Install:
-            return L"選択しているパッケージをインストールします。";
-        case Command::UpdateHost:
-            return L"ombrel.exeをアップデートします。";
-        case Command::UpdateDefinition:
-            return L"該当オンブレルのオンブレル定義ファイルをアップデートします。";
-        case Command::Uninstall:
-            return L"選択されているオンブレルをアンインストールします。";
-        case Command::ManageFolders:
-            return L"ヴィモラフォルダの設定を行います。";
-        case Command::DeselectInstalled:
-            return L"「導入済オンブレル一覧」のファイル選択を解除します。";
-        case Command::Leave:
-            return L"Tamblinを終了します。";
-        case Command::DeselectFiles:
-            return L"「すべてのフォルダ」のファイル選択を解除します。";
-        case Command::ShowHelp:
-            return L"Tamblinの簡単な操作説明です。";
-        case Command::SetStartUpCharacter:
-            return L"選択しているオンブレルを、通常起動時のオンブレルに設定します。";
-        case Command::CheckFolders:
-            return L"ヴィモラフォルダの不具合を検出します。";
-        case Command::Launch:
-            return L"選択されているオンブレルを呼び出します。";
-        case Command::ShowReadme:
-            return L"選択されているオンブレルの README ファイルを表示します。";
-        case Command::PrepareStaging:
-            break;
-    }
+    for (const auto& [explained, text] : StatusTexts)
+        if (explained == command)
+            return text;
     return std::nullopt;
 }
 

@@ -55,7 +55,6 @@ class MainScreen {
     static std::wstring InitialStatusText();
 
   private:
-    void RefreshLists();
     std::optional<RunTimeError> RereadHostFolder();
 
     Platform& platform;

@@ -1,5 +1,6 @@
 #include "app/main_window.h"
 
+#include "base/at_exit.h"
 #include "base/version.h"
 #include "base/win32/busy_pointer.h"
 #include "install/confirmation_window.h"
@@ -9,7 +10,6 @@
 #include "maintenance/start_up_file.h"
 #include "maintenance/uninstall.h"
 #include "maintenance/updates.h"
-#include "ui/at_exit.h"
 #include "ui/popup_menu.h"
 
 namespace tamblin {
@@ -85,7 +85,7 @@ void Form1::ConnectCommands() {
     connectRule(command13, LaunchCharacter);
     connectRule(command14, ShowReadme);
     command5.onClick = [this] {
-        const Held held(*this);
+        const auto held = HoldMeanwhile();
         Run([this] { Uninstall(screen.Model(), state, platform); });
     };
     command6.onClick = [this] {

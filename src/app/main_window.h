@@ -5,12 +5,12 @@
 #include "install/install.h"
 #include "ui/button.h"
 #include "ui/combo_box.h"
-#include "ui/first_fitting_layout.h"
 #include "ui/form.h"
 #include "ui/hand_over.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
 #include "ui/picture_button.h"
+#include "ui/stacked_layout.h"
 #include "ui/text_box.h"
 
 namespace tamblin {

@@ -1,7 +1,7 @@
 #include "app/splash_window.h"
 
 #include "app/splash_background.h"
-#include "ui/at_exit.h"
+#include "base/at_exit.h"
 
 namespace tamblin {
 

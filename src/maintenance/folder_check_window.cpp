@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/at_exit.h"
 #include "base/win32/busy_pointer.h"
-#include "ui/at_exit.h"
 #include "ui/popup_menu.h"
 
 namespace tamblin {
@@ -55,7 +55,7 @@ void Form11::Activated() {
 void Form11::MenuChosen(MenuItem item) {
     if (item != MenuItem::mnmv)
         return;
-    const Held held(*this);
+    const auto held = HoldMeanwhile();
     Run([this] { check.MoveFoldersToRecycleBin(); });
 }
 

@@ -5,8 +5,7 @@
 namespace tamblin {
 
 Form8::Form8(Application& owner, SettingsState& settings, HandOver& windows)
-    : Form(owner, 8, L"Vimoraフォルダ管理 - Tamblin - ", FormFrame::Resizable),
-      handOver(windows),
+    : StepForm(owner, 8, L"Vimoraフォルダ管理 - Tamblin - ", FormFrame::Resizable, windows),
       management(settings) {
     list1.SetAccessibleName(L"登録されているVimoraフォルダ");
     list1.onSelect = [this] {
@@ -73,13 +72,6 @@ void Form8::Activated() {
     ShowModel();
 }
 
-bool Form8::MayClose(CloseReason reason) {
-    if (reason == CloseReason::Program)
-        return true;
-    EscapePressed();
-    return false;
-}
-
 void Form8::EscapePressed() {
     Run([this] { return management.Closed(); });
 }
@@ -89,10 +81,7 @@ void Form8::Run(const std::function<NextWindow()>& event) {
     management.kvaAllowed = option1Allow.IsTicked();
     const NextWindow next = event();
     ShowModel();
-    if (next == NextWindow::Stay)
-        return;
-    handOver.Show(next);
-    Close();
+    Leave(next);
 }
 
 void Form8::ShowModel() {

@@ -3,22 +3,20 @@
 
 #include "settings/folder_management.h"
 #include "ui/button.h"
-#include "ui/form.h"
-#include "ui/hand_over.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
+#include "ui/step_form.h"
 #include "ui/tick_button.h"
 
 namespace tamblin {
 
-class Form8 : public Form {
+class Form8 : public StepForm {
   public:
     Form8(Application& owner, SettingsState& settings, HandOver& windows);
 
   private:
     void Load() override;
     void Activated() override;
-    bool MayClose(CloseReason reason) override;
     void EscapePressed() override;
     Size FirstSize() const override;
     // Runs an event between reading what the user has chosen and mirroring the model.
@@ -26,7 +24,6 @@ class Form8 : public Form {
     void ShowModel();
     std::unique_ptr<LayoutItem> MakeLayout();
 
-    HandOver& handOver;
     FolderManagement management;
     WidthGroup buttons;
 

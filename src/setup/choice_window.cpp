@@ -1,12 +1,11 @@
 #include "setup/choice_window.h"
 
-#include "ui/overlay_layout.h"
+#include "ui/stacked_layout.h"
 
 namespace tamblin {
 
 Form5::Form5(Application& owner, SettingsState& settings, HandOver& windows)
-    : Form(owner, 5, L"VMRフォルダの選択 - Tamblin -", FormFrame::Resizable),
-      handOver(windows),
+    : StepForm(owner, 5, L"VMRフォルダの選択 - Tamblin -", FormFrame::Resizable, windows),
       choice(settings) {
     list1.SetAccessibleName(L"検出されたフォルダ");
     combo1.SetAccessibleName(L"デフォルトに設定するフォルダ");
@@ -70,18 +69,6 @@ void Form5::OkPressed() {
         ShowStage();
     else
         Leave(next);
-}
-
-bool Form5::MayClose(CloseReason reason) {
-    if (reason == CloseReason::Program)
-        return true;
-    Leave(choice.Closed());
-    return false;
-}
-
-void Form5::Leave(NextWindow next) {
-    handOver.Show(next);
-    Close();
 }
 
 } // namespace tamblin

@@ -5,27 +5,23 @@
 #include "ui/button.h"
 #include "ui/check_list.h"
 #include "ui/combo_box.h"
-#include "ui/form.h"
-#include "ui/hand_over.h"
 #include "ui/label.h"
+#include "ui/step_form.h"
 
 namespace tamblin {
 
-class Form5 : public Form {
+class Form5 : public StepForm {
   public:
     Form5(Application& owner, SettingsState& settings, HandOver& windows);
 
   private:
     void Load() override;
-    bool MayClose(CloseReason reason) override;
     void ReturnPressed() override;
     void EscapePressed() override { Leave(choice.Closed()); }
     void OkPressed();
-    void Leave(NextWindow next);
     void ShowStage();
     std::unique_ptr<LayoutItem> MakeLayout();
 
-    HandOver& handOver;
     FolderChoice choice;
 
     Label label1{*this, 1, L""};

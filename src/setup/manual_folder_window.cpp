@@ -7,8 +7,7 @@
 namespace tamblin {
 
 Form3::Form3(Application& owner, Platform& surroundings, SettingsState& settings, HandOver& windows)
-    : Form(owner, 3, L"VMRフォルダの手動設定 - Tamblin -", FormFrame::Resizable),
-      handOver(windows),
+    : StepForm(owner, 3, L"VMRフォルダの手動設定 - Tamblin -", FormFrame::Resizable, windows),
       manual(surroundings, settings) {
     text1.SetAccessibleName(label1.Text());
     list1.SetAccessibleName(L"すべてのフォルダ");
@@ -88,20 +87,6 @@ bool Form3::KeyPressed(const KeyPress& press, const Control* focus) {
     manual.TreeUpPressed();
     ShowTree();
     return true;
-}
-
-bool Form3::MayClose(CloseReason reason) {
-    if (reason == CloseReason::Program)
-        return true;
-    Leave(manual.BackPressed());
-    return false;
-}
-
-void Form3::Leave(NextWindow next) {
-    if (next == NextWindow::Stay)
-        return;
-    handOver.Show(next);
-    Close();
 }
 
 } // namespace tamblin

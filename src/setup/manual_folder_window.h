@@ -3,31 +3,26 @@
 
 #include "setup/manual_folder.h"
 #include "ui/button.h"
-#include "ui/form.h"
-#include "ui/hand_over.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
-#include "ui/path_label.h"
+#include "ui/step_form.h"
 #include "ui/text_box.h"
 
 namespace tamblin {
 
-class Form3 : public Form {
+class Form3 : public StepForm {
   public:
     Form3(Application& owner, Platform& surroundings, SettingsState& settings, HandOver& windows);
 
   private:
     void Load() override;
-    bool MayClose(CloseReason reason) override;
     void ReturnPressed() override { Leave(manual.OkPressed(text1.Text())); }
     void EscapePressed() override { Leave(manual.BackPressed()); }
     bool KeyPressed(const KeyPress& press, const Control* focus) override;
     Size FirstSize() const override;
-    void Leave(NextWindow next);
     void ShowTree();
     std::unique_ptr<LayoutItem> MakeLayout();
 
-    HandOver& handOver;
     ManualFolder manual;
     WidthGroup buttons;
 

@@ -1,16 +1,7 @@
 #include "setup/quick_help_texts.h"
 
-#include "base/version.h"
-
 namespace tamblin {
 namespace {
-
-constexpr const wchar_t* CategoryCaptions[] = {
-    L"●機能制限",
-    L"●ボタン説明",
-    L"●目的別ヘルプ",
-    L"●Tamblinについて",
-};
 
 #define TAMBLIN_FOLDER_CHECK_REASON                                                                        \
     L"　オンブレル定義ファイルだけがある場合や、フォルダだけがある場合、" \
@@ -86,37 +77,9 @@ constexpr HelpTopic Buttons[] = {
 
 #undef TAMBLIN_FOLDER_CHECK_REASON
 
-constexpr const wchar_t* Limitations[] = {
-    L"１、一度に登録できるヴィモラの場所は１０ヶ所までです。",
-    L"２、ウィンドウ上のボタンは使用可能状態になっている場合のみアクティブになります。",
-};
-
-constexpr const wchar_t* About[] = {
-    L"Tamblin\r\n  Ver." TAMBLIN_VERSION L"\r\n\r\n1999/11/16 Released.",
-    L"adapted for Vimora",
-    L"support Page",
-};
-
 } // namespace
 
-const wchar_t* const HelpHint = L"「●」のついた文字をクリックすると簡単なヘルプが表示されます。";
-const wchar_t* const RemoraCaption = L"小判鮫モード\r\nOFFにする";
-const wchar_t* const SupportPageAddress = L"https://tamblin.example/support/";
-
-std::span<const wchar_t* const> HelpCategoryCaptions() {
-    return CategoryCaptions;
-}
-std::span<const HelpTopic> PurposeTopics() {
-    return Purposes;
-}
-std::span<const HelpTopic> ButtonTopics() {
-    return Buttons;
-}
-std::span<const wchar_t* const> LimitationLines() {
-    return Limitations;
-}
-std::span<const wchar_t* const> AboutLines() {
-    return About;
-}
+const std::span<const HelpTopic> PurposeTopics = Purposes;
+const std::span<const HelpTopic> ButtonTopics = Buttons;
 
 } // namespace tamblin

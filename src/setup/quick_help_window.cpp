@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "ui/dpi.h"
-#include "ui/overlay_layout.h"
+#include "ui/stacked_layout.h"
 
 namespace tamblin {
 namespace {
@@ -22,8 +22,8 @@ Form9::Form9(Application& owner, Platform& surroundings, HWND mainWindow)
       platform(surroundings),
       followed(mainWindow),
       label3(MakeCategories()),
-      label4(MakeTopics(4, PurposeTopics(), label6)),
-      label5(MakeTopics(5, ButtonTopics(), label7)) {
+      label4(MakeTopics(4, PurposeTopics, label6)),
+      label5(MakeTopics(5, ButtonTopics, label7)) {
     label9Link.onClick = [this] {
         OpenSupportPage();
     };
@@ -42,7 +42,8 @@ Form9::Form9(Application& owner, Platform& surroundings, HWND mainWindow)
 Form9::Links Form9::MakeCategories() {
     Links links;
     int index = 0;
-    for (const wchar_t* caption : HelpCategoryCaptions()) {
+    for (const wchar_t* caption :
+         {L"●機能制限", L"●ボタン説明", L"●目的別ヘルプ", L"●Tamblinについて"}) {
         const auto category = static_cast<HelpCategory>(index);
         links.push_back(std::make_unique<LinkLabel>(*this, 3, index++, caption));
         links.back()->onClick = [this, category] {

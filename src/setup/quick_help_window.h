@@ -6,16 +6,18 @@
 #include <span>
 #include <vector>
 
+#include "base/version.h"
 #include "platform/platform.h"
 #include "setup/quick_help_texts.h"
 #include "ui/button.h"
 #include "ui/form.h"
 #include "ui/label.h"
 #include "ui/link_label.h"
-#include "ui/text_pane.h"
 #include "ui/tick_button.h"
 
 namespace tamblin {
+
+inline constexpr wchar_t SupportPageAddress[] = L"https://tamblin.example/support/";
 
 class Form9 : public Form {
   public:
@@ -23,6 +25,8 @@ class Form9 : public Form {
 
   private:
     using Links = std::vector<std::unique_ptr<LinkLabel>>;
+    // In the order of the links in Label3.
+    enum class HelpCategory { Limitations, Buttons, Purposes, About };
 
     void Load() override;
     void Tick() override { Dock(); }
@@ -45,19 +49,21 @@ class Form9 : public Form {
     Platform& platform;
     HWND followed;
 
-    Label label1{*this, 1, HelpHint};
+    Label label1{*this, 1, L"「●」のついた文字をクリックすると簡単なヘルプが表示されます。"};
     Links label3; // categories
     Links label4; // purpose topics
     TextPane label6{*this, 6, 46, 9};
     Links label5; // button topics
     TextPane label7{*this, 7, 46, 9};
-    Label label8First{*this, 8, LimitationLines()[0]};
-    Label label8Second{*this, 8, LimitationLines()[1], 1};
-    Label label9Program{*this, 9, AboutLines()[0]};
-    Label label9Origin{*this, 9, AboutLines()[1], 1};
-    LinkLabel label9Link{*this, 9, SupportLinkIndex, AboutLines()[SupportLinkIndex],
-                         LinkLabel::Look::Underlined};
-    CheckBox check1{*this, 1, RemoraCaption};
+    Label label8First{*this, 8, L"１、一度に登録できるヴィモラの場所は１０ヶ所までです。"};
+    Label label8Second{
+        *this, 8,
+        L"２、ウィンドウ上のボタンは使用可能状態になっている場合のみアクティブになります。", 1};
+    Label label9Program{*this, 9,
+                        L"Tamblin\r\n  Ver." TAMBLIN_VERSION L"\r\n\r\n1999/11/16 Released."};
+    Label label9Origin{*this, 9, L"adapted for Vimora", 1};
+    LinkLabel label9Link{*this, 9, 2, L"support Page", LinkLabel::Look::Underlined};
+    CheckBox check1{*this, 1, L"小判鮫モード\r\nOFFにする"};
     Button command1{*this, 1, L"閉じる"};
 };
 

@@ -1,7 +1,7 @@
 #include "setup/search_window.h"
 
+#include "base/at_exit.h"
 #include "base/win32/busy_pointer.h"
-#include "ui/at_exit.h"
 
 namespace tamblin {
 namespace {

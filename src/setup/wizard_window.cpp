@@ -5,10 +5,9 @@
 namespace tamblin {
 
 Form2::Form2(Application& owner, Platform& surroundings, SettingsState& settings, HandOver& windows)
-    : Form(owner, 2, L"環境設定ウィザード  - Tamblin -", FormFrame::Fixed),
+    : StepForm(owner, 2, L"環境設定ウィザード  - Tamblin -", FormFrame::Fixed, windows),
       platform(surroundings),
-      state(settings),
-      handOver(windows) {
+      state(settings) {
     label1.SetText(L"Tamblin に必要な情報を設定します。");
     label2.SetText(L"設定項目");
     label3.SetText(L"・Vimoraフォルダの指定");
@@ -69,21 +68,13 @@ void Form2::SearchEnded(Form4& progress, NextWindow next) {
     progress.Close();
 }
 
-bool Form2::MayClose(CloseReason reason) {
-    if (reason == CloseReason::Program)
-        return true;
+void Form2::EscapePressed() {
     if (IsWindowVisible(Handle())) // else the search is under way, and has a window of its own
         GiveUp();
-    return false;
 }
 
 void Form2::GiveUp() {
     Leave(state.WizardFromManagement ? NextWindow::FolderManagement : NextWindow::EndProgram);
-}
-
-void Form2::Leave(NextWindow next) {
-    handOver.Show(next);
-    Close();
 }
 
 } // namespace tamblin

@@ -4,31 +4,27 @@
 #include "platform/platform.h"
 #include "settings/settings_state.h"
 #include "ui/button.h"
-#include "ui/form.h"
-#include "ui/hand_over.h"
 #include "ui/label.h"
+#include "ui/step_form.h"
 
 namespace tamblin {
 
 class Form4;
 
-class Form2 : public Form {
+class Form2 : public StepForm {
   public:
     Form2(Application& owner, Platform& surroundings, SettingsState& settings, HandOver& windows);
 
   private:
     void Load() override;
-    bool MayClose(CloseReason reason) override;
-    void EscapePressed() override { GiveUp(); }
+    void EscapePressed() override;
     void Search();
     void SearchEnded(Form4& progress, NextWindow next);
     void GiveUp();
-    void Leave(NextWindow next);
     std::unique_ptr<LayoutItem> MakeLayout();
 
     Platform& platform;
     SettingsState& state;
-    HandOver& handOver;
     WidthGroup buttons;
 
     Label label1{*this, 1, L""};

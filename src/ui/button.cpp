@@ -55,7 +55,7 @@ LRESULT Button::CustomDraw(const NMCUSTOMDRAW& stage) {
 
 bool Button::TakeReturn() {
     if (IsEnabled())
-        ::SendMessageW(Handle(), BM_CLICK, 0, 0);
+        Send(BM_CLICK);
     return true;
 }
 

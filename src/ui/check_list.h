@@ -32,9 +32,6 @@ class CheckList : public Control {
     void Toggle(LRESULT row);
     int BoxSize() const;
     void SetHorizontalExtent(const TextMeasure& measure);
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-        return ::SendMessageW(Handle(), message, wParam, lParam);
-    }
 
     AccessibleCheckList* accessible = nullptr;
     int minimumColumns;

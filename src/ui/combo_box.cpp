@@ -16,20 +16,19 @@ ComboBox::ComboBox(Form& owner, int number)
 
 void ComboBox::Show(const std::vector<std::wstring>& newEntries, std::optional<size_t> selected) {
     if (newEntries != entries) {
-        ::SendMessageW(Handle(), CB_RESETCONTENT, 0, 0);
+        Send(CB_RESETCONTENT);
         for (const std::wstring& entry : newEntries)
-            ::SendMessageW(Handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
+            Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
         entries = newEntries;
         const int widest = form.Measure().Widest(entries) + form.Measure().Across(16);
-        ::SendMessageW(Handle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest), 0);
+        Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest), 0);
     }
     if (selected != Selected())
-        ::SendMessageW(Handle(), CB_SETCURSEL,
-                       selected ? static_cast<WPARAM>(*selected) : static_cast<WPARAM>(-1), 0);
+        Send(CB_SETCURSEL, selected ? static_cast<WPARAM>(*selected) : static_cast<WPARAM>(-1), 0);
 }
 
 std::optional<size_t> ComboBox::Selected() const {
-    const LRESULT entry = ::SendMessageW(Handle(), CB_GETCURSEL, 0, 0);
+    const LRESULT entry = Send(CB_GETCURSEL);
     return entry == CB_ERR ? std::nullopt : std::optional(static_cast<size_t>(entry));
 }
 
@@ -48,8 +47,7 @@ void ComboBox::Arrange(const Place& place, const TextMeasure& measure, Placement
 
 void ComboBox::SetFont(const TextMeasure& measure) {
     Control::SetFont(measure);
-    ::SendMessageW(Handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
-                   measure.LineHeight() + measure.Down(2));
+    Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), measure.LineHeight() + measure.Down(2));
     // Asked of the combo box, Wine leaves the open list's rows as they are.
     ::SendMessageW(Parts().hwndList, LB_SETITEMHEIGHT, 0, measure.LineHeight() + measure.Down(1));
 }
@@ -68,11 +66,11 @@ void ComboBox::Notified(UINT code) {
 }
 
 bool ComboBox::IsDropped() const {
-    return ::SendMessageW(Handle(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+    return Send(CB_GETDROPPEDSTATE) != 0;
 }
 
 void ComboBox::CloseList() {
-    ::SendMessageW(Handle(), CB_SHOWDROPDOWN, FALSE, 0);
+    Send(CB_SHOWDROPDOWN, FALSE, 0);
 }
 
 std::optional<CutOffText> ComboBox::CutOffAt(POINT) const {

@@ -113,7 +113,7 @@ void Control::TakeAccessKey() {
 }
 
 bool Control::ShowsAccessKey() const {
-    return accessKey && (::SendMessageW(handle, WM_QUERYUISTATE, 0, 0) & UISF_HIDEACCEL) == 0;
+    return accessKey && (Send(WM_QUERYUISTATE) & UISF_HIDEACCEL) == 0;
 }
 
 void Control::UnderlineAccessKey(HDC target, POINT text) const {
@@ -156,7 +156,7 @@ void Control::Arrange(const Place& place, const TextMeasure&, Placement& placeme
 }
 
 void Control::SetFont(const TextMeasure& measure) {
-    ::SendMessageW(handle, WM_SETFONT, reinterpret_cast<WPARAM>(measure.Font()), TRUE);
+    Send(WM_SETFONT, reinterpret_cast<WPARAM>(measure.Font()), TRUE);
 }
 
 } // namespace tamblin

@@ -113,6 +113,10 @@ class Control : public LayoutItem {
     Control(Form& owner, ControlName controlName, const wchar_t* windowClass,
             const std::wstring& text, DWORD style, DWORD extendedStyle = 0);
 
+    // A message to the control's own window.
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return ::SendMessageW(handle, message, wParam, lParam);
+    }
     // Underlines the access key in the first line of the text, which stands there.
     void UnderlineAccessKey(HDC target, POINT text) const;
     bool ShowsAccessKey() const;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/at_exit.h"
 #include "base/menu.h"
 #include "ui/application.h"
 #include "ui/control.h"
@@ -54,18 +55,12 @@ class Form {
     bool IsHeld() const { return holds > 0; }
     // The user has taken the form by its title or edge and not yet let go of it.
     bool IsBeingMoved() const { return beingMoved; }
-    // Holds a form for as long as it lives, as during the shell's own operations: these show a
-    // window of the shell's and let the user act on ours meanwhile.
-    class Held {
-      public:
-        explicit Held(Form& heldForm) : form(heldForm) { form.Hold(); }
-        ~Held() { form.Release(); }
-        Held(const Held&) = delete;
-        Held& operator=(const Held&) = delete;
-
-      private:
-        Form& form;
-    };
+    // Holds the form for as long as the result lives, as during the shell's own operations: these
+    // show a window of the shell's and let the user act on ours meanwhile.
+    [[nodiscard]] auto HoldMeanwhile() {
+        Hold();
+        return AtExit([this] { Release(); });
+    }
 
     // In tab order.
     const std::vector<Control*>& Controls() const { return controls; }

@@ -1,8 +1,8 @@
 // Activation, the focus, and what the keyboard does.
 #include <algorithm>
 
+#include "base/at_exit.h"
 #include "base/upper_case.h"
-#include "ui/at_exit.h"
 #include "ui/form.h"
 
 namespace tamblin {

@@ -1,8 +1,8 @@
 // What the system tells a form.
 #include <algorithm>
 
+#include "base/at_exit.h"
 #include "base/win32/busy_pointer.h"
-#include "ui/at_exit.h"
 #include "ui/form.h"
 
 namespace tamblin {
@@ -11,28 +11,16 @@ namespace {
 constexpr UINT_PTR TheTimer = 1;
 constexpr int FirstMenuId = 9000; // above all control IDs
 
-// Closed when it goes.
-class Drop {
-  public:
-    explicit Drop(HDROP dropHandle) : handle(dropHandle) {}
-    ~Drop() { DragFinish(handle); }
-    Drop(const Drop&) = delete;
-    Drop& operator=(const Drop&) = delete;
-
-    std::vector<std::wstring> Paths() const {
-        std::vector<std::wstring> paths;
-        const UINT count = DragQueryFileW(handle, 0xFFFFFFFF, nullptr, 0);
-        for (UINT file = 0; file < count; ++file) {
-            std::wstring path(DragQueryFileW(handle, file, nullptr, 0), L'\0');
-            DragQueryFileW(handle, file, path.data(), static_cast<UINT>(path.size()) + 1);
-            paths.push_back(path);
-        }
-        return paths;
+std::vector<std::wstring> PathsIn(HDROP drop) {
+    std::vector<std::wstring> paths;
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT file = 0; file < count; ++file) {
+        std::wstring path(DragQueryFileW(drop, file, nullptr, 0), L'\0');
+        DragQueryFileW(drop, file, path.data(), static_cast<UINT>(path.size()) + 1);
+        paths.push_back(path);
     }
-
-  private:
-    HDROP handle;
-};
+    return paths;
+}
 
 bool SamePoint(POINT a, POINT b) {
     return a.x == b.x && a.y == b.y;
@@ -195,14 +183,14 @@ void Form::AcceptFiles() {
     DragAcceptFiles(handle, TRUE);
 }
 
-void Form::TakeDroppedFiles(HDROP dropHandle) {
-    const Drop drop(dropHandle);
+void Form::TakeDroppedFiles(HDROP drop) {
+    const AtExit finish([&] { DragFinish(drop); });
     if (IsHeld() || !IsWindowEnabled(handle))
         return;
     SetForegroundWindow(handle);
     ++events;
     const AtExit over([this] { EventOver(); });
-    FilesDropped(drop.Paths());
+    FilesDropped(PathsIn(drop));
 }
 
 Control* Form::Find(HWND window) const {

@@ -54,7 +54,7 @@ void LinkLabel::Notified(UINT code) {
 }
 
 bool LinkLabel::TakeReturn() {
-    ::SendMessageW(Handle(), BM_CLICK, 0, 0);
+    Send(BM_CLICK);
     return true;
 }
 

@@ -64,9 +64,6 @@ class ListBox : public Control {
     size_t SelectRun(size_t first, const std::vector<bool>& shown, const std::vector<bool>& wanted);
     std::vector<bool> Selections() const;
     void Open();
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-        return ::SendMessageW(Handle(), message, wParam, lParam);
-    }
 
     bool several;
     int minimumColumns;

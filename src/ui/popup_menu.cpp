@@ -1,7 +1,7 @@
 #include "ui/popup_menu.h"
 
+#include "base/at_exit.h"
 #include "base/win32/busy_pointer.h"
-#include "ui/at_exit.h"
 #include "ui/form.h"
 
 namespace tamblin {

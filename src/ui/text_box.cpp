@@ -38,7 +38,7 @@ void TextBox::SetFont(const TextMeasure& measure) {
 // Selects the text, as the Tab key does.
 void TextBox::TakeAccessKey() {
     Control::TakeAccessKey();
-    ::SendMessageW(Handle(), EM_SETSEL, 0, -1);
+    Send(EM_SETSEL, 0, -1);
 }
 
 // The system writes a single line at the top of the client area. So the client area is one line

@@ -3,11 +3,11 @@
 namespace tamblin {
 
 bool TickButton::IsTicked() const {
-    return ::SendMessageW(Handle(), BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return Send(BM_GETCHECK) == BST_CHECKED;
 }
 
 void TickButton::SetTicked(bool on) {
-    ::SendMessageW(Handle(), BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
+    Send(BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
 Size TickButton::NaturalSize(const TextMeasure& measure) const {

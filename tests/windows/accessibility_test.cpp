@@ -2,7 +2,6 @@
 // it.
 #include "ui/accessibility.h"
 #include "ui/check_list.h"
-#include "ui/text_pane.h"
 #include "windows/window_scene.h"
 
 namespace tamblin {

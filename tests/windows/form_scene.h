@@ -1,7 +1,7 @@
 // A plain form that notes what reaches it.
 #pragma once
 
-#include "ui/at_exit.h"
+#include "base/at_exit.h"
 #include "ui/button.h"
 #include "ui/form.h"
 #include "ui/text_box.h"

@@ -48,8 +48,8 @@ TEST_F(FormTest, EnablesWhatAFailedCommandHadDisabledBeforeItReports) {
         EXPECT_TRUE(IsEnabled(other.Handle()));
     };
     Command(form, [&] {
-        const Form::Held held(form);
-        const Form::Held otherHeld(other);
+        const auto held = form.HoldMeanwhile();
+        const auto otherHeld = other.HoldMeanwhile();
         throw RunTimeError(ErrorNumber::DiskFull);
     });
     EXPECT_EQ(fake.messages.shown.size(), 1u);

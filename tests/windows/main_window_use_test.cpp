@@ -144,7 +144,7 @@ TEST_F(MainWindowTest, DroppedArchivesAreReadyToInstall) {
 TEST_F(MainWindowTest, DropsAreRefusedWhileAnOperationHoldsIt) {
     fake.files.AddFile(L"C:\\Downloads\\a.lzh");
     Open();
-    const Form::Held held(*form);
+    const auto held = form->HoldMeanwhile();
     DropFiles(*form, {L"C:\\Downloads\\a.lzh"});
     EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\packages\\");
 }

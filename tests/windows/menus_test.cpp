@@ -76,7 +76,7 @@ TEST_F(MenusTest, ReachNoFormThatIsDisabledOrHeld) {
     EXPECT_EQ(choose(), std::vector<MenuItem>{});
     EnableWindow(form.Handle(), TRUE);
     {
-        const Form::Held held(form);
+        const auto held = form.HoldMeanwhile();
         EXPECT_EQ(choose(), std::vector<MenuItem>{});
     }
     EXPECT_EQ(choose(), std::vector{MenuItem::mnrun});

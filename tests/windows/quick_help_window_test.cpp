@@ -137,7 +137,7 @@ TEST_F(QuickHelpTest, OpensTheSupportPageOnTheProgramsDrive) {
     for (const int index : {0, 1})
         Click(Link(9, index));
     EXPECT_TRUE(fake.shell.opened.empty());
-    Click(Link(9, static_cast<int>(SupportLinkIndex)));
+    Click(Link(9, 2));
     const DesktopShellFake::Opened page{SupportPageAddress, L"C:"};
     EXPECT_EQ(fake.shell.opened, std::vector{page});
 }
