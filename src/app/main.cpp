@@ -2,9 +2,8 @@
 #include <objbase.h>
 
 #include "app/program_windows.h"
-#include "platform/error_naming_file_system.h"
-#include "platform/win32/dll_search.h"
-#include "platform/win32/program_folder.h"
+#include "base/at_exit.h"
+#include "platform/win32/own_process.h"
 #include "platform/win32/program_instance.h"
 #include "platform/win32/win32_ansi_code_page.h"
 #include "platform/win32/win32_desktop_shell.h"
@@ -19,22 +18,12 @@
 namespace tamblin {
 namespace {
 
-class Apartment {
-  public:
-    Apartment() : result(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
-    ~Apartment() {
-        if (SUCCEEDED(result))
-            CoUninitialize();
-    }
-    Apartment(const Apartment&) = delete;
-    Apartment& operator=(const Apartment&) = delete;
-
-  private:
-    HRESULT result;
-};
-
 void RunProgram() {
-    const Apartment apartment;
+    const HRESULT apartment = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    const AtExit leaveApartment([&] {
+        if (SUCCEEDED(apartment))
+            CoUninitialize();
+    });
     const ProgramInstance instance;
     Application* windows = nullptr;
     Win32MessageBoxes messages([&] { return windows ? windows->BoxOwner() : nullptr; });
@@ -46,8 +35,7 @@ void RunProgram() {
         progress.ShowIfLong();
     };
     const Patience patience = PatienceOfWindows(Patience::usual, meanwhile);
-    Win32FileSystem disks(patience, meanwhile);
-    ErrorNamingFileSystem files(disks);
+    Win32FileSystem files(patience, meanwhile);
     Win32DesktopShell shell(SHFileOperationW, patience);
     Win32ProgramStarter starter;
     Win32EventLoop events([&](MSG& message) { return application.TakesMessage(message); });

@@ -1,8 +1,31 @@
 #include "base/run_time_error.h"
 
+#include <utility>
+
 #include "base/text.h"
 
 namespace tamblin {
+namespace {
+
+constexpr std::pair<ErrorNumber, const wchar_t*> Texts[] = {
+    {ErrorNumber::OutOfMemory, L"メモリが足りません。"},
+    {ErrorNumber::SubscriptOutOfRange, L"番号が使える範囲を超えています。"},
+    {ErrorNumber::BadFileName, L"ファイル名が正しくありません。"},
+    {ErrorNumber::FileNotFound, L"ファイルが見つかりません。"},
+    {ErrorNumber::FileAlreadyOpen, L"ファイルはすでに開かれています。"},
+    {ErrorNumber::DeviceIo, L"デバイスの入出力でエラーが起きました。"},
+    {ErrorNumber::FileAlreadyExists, L"同じ名前のファイルがすでにあります。"},
+    {ErrorNumber::DiskFull, L"ディスクの空き容量が足りません。"},
+    {ErrorNumber::TooManyFiles, L"ファイルの数が多すぎます。"},
+    {ErrorNumber::DeviceUnavailable, L"デバイスを使用できません。"},
+    {ErrorNumber::PermissionDenied,
+     L"アクセスが許可されていません。ほかのプログラムが使用している可能性があります。"},
+    {ErrorNumber::DiskNotReady, L"ディスクの準備ができていません。"},
+    {ErrorNumber::PathFileAccess, L"ファイルまたはフォルダを操作できません。"},
+    {ErrorNumber::PathNotFound, L"フォルダが見つかりません。"},
+};
+
+} // namespace
 
 RunTimeError RunTimeError::AsFatal() const {
     RunTimeError error(*this);
@@ -10,45 +33,10 @@ RunTimeError RunTimeError::AsFatal() const {
     return error;
 }
 
-RunTimeError RunTimeError::WithPath(const std::wstring& fileOrFolder) const {
-    RunTimeError error(*this);
-    if (error.path.empty())
-        error.path = fileOrFolder;
-    return error;
-}
-
 std::wstring RunTimeError::Text() const {
-    switch (number) {
-        case ErrorNumber::OutOfMemory:
-            return L"メモリが足りません。";
-        case ErrorNumber::SubscriptOutOfRange:
-            return L"番号が使える範囲を超えています。";
-        case ErrorNumber::BadFileName:
-            return L"ファイル名が正しくありません。";
-        case ErrorNumber::FileNotFound:
-            return L"ファイルが見つかりません。";
-        case ErrorNumber::FileAlreadyOpen:
-            return L"ファイルはすでに開かれています。";
-        case ErrorNumber::DeviceIo:
-            return L"デバイスの入出力でエラーが起きました。";
-        case ErrorNumber::FileAlreadyExists:
-            return L"同じ名前のファイルがすでにあります。";
-        case ErrorNumber::DiskFull:
-            return L"ディスクの空き容量が足りません。";
-        case ErrorNumber::TooManyFiles:
-            return L"ファイルの数が多すぎます。";
-        case ErrorNumber::DeviceUnavailable:
-            return L"デバイスを使用できません。";
-        case ErrorNumber::PermissionDenied:
-            return L"アクセスが許可されていません。ほかのプログラムが使用している可能性があります"
-                   L"。";
-        case ErrorNumber::DiskNotReady:
-            return L"ディスクの準備ができていません。";
-        case ErrorNumber::PathFileAccess:
-            return L"ファイルまたはフォルダを操作できません。";
-        case ErrorNumber::PathNotFound:
-            return L"フォルダが見つかりません。";
-    }
+    for (const auto& [ofNumber, text] : Texts)
+        if (ofNumber == number)
+            return text;
     return L"原因の分からないエラーです。";
 }
 

@@ -34,8 +34,6 @@ class RunTimeError : public std::exception {
 
     ErrorNumber Number() const { return number; }
     const std::wstring& Path() const { return path; } // may be empty
-    // A copy that names the file or folder, unless this one does already.
-    RunTimeError WithPath(const std::wstring& fileOrFolder) const;
 
     // A fatal error ends the process once it has been reported.
     bool IsFatal() const { return fatal; }

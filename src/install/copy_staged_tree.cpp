@@ -6,7 +6,6 @@
 #include "install/copy_check.h"
 #include "install/kavalet_definitions.h"
 #include "install/package_staging.h"
-#include "install/staged_file.h"
 #include "install/staging_walk.h"
 
 namespace tamblin {

@@ -1,5 +1,8 @@
 #include "install/install.h"
 
+#include <utility>
+
+#include "base/at_exit.h"
 #include "base/character_files.h"
 #include "base/name_index.h"
 #include "base/run_time_error.h"
@@ -8,7 +11,6 @@
 #include "install/installed_list.h"
 #include "install/package_staging.h"
 #include "install/selection_rules.h"
-#include "install/staged_file.h"
 
 namespace tamblin {
 namespace {
@@ -17,43 +19,6 @@ constexpr wchar_t NothingText[] = L"（なし）";
 constexpr wchar_t ExtractionFailedText[] = L"パッケージの解凍に失敗しました。";
 constexpr wchar_t CancelledText[] = L"インストールを中止しました。";
 constexpr wchar_t DoneText[] = L"インストールが完了しました。";
-
-// Keeps the main window disabled while an install runs.
-class MainWindowLock {
-  public:
-    explicit MainWindowLock(InstallScreen& mainScreen) : screen(mainScreen) {}
-    ~MainWindowLock() { Release(); }
-    MainWindowLock(const MainWindowLock&) = delete;
-    MainWindowLock& operator=(const MainWindowLock&) = delete;
-
-    // Not by the constructor: what fails behind the disabling must find a lock that releases.
-    void Take() {
-        taken = true;
-        screen.SetMainWindowEnabled(false);
-    }
-    void Release() {
-        if (taken)
-            screen.SetMainWindowEnabled(true);
-        taken = false;
-    }
-
-  private:
-    InstallScreen& screen;
-    bool taken = false;
-};
-
-// However an install ends, nothing of the program stays in the way of who deletes the staging
-// folder.
-class StagingSession {
-  public:
-    explicit StagingSession(Platform& surroundings) : platform(surroundings) {}
-    ~StagingSession() { LeaveStagingFolder(platform); }
-    StagingSession(const StagingSession&) = delete;
-    StagingSession& operator=(const StagingSession&) = delete;
-
-  private:
-    Platform& platform;
-};
 
 class InstallRun {
   public:
@@ -70,9 +35,13 @@ class InstallRun {
                                   hostFolder, platform))
             return;
         model.enabled[Command::Install] = false;
-        MainWindowLock lock(screen);
-        lock.Take();
-        const StagingSession session(platform);
+        // Also when what follows the disabling fails.
+        const AtExit enable([this] { EnableMainWindow(); });
+        mainWindowDisabled = true;
+        screen.SetMainWindowEnabled(false);
+        // However an install ends, nothing of the program stays in the way of who deletes the
+        // staging folder.
+        const AtExit leave([this] { LeaveStagingFolder(platform); });
         if (!PrepareStagingFolder(hostFolder, platform) || !StageSelectedFiles())
             return;
         FillEmptyLists();
@@ -83,9 +52,9 @@ class InstallRun {
         if (!screen.MainWindowIsOpen())
             ClearStagingFolder(hostFolder, platform); // the session ends, and nobody has answered
         else if (InstallAnswer == AnswerCancel)
-            Cancel(lock);
+            Cancel();
         else
-            Finish(lock);
+            Finish();
     }
 
   private:
@@ -179,18 +148,18 @@ class InstallRun {
         }
     }
 
-    void Cancel(MainWindowLock& lock) {
+    void Cancel() {
         ClearStagingFolder(hostFolder, platform);
         platform.messages.Inform(CancelledText, MessageIcon::Information);
-        lock.Release();
+        EnableMainWindow();
         ApplySelectionRules(model, state, platform);
     }
 
-    void Finish(MainWindowLock& lock) {
+    void Finish() {
         CopyStagedTree(hostFolder, state, platform);
         platform.messages.Inform(DoneText, MessageIcon::Information);
         model.browser.Files().DeselectAll();
-        lock.Release();
+        EnableMainWindow();
         RefreshInstalledList(model, state, platform);
         // Without a selected file the rules disable Command9, and Command1, which has to stay
         // enabled although nothing is selected any more.
@@ -198,10 +167,16 @@ class InstallRun {
         model.enabled[Command::Install] = true;
     }
 
+    void EnableMainWindow() {
+        if (std::exchange(mainWindowDisabled, false))
+            screen.SetMainWindowEnabled(true);
+    }
+
     MainModel& model;
     SettingsState& state;
     Platform& platform;
     InstallScreen& screen;
+    bool mainWindowDisabled = false;
     std::wstring hostFolder;
     InstallConfirmation lists;
 };

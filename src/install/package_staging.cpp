@@ -6,7 +6,6 @@
 #include "base/name_index.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
-#include "install/staged_file.h"
 #include "install/staging_walk.h"
 
 namespace tamblin {
@@ -87,6 +86,16 @@ void ClearStagingFolder(const std::wstring& hostFolder, Platform& platform) {
         WalkStagingFolder(folder + L"\\", visitor, platform.files, work);
     }
     platform.files.SetCurrentFolder(platform.programFolder);
+}
+
+void DeleteStagedFile(const std::wstring& file, FileSystem& files) {
+    const auto entry = files.Find(file);
+    if (entry && entry->attributes.readOnly) {
+        FileAttributes attributes = entry->attributes;
+        attributes.readOnly = false;
+        files.SetAttributes(file, attributes);
+    }
+    files.Delete(file);
 }
 
 bool PrepareStagingFolder(const std::wstring& hostFolder, Platform& platform) {

@@ -23,6 +23,10 @@ inline constexpr wchar_t TidyingText[] = L"作業用フォルダを整理して�
 // any attribute but "folder" is not entered, hidden and system files stay; either makes it fail.
 void ClearStagingFolder(const std::wstring& hostFolder, Platform& platform);
 
+// Deletes a file of the staging folder. Archives carry read-only files; that they are read-only
+// protects the installed file, not its staged copy.
+void DeleteStagedFile(const std::wstring& file, FileSystem& files);
+
 // An empty staging folder, made current and held, in which files get the permissions that they
 // would have in the host folder. False when another session has it; the user has then been told,
 // and nothing of it is touched.

@@ -1,7 +1,7 @@
 // Drives, folders and files. Paths are Windows paths (platform/path_form.h says which are well
 // formed); a relative one counts from the current folder of its drive, an empty one is the current
 // folder. "/" and a doubled "\" count as one "\"; dots and blanks at the end of a path do not
-// count. Every failure is a RunTimeError:
+// count. Every failure is a RunTimeError that names the file or folder in full:
 //
 //   52 the name is malformed, or (Find) its drive does not exist
 //   53 there is no such file                 55 the file is open in a way that forbids this

@@ -90,6 +90,17 @@ TEST_F(CopyStagedTreeTest, ExistingFolderIsCompleted) {
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
+TEST_F(CopyStagedTreeTest, LinkAmongTheStagedFoldersIsNotLookedInto) {
+    Stage(L"mio\\a");
+    files.AddFile(L"C:\\Elsewhere\\x", "not staged");
+    files.AddLink(L"C:\\TAMTMP\\mio\\link", L"C:\\Elsewhere");
+    files.AddFile(L"C:\\Host\\mio\\link\\x", "old", {.readOnly = true});
+    // The folder that holds the link cannot go.
+    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(InHost(L"mio\\a"), "staged");
+    EXPECT_EQ(files.Contents(L"C:\\Elsewhere\\x"), "not staged");
+}
+
 TEST_F(CopyStagedTreeTest, ReplacedFileKeepsItsAttributesAndPermissions) {
     files.AddFile(L"C:\\Host\\mio.obl", "old", {.hidden = true, .archive = true});
     files.SetPermissions(L"C:\\Host\\mio.obl", L"the user's own");

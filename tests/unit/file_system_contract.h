@@ -11,8 +11,8 @@
 #include <ostream>
 #include <string>
 
+#include "base/run_time_error.h"
 #include "platform/file_system.h"
-#include "support/thrown_number.h"
 
 namespace tamblin {
 
@@ -36,6 +36,9 @@ class DiskUnderTest {
     // False where links cannot be made.
     virtual bool MakeLink(const std::wstring& path, const std::wstring& target) = 0;
 
+    // Whether errors say which file or folder they are about.
+    virtual bool NamesPaths() const { return true; }
+
     // Wine differs from Windows in places; the tests say where.
     virtual bool IsWine() const { return false; }
 };
@@ -53,6 +56,17 @@ class FileSystemContract : public testing::TestWithParam<DiskMaker> {
     std::wstring In(const std::wstring& relative) const { return folder + L'\\' + relative; }
     std::wstring Root() const { return folder.substr(0, 3); }
     bool IsThere(const std::wstring& relative) { return files.Find(In(relative)).has_value(); }
+
+    // The number of the error that an operation throws, 0 when it throws none.
+    int ThrownNumber(const std::function<void()>& operation) const {
+        try {
+            operation();
+        } catch (const RunTimeError& error) {
+            EXPECT_NE(error.Path().empty(), disk->NamesPaths());
+            return static_cast<int>(error.Number());
+        }
+        return 0;
+    }
 
     std::unique_ptr<DiskUnderTest> disk;
     FileSystem& files;

@@ -24,6 +24,7 @@ class MemoryDisk : public DiskUnderTest {
         files.AddLink(path, target);
         return true;
     }
+    bool NamesPaths() const override { return false; }
 
   private:
     MemoryFileSystem files;

@@ -57,16 +57,8 @@ TEST(RunTimeError, AdvisesWhereTheUserCanDoSomething) {
     EXPECT_EQ(RunTimeError(ErrorNumber::DiskFull, L"C:\\a", L"one's own").Advice(), L"one's own");
 }
 
-TEST(RunTimeError, KeepsTheFileThatItNamedFirst) {
-    const RunTimeError error = RunTimeError(ErrorNumber::FileNotFound).WithPath(L"C:\\a");
-    EXPECT_EQ(error.Path(), L"C:\\a");
-    EXPECT_EQ(error.WithPath(L"C:\\b").Path(), L"C:\\a");
-    EXPECT_EQ(error.AsFatal().WithPath(L"C:\\b").Path(), L"C:\\a");
-    EXPECT_TRUE(RunTimeError(ErrorNumber::DiskFull).AsFatal().WithPath(L"C:\\b").IsFatal());
-}
-
 TEST(RunTimeError, BecomesFatalOnlyInTheCopy) {
-    const RunTimeError error(ErrorNumber::DiskFull);
+    const RunTimeError error(ErrorNumber::DiskFull, L"C:\\a");
     const RunTimeError fatal = error.AsFatal();
     EXPECT_FALSE(error.IsFatal());
     EXPECT_TRUE(fatal.IsFatal());

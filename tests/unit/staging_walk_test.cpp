@@ -1,6 +1,6 @@
 // The order in which the staging folder is emptied, and what makes it stop.
 #include "install/staging_walk.h"
-#include "install/staged_file.h"
+#include "install/package_staging.h"
 
 #include "unit/rules_fixture.h"
 

@@ -72,8 +72,9 @@ TEST(Win32Error, TakesEverythingElseForTheDevicesFault) {
 
 TEST(Win32Error, ThrowsTheLastError) {
     SetLastError(ERROR_DISK_FULL);
-    EXPECT_EQ(ThrownNumber([] { ThrowLastError(); }), 61);
-    EXPECT_EQ(ThrownNumber([] { ThrowError(ERROR_NOT_READY, Attempt::List); }), 68);
+    EXPECT_EQ(ThrownNumber([] { ThrowLastError(L"C:\\a"); }), 61);
+    SetLastError(ERROR_NOT_READY);
+    EXPECT_EQ(ThrownNumber([] { ThrowLastError(L"C:\\a", Attempt::List); }), 68);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,25 @@ class Win32FileSystemTest : public testing::Test {
     TemporaryFolder folder;
     Win32FileSystem files;
 };
+
+TEST_F(Win32FileSystemTest, ErrorsNameInFullWhatTheyAreAbout) {
+    const auto expectNamed = [&](const wchar_t* named, const std::function<void()>& operation) {
+        try {
+            operation();
+            ADD_FAILURE();
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.Path(), In(named));
+        }
+    };
+    const std::wstring former = files.CurrentFolder();
+    files.Write(In(L"a"), "1");
+    files.Write(In(L"b"), "2");
+    expectNamed(L"nosuch", [&] { files.Copy(In(L"nosuch"), In(L"b")); });
+    expectNamed(L"b", [&] { files.Rename(In(L"a"), In(L"b")); });
+    files.SetCurrentFolder(folder.Path());
+    expectNamed(L"nosuch", [&] { files.Read(L"nosuch"); });
+    files.SetCurrentFolder(former);
+}
 
 FILETIME TimeOfChange(const std::wstring& file) {
     WIN32_FILE_ATTRIBUTE_DATA data{};

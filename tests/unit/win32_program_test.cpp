@@ -7,7 +7,7 @@
 #include <shellapi.h>
 
 #include "base/text.h"
-#include "platform/win32/program_folder.h"
+#include "platform/win32/own_process.h"
 #include "platform/win32/program_instance.h"
 #include "platform/win32/win32_ansi_code_page.h"
 #include "platform/win32/win32_event_loop.h"
@@ -102,11 +102,11 @@ TEST(ProgramInstance, FirstOneHoldsThePlaceWhileItLives) {
     const std::wstring name = L"Local\\Tamblin.Test." + std::to_wstring(GetCurrentProcessId());
     {
         const ProgramInstance first(name);
-        EXPECT_TRUE(first.IsFirst());
-        EXPECT_FALSE(ProgramInstance(name).IsFirst());
-        EXPECT_TRUE(ProgramInstance(name + L".other").IsFirst());
+        EXPECT_FALSE(first.IsRunning());
+        EXPECT_TRUE(ProgramInstance(name).IsRunning());
+        EXPECT_FALSE(ProgramInstance(name + L".other").IsRunning());
     }
-    EXPECT_TRUE(ProgramInstance(name).IsFirst());
+    EXPECT_FALSE(ProgramInstance(name).IsRunning());
 }
 
 TEST(ProgramFolder, HoldsTheProgramFile) {

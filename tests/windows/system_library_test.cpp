@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "platform/win32/dll_search.h"
+#include "platform/win32/own_process.h"
 #include "support/temporary_folder.h"
 
 namespace tamblin {

@@ -1,5 +1,6 @@
 #include "platform/win32/busy_wait.h"
 
+#include "base/at_exit.h"
 #include "base/win32/busy_pointer.h"
 #include "platform/win32/win32_handle.h"
 
@@ -16,12 +17,6 @@ DWORD CodeOf(const std::function<bool()>& call) {
 DWORD WINAPI RunOnThread(void* call) {
     return CodeOf(*static_cast<const std::function<bool()>*>(call));
 }
-
-// What the thread works with must outlive it, also when something is thrown meanwhile.
-struct JoinThread {
-    ~JoinThread() { WaitForSingleObject(thread, INFINITE); }
-    HANDLE thread;
-};
 
 } // namespace
 
@@ -68,7 +63,8 @@ bool BusyWatch::During(const std::function<bool()>& call) {
     std::function<bool()> shared = call;
     DWORD code = ERROR_SUCCESS;
     if (const UniqueHandle thread{CreateThread(nullptr, 0, RunOnThread, &shared, 0, nullptr)}) {
-        const JoinThread join{thread.get()};
+        // What the thread works with must outlive it, also when something is thrown meanwhile.
+        const AtExit join([&] { WaitForSingleObject(thread.get(), INFINITE); });
         if (WaitForSingleObject(thread.get(), longWork) == WAIT_TIMEOUT) {
             const BusyPointer hourglass;
             while (!PaintUntil(thread.get(), betweenPictures))

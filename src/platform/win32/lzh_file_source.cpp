@@ -19,9 +19,8 @@ constexpr std::size_t aheadSize = 64 * 1024;
 } // namespace
 
 LzhFileSource::LzhFileSource(const std::wstring& path)
-    : file(NullIfInvalid(CreateFileW(PathForWindows(FullPath(path)).c_str(), GENERIC_READ,
-                                     FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                     FILE_FLAG_SEQUENTIAL_SCAN, nullptr))) {
+    : file(OpenAt(FullPath(path), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING,
+                  FILE_FLAG_SEQUENTIAL_SCAN)) {
     LARGE_INTEGER fileSize{};
     if (!file || !GetFileSizeEx(file.get(), &fileSize))
         throw LzhError(LzhFailure::CannotOpenArchive);

@@ -13,7 +13,6 @@ class ProgramInstance : public EarlierCopy {
   public:
     explicit ProgramInstance(const std::wstring& name = L"Local\\Tamblin");
 
-    bool IsFirst() const { return isFirst; }
     bool IsRunning() const override { return !isFirst; }
     void BringToFront() const override;
 

@@ -1,6 +1,6 @@
 #include "platform/win32/win32_attributes.h"
 
-#include "platform/win32/win32_path.h"
+#include "platform/win32/win32_handle.h"
 
 namespace tamblin {
 namespace {
@@ -26,6 +26,14 @@ DWORD BitsOf(const std::wstring& fullPath) {
 bool HasBits(const std::wstring& fullPath, DWORD wanted) {
     const DWORD bits = BitsOf(fullPath);
     return bits != INVALID_FILE_ATTRIBUTES && (bits & wanted) != 0;
+}
+
+std::optional<WIN32_FIND_DATAW> FindAt(const std::wstring& fullPath) {
+    WIN32_FIND_DATAW found;
+    const UniqueFindHandle search(
+        NullIfInvalid(FindFirstFileExW(PathForWindows(fullPath).c_str(), FindExInfoBasic, &found,
+                                       FindExSearchNameMatch, nullptr, 0)));
+    return search ? std::optional(found) : std::nullopt;
 }
 
 FileAttributes AttributesOf(const WIN32_FIND_DATAW& found) {

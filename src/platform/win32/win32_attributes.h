@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 #include "platform/file_system.h"
@@ -12,6 +13,10 @@ namespace tamblin {
 // Windows' bits of what stands at a full path; INVALID_FILE_ATTRIBUTES when nothing does.
 DWORD BitsOf(const std::wstring& fullPath);
 bool HasBits(const std::wstring& fullPath, DWORD wanted);
+
+// What FindFirstFile tells of what stands at a full path; nothing when there is no such thing, and
+// GetLastError() then tells why.
+std::optional<WIN32_FIND_DATAW> FindAt(const std::wstring& fullPath);
 
 // The attributes of something found by FindFirstFile.
 FileAttributes AttributesOf(const WIN32_FIND_DATAW& found);

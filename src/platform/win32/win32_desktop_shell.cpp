@@ -39,16 +39,6 @@ std::optional<std::wstring> DeletablePath(const std::wstring& path) {
     }
 }
 
-// Nothing when there is no such thing.
-std::optional<WIN32_FIND_DATAW> FindAt(const std::wstring& fullPath) {
-    WIN32_FIND_DATAW found;
-    const UniqueFindHandle search(
-        NullIfInvalid(FindFirstFileW(PathForWindows(fullPath).c_str(), &found)));
-    if (!search)
-        return std::nullopt;
-    return found;
-}
-
 // False when the link stays. What it points to always does.
 bool RemoveLink(const std::wstring& fullPath, const WIN32_FIND_DATAW& link) {
     return !IsUnixLink(link) && RemoveDirectoryW(PathForWindows(fullPath).c_str());

@@ -1,9 +1,9 @@
 #include "platform/win32/win32_error.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <iterator>
+
+#include "platform/win32/win32_path.h"
 
 namespace tamblin {
 namespace {
@@ -32,12 +32,7 @@ struct SpecialTranslation {
 constexpr Translation translations[] = {
     {ERROR_FILE_NOT_FOUND, FileNotFound},
     {ERROR_PATH_NOT_FOUND, PathNotFound},
-    {ERROR_INVALID_DRIVE, PathNotFound},
     {ERROR_DIRECTORY, PathNotFound}, // a file where a folder is wanted
-    {ERROR_BAD_NETPATH, PathNotFound},
-    {ERROR_BAD_NET_NAME, PathNotFound},
-    {ERROR_DEV_NOT_EXIST, PathNotFound},
-    {ERROR_NETWORK_UNREACHABLE, PathNotFound},
     {ERROR_INVALID_NAME, BadFileName},
     {ERROR_BAD_PATHNAME, BadFileName},
     {ERROR_FILENAME_EXCED_RANGE, BadFileName},
@@ -77,11 +72,6 @@ constexpr Translation translations[] = {
 };
 
 constexpr SpecialTranslation specialTranslations[] = {
-    {Attempt::Find, ERROR_INVALID_DRIVE, BadFileName},
-    {Attempt::Find, ERROR_BAD_NETPATH, BadFileName},
-    {Attempt::Find, ERROR_BAD_NET_NAME, BadFileName},
-    {Attempt::Find, ERROR_DEV_NOT_EXIST, BadFileName},
-    {Attempt::Find, ERROR_NETWORK_UNREACHABLE, BadFileName},
     {Attempt::MakeFolder, ERROR_FILE_EXISTS, PathFileAccess},
     {Attempt::MakeFolder, ERROR_ALREADY_EXISTS, PathFileAccess},
     {Attempt::RemoveFolder, ERROR_FILE_NOT_FOUND, PathNotFound},
@@ -93,21 +83,20 @@ constexpr SpecialTranslation specialTranslations[] = {
     {Attempt::StartProgram, ElevationRequired, PathFileAccess},
 };
 
-// For the two attempts that open a folder, all that is wrong with its drive is one error.
-ErrorNumber ForOpeningAFolder(DWORD code, ErrorNumber number) {
-    switch (code) {
-        case ERROR_INVALID_DRIVE:
-        case ERROR_BAD_NETPATH:
-        case ERROR_BAD_NET_NAME:
-        case ERROR_DEV_NOT_EXIST:
-        case ERROR_NETWORK_UNREACHABLE:
-            return DeviceUnavailable;
-        default:
-            break;
-    }
-    if (number == DiskNotReady)
-        return DeviceUnavailable;
-    return number == FileNotFound ? PathNotFound : number;
+// All that is wrong with its drive is one error for what opens a folder.
+bool OpensFolder(Attempt attempt) {
+    return attempt == Attempt::List || attempt == Attempt::EnterFolder;
+}
+
+bool MeansMissingDrive(DWORD code) {
+    return code == ERROR_INVALID_DRIVE || code == ERROR_BAD_NETPATH || code == ERROR_BAD_NET_NAME ||
+           code == ERROR_DEV_NOT_EXIST || code == ERROR_NETWORK_UNREACHABLE;
+}
+
+ErrorNumber ForMissingDrive(Attempt attempt) {
+    if (attempt == Attempt::Find)
+        return BadFileName;
+    return OpensFolder(attempt) ? DeviceUnavailable : PathNotFound;
 }
 
 ErrorNumber Translate(DWORD code) {
@@ -121,21 +110,49 @@ ErrorNumber Translate(DWORD code) {
 
 } // namespace
 
-ErrorNumber ErrorNumberOf(unsigned long code, Attempt attempt) {
+ErrorNumber ErrorNumberOf(DWORD code, Attempt attempt) {
     for (const SpecialTranslation& special : specialTranslations)
         if (special.attempt == attempt && special.code == code)
             return special.number;
+    if (MeansMissingDrive(code))
+        return ForMissingDrive(attempt);
     const ErrorNumber number = Translate(code);
-    const bool opensFolder = attempt == Attempt::List || attempt == Attempt::EnterFolder;
-    return opensFolder ? ForOpeningAFolder(code, number) : number;
+    if (OpensFolder(attempt) && number == DiskNotReady)
+        return DeviceUnavailable;
+    return OpensFolder(attempt) && number == FileNotFound ? PathNotFound : number;
 }
 
-void ThrowError(unsigned long code, Attempt attempt) {
-    throw RunTimeError(ErrorNumberOf(code, attempt));
+void ThrowLastError(const std::wstring& fullPath, Attempt attempt) {
+    const DWORD code = GetLastError();
+    throw RunTimeError(ErrorNumberOf(code, attempt), fullPath);
 }
 
-void ThrowLastError(Attempt attempt) {
-    ThrowError(GetLastError(), attempt);
+bool MeansNotThere(DWORD code) {
+    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND ||
+           code == ERROR_DIRECTORY || code == ERROR_INVALID_NAME;
+}
+
+void CheckDrive(const std::wstring& fullPath, ErrorNumber missing, ErrorNumber notReady) {
+    const std::wstring root = RootOf(fullPath);
+    if (GetDriveTypeW(root.c_str()) == DRIVE_NO_ROOT_DIR)
+        throw RunTimeError(missing, fullPath);
+    if (GetFileAttributesW(root.c_str()) == INVALID_FILE_ATTRIBUTES)
+        throw RunTimeError(notReady, fullPath);
+}
+
+// A missing drive is reported as a missing file by some calls, as a missing folder by others.
+void ThrowFileError(const std::wstring& fullPath, Attempt attempt) {
+    const DWORD code = GetLastError();
+    if (MeansNotThere(code))
+        CheckDrive(fullPath, PathNotFound, DiskNotReady);
+    throw RunTimeError(ErrorNumberOf(code, attempt), fullPath);
+}
+
+void ThrowFolderError(const std::wstring& fullPath, Attempt attempt) {
+    if (!MeansNotThere(GetLastError()))
+        ThrowLastError(fullPath, attempt);
+    CheckDrive(fullPath, DeviceUnavailable, DeviceUnavailable);
+    throw RunTimeError(PathNotFound, fullPath);
 }
 
 } // namespace tamblin

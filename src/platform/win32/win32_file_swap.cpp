@@ -7,7 +7,7 @@
 
 #include "base/path_limits.h"
 #include "platform/win32/win32_attributes.h"
-#include "platform/win32/win32_file_error.h"
+#include "platform/win32/win32_error.h"
 #include "platform/win32/win32_held_file.h"
 #include "platform/win32/win32_path.h"
 #include "platform/win32/win32_permissions.h"
@@ -19,14 +19,14 @@ namespace {
 // program can come in between.
 constexpr DWORD successorAccess = GENERIC_WRITE | DELETE;
 
-void WriteAll(HANDLE file, std::string_view bytes) {
+void WriteAll(HANDLE file, std::string_view bytes, const std::wstring& fullPath) {
     while (!bytes.empty()) {
         const auto wanted = static_cast<DWORD>(std::min<size_t>(bytes.size(), LongestTransfer));
         DWORD written = 0;
         if (!WriteFile(file, bytes.data(), wanted, &written, nullptr))
-            ThrowLastError();
+            ThrowLastError(fullPath);
         if (written == 0)
-            ThrowError(ERROR_DISK_FULL);
+            throw RunTimeError(ErrorNumber::DiskFull, fullPath);
         bytes.remove_prefix(written);
     }
 }
@@ -37,9 +37,9 @@ bool IsFlushed(HANDLE file) {
            GetLastError() == ERROR_NOT_SUPPORTED;
 }
 
-void Flush(HANDLE file) {
+void Flush(HANDLE file, const std::wstring& fullPath) {
     if (!IsFlushed(file))
-        ThrowLastError();
+        ThrowLastError(fullPath);
 }
 
 void SetBits(const std::wstring& fullPath, DWORD bits) {
@@ -83,10 +83,8 @@ std::wstring FreeNameBeside(const std::wstring& fullPath) {
 
 // The path with the last name as it is spelled on the disk.
 std::wstring Spelled(const std::wstring& fullPath) {
-    WIN32_FIND_DATAW found;
-    const UniqueFindHandle search(
-        NullIfInvalid(FindFirstFileW(PathForWindows(fullPath).c_str(), &found)));
-    return search ? fullPath.substr(0, fullPath.rfind(L'\\') + 1) + found.cFileName : fullPath;
+    const auto found = FindAt(fullPath);
+    return found ? fullPath.substr(0, fullPath.rfind(L'\\') + 1) + found->cFileName : fullPath;
 }
 
 bool RenameOver(HANDLE successor, const std::wstring& target) {
@@ -103,7 +101,7 @@ bool RenameOver(HANDLE successor, const std::wstring& target) {
 
 void TakePlace(HANDLE successor, const std::wstring& successorPath, const std::wstring& target,
                const Patience& patience) {
-    Flush(successor);
+    Flush(successor, successorPath);
     CopyPermissions(target, successorPath);
     SetBits(successorPath, BitsOf(target) | FILE_ATTRIBUTE_ARCHIVE);
     const std::wstring spelled = Spelled(target);
@@ -121,10 +119,7 @@ UniqueHandle OpenSuccessor(const std::wstring& successorPath, DWORD disposition,
 }
 
 bool MayBeRead(const std::wstring& fullPath) {
-    constexpr DWORD all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    return UniqueHandle(NullIfInvalid(CreateFileW(PathForWindows(fullPath).c_str(), GENERIC_READ,
-                                                  all, nullptr, OPEN_EXISTING, 0, nullptr))) !=
-           nullptr;
+    return OpenAt(fullPath, GENERIC_READ, ShareAll, OPEN_EXISTING, 0) != nullptr;
 }
 
 // Windows takes the part of a copy that fitted on a full disk away again, Wine leaves it.
@@ -166,12 +161,10 @@ void MakeOrDelete(const std::wstring& fullPath, const Making& make) {
 
 UniqueHandle OpenFile(const std::wstring& fullPath, const OpenMode& mode,
                       const Patience& patience) {
-    const std::wstring path = PathForWindows(fullPath);
     UniqueHandle file;
     Persist(patience, fullPath, [&] {
-        file.reset(NullIfInvalid(
-            CreateFileW(path.c_str(), mode.access, mode.share, nullptr, mode.disposition,
-                        FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr)));
+        file = OpenAt(fullPath, mode.access, mode.share, mode.disposition,
+                      FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN);
         return file != nullptr;
     });
     return file;
@@ -181,8 +174,8 @@ void WriteNewFile(const std::wstring& target, std::string_view bytes, const Pati
     UniqueHandle file = OpenSuccessor(target, CREATE_NEW, patience);
     MakeOrDelete(target, [&] {
         const UniqueHandle open = std::move(file);
-        WriteAll(open.get(), bytes);
-        Flush(open.get());
+        WriteAll(open.get(), bytes, target);
+        Flush(open.get(), target);
     });
 }
 
@@ -199,7 +192,7 @@ void CopyToNewFile(const std::wstring& source, const std::wstring& target, const
         const Writable writable(target);
         const UniqueHandle file = OpenSuccessor(target, OPEN_EXISTING, patience);
         if (!busy.During([&] { return IsFlushed(file.get()); }))
-            ThrowLastError();
+            ThrowLastError(target);
     });
 }
 
@@ -209,7 +202,7 @@ void SwapInBytes(const std::wstring& target, std::string_view bytes, const Patie
         UniqueHandle file = OpenSuccessor(successor, CREATE_NEW, patience);
         MakeOrDelete(successor, [&] {
             const UniqueHandle open = std::move(file);
-            WriteAll(open.get(), bytes);
+            WriteAll(open.get(), bytes, successor);
             TakePlace(open.get(), successor, target, patience);
         });
     });

@@ -8,7 +8,7 @@
 
 #include "base/text.h"
 #include "platform/win32/win32_attributes.h"
-#include "platform/win32/win32_file_error.h"
+#include "platform/win32/win32_error.h"
 #include "platform/win32/win32_file_swap.h"
 #include "platform/win32/win32_handle.h"
 #include "platform/win32/win32_path.h"
@@ -21,7 +21,7 @@ std::wstring FullFilePath(const std::wstring& path) {
     std::wstring full = FullPath(path);
     if (EndsInSeparator(path) || IsRoot(full)) {
         CheckDrive(full, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
-        throw RunTimeError(ErrorNumber::PathFileAccess);
+        throw RunTimeError(ErrorNumber::PathFileAccess, full);
     }
     return full;
 }
@@ -29,20 +29,14 @@ std::wstring FullFilePath(const std::wstring& path) {
 // Wine, run by root, lets programs replace files and remove folders that are read-only.
 void CheckNotReadOnly(const std::wstring& full) {
     if (HasBits(full, FILE_ATTRIBUTE_READONLY))
-        throw RunTimeError(ErrorNumber::PathFileAccess);
-}
-
-UniqueFindHandle FindFirst(const std::wstring& pattern, WIN32_FIND_DATAW& found, DWORD flags) {
-    return UniqueFindHandle(NullIfInvalid(FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &found,
-                                                           FindExSearchNameMatch, nullptr, flags)));
+        throw RunTimeError(ErrorNumber::PathFileAccess, full);
 }
 
 // What cannot be removed or renamed without hitting something else is refused.
 void CheckNotUnixLink(const std::wstring& full) {
-    WIN32_FIND_DATAW found;
-    if (HasBits(full, FILE_ATTRIBUTE_REPARSE_POINT) && FindFirst(PathForWindows(full), found, 0) &&
-        IsUnixLink(found))
-        throw RunTimeError(ErrorNumber::PathFileAccess);
+    const auto found = HasBits(full, FILE_ATTRIBUTE_REPARSE_POINT) ? FindAt(full) : std::nullopt;
+    if (found && IsUnixLink(*found))
+        throw RunTimeError(ErrorNumber::PathFileAccess, full);
 }
 
 FolderEntry EntryOf(const WIN32_FIND_DATAW& found) {
@@ -65,7 +59,7 @@ void SortByUpperCase(std::vector<FolderEntry>& entries) {
 void CheckMayBeReplaced(const std::wstring& full, const Patience& patience) {
     CheckNotReadOnly(full);
     if (HasBits(full, FILE_ATTRIBUTE_DIRECTORY))
-        throw RunTimeError(ErrorNumber::PathFileAccess);
+        throw RunTimeError(ErrorNumber::PathFileAccess, full);
     if (!OpenFile(full, {GENERIC_WRITE | DELETE, 0, OPEN_EXISTING}, patience))
         ThrowFileError(full);
 }
@@ -74,7 +68,8 @@ void CheckNotTheSame(const std::wstring& source, const std::wstring& target) {
     if (EqualIgnoringCase(source, target))
         throw RunTimeError(BitsOf(source) == INVALID_FILE_ATTRIBUTES
                                ? ErrorNumber::FileNotFound
-                               : ErrorNumber::PermissionDenied);
+                               : ErrorNumber::PermissionDenied,
+                           source);
 }
 
 bool IsBelow(const std::wstring& full, const std::wstring& folder) {
@@ -105,15 +100,14 @@ std::optional<FolderEntry> Win32FileSystem::Find(const std::wstring& path) {
         CheckDrive(full, ErrorNumber::BadFileName, ErrorNumber::DiskNotReady);
         return FolderEntry{{}, {.folder = true}};
     }
-    WIN32_FIND_DATAW found;
-    if (!FindFirst(PathForWindows(full), found, 0)) {
-        const DWORD code = GetLastError();
-        if (!MeansNotThere(code))
-            ThrowError(code, Attempt::Find);
+    const auto found = FindAt(full);
+    if (!found) {
+        if (!MeansNotThere(GetLastError()))
+            ThrowLastError(full, Attempt::Find);
         CheckDrive(full, ErrorNumber::BadFileName, ErrorNumber::DiskNotReady);
         return std::nullopt;
     }
-    FolderEntry entry = EntryOf(found);
+    FolderEntry entry = EntryOf(*found);
     if (EndsInSeparator(path) && !entry.attributes.folder)
         return std::nullopt;
     return entry;
@@ -123,8 +117,10 @@ std::vector<FolderEntry> Win32FileSystem::List(const std::wstring& folder) try {
     const std::wstring full = FullPath(folder);
     std::vector<FolderEntry> entries;
     WIN32_FIND_DATAW found;
-    const UniqueFindHandle search =
-        FindFirst(PathForWindows(WithBackslash(full)) + L'*', found, FIND_FIRST_EX_LARGE_FETCH);
+    const std::wstring all = PathForWindows(WithBackslash(full)) + L'*';
+    const UniqueFindHandle search(
+        NullIfInvalid(FindFirstFileExW(all.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch,
+                                       nullptr, FIND_FIRST_EX_LARGE_FETCH)));
     if (!search) {
         // An empty root has not even the two dotted entries.
         if (GetLastError() == ERROR_FILE_NOT_FOUND && HasBits(full, FILE_ATTRIBUTE_DIRECTORY))
@@ -140,18 +136,17 @@ std::vector<FolderEntry> Win32FileSystem::List(const std::wstring& folder) try {
     SortByUpperCase(entries);
     return entries;
 } catch (const std::bad_alloc&) {
-    throw RunTimeError(ErrorNumber::OutOfMemory);
+    throw RunTimeError(ErrorNumber::OutOfMemory, folder);
 }
 
 std::string Win32FileSystem::Read(const std::wstring& file) try {
     const std::wstring full = FullFilePath(file);
-    constexpr DWORD all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const UniqueHandle handle = OpenFile(full, {GENERIC_READ, all, OPEN_EXISTING}, patience);
+    const UniqueHandle handle = OpenFile(full, {GENERIC_READ, ShareAll, OPEN_EXISTING}, patience);
     if (!handle)
         ThrowFileError(full);
     LARGE_INTEGER size;
     if (!GetFileSizeEx(handle.get(), &size))
-        ThrowLastError();
+        ThrowLastError(full);
     std::string bytes(static_cast<size_t>(size.QuadPart), '\0');
     size_t done = 0;
     while (done < bytes.size()) {
@@ -162,7 +157,7 @@ std::string Win32FileSystem::Read(const std::wstring& file) try {
             return ReadFile(handle.get(), bytes.data() + done, wanted, &count, nullptr);
         });
         if (!read)
-            ThrowLastError();
+            ThrowLastError(full);
         if (count == 0)
             break;
         done += count;
@@ -170,9 +165,9 @@ std::string Win32FileSystem::Read(const std::wstring& file) try {
     bytes.resize(done);
     return bytes;
 } catch (const std::bad_alloc&) {
-    throw RunTimeError(ErrorNumber::OutOfMemory);
+    throw RunTimeError(ErrorNumber::OutOfMemory, file);
 } catch (const std::length_error&) {
-    throw RunTimeError(ErrorNumber::OutOfMemory);
+    throw RunTimeError(ErrorNumber::OutOfMemory, file);
 }
 
 void Win32FileSystem::Write(const std::wstring& file, std::string_view bytes) {
@@ -205,7 +200,7 @@ void Win32FileSystem::Replace(const std::wstring& from, const std::wstring& to) 
     const std::wstring target = FullFilePath(to);
     CheckNotTheSame(source, target);
     if (HasBits(source, FILE_ATTRIBUTE_DIRECTORY))
-        throw RunTimeError(ErrorNumber::PathFileAccess);
+        throw RunTimeError(ErrorNumber::PathFileAccess, source);
     bool taken = false;
     const bool tried = Persist(patience, source, [&] {
         if (MoveFileExW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), 0))
@@ -235,15 +230,10 @@ void Win32FileSystem::Rename(const std::wstring& from, const std::wstring& to) {
     const DWORD bits = BitsOf(source);
     if (bits == INVALID_FILE_ATTRIBUTES)
         ThrowFileError(source);
-    // Asking for a drive takes longer than renaming, so it is left for failures.
-    const auto checkDrive = [&] {
-        CheckDrive(target, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
-    };
+    CheckDrive(target, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
     const bool leavesDrive = !EqualIgnoringCase(RootOf(source), RootOf(target));
-    if (IsRoot(source) || leavesDrive || IsBelow(target, source)) {
-        checkDrive();
-        throw RunTimeError(ErrorNumber::PathFileAccess);
-    }
+    if (IsRoot(source) || leavesDrive || IsBelow(target, source))
+        throw RunTimeError(ErrorNumber::PathFileAccess, source);
     CheckNotUnixLink(source);
     const auto move = [&] {
         return MoveFileExW(PathForWindows(source).c_str(), PathForWindows(target).c_str(), 0);
@@ -251,12 +241,9 @@ void Win32FileSystem::Rename(const std::wstring& from, const std::wstring& to) {
     const bool isFolder = (bits & FILE_ATTRIBUTE_DIRECTORY) != 0;
     if (isFolder ? move() : Persist(patience, target, move))
         return;
-    const DWORD error = GetLastError();
-    checkDrive();
-    SetLastError(error);
     // A folder is held by the process whose current folder it is.
     if (isFolder && GetLastError() == ERROR_SHARING_VIOLATION)
-        throw RunTimeError(ErrorNumber::PathFileAccess);
+        throw RunTimeError(ErrorNumber::PathFileAccess, source);
     ThrowFileError(GetLastError() == ERROR_SHARING_VIOLATION ? source : target);
 }
 
@@ -274,7 +261,7 @@ void Win32FileSystem::RemoveFolder(const std::wstring& folder) {
         ReleaseFolder();
     if (IsRoot(full)) {
         CheckDrive(full, ErrorNumber::PathNotFound, ErrorNumber::DiskNotReady);
-        throw RunTimeError(ErrorNumber::PathFileAccess);
+        throw RunTimeError(ErrorNumber::PathFileAccess, full);
     }
     if (HasBits(full, FILE_ATTRIBUTE_DIRECTORY))
         CheckNotReadOnly(full);

@@ -2,7 +2,7 @@
 #include <windows.h>
 
 #include "base/text.h"
-#include "platform/win32/win32_file_error.h"
+#include "platform/win32/win32_error.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_handle.h"
 #include "platform/win32/win32_path.h"
@@ -12,10 +12,8 @@ namespace tamblin {
 namespace {
 
 UniqueHandle OpenFolder(const std::wstring& folder) {
-    return UniqueHandle(
-        NullIfInvalid(CreateFileW(PathForWindows(folder).c_str(), FILE_READ_ATTRIBUTES,
-                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)));
+    return OpenAt(folder, FILE_READ_ATTRIBUTES, ShareAll, OPEN_EXISTING,
+                  FILE_FLAG_BACKUP_SEMANTICS);
 }
 
 DWORD VolumeOf(const std::wstring& folder) {
@@ -27,9 +25,8 @@ DWORD VolumeOf(const std::wstring& folder) {
 }
 
 bool TakesNewFiles(const std::wstring& folder) {
-    return UniqueHandle(NullIfInvalid(CreateFileW(
-               PathForWindows(folder + L"\\new").c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
-               CREATE_NEW, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr))) != nullptr;
+    return OpenAt(folder + L"\\new", GENERIC_WRITE | DELETE, 0, CREATE_NEW,
+                  FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE) != nullptr;
 }
 
 } // namespace
@@ -59,9 +56,9 @@ bool Win32FileSystem::HoldFolder(const std::wstring& folder) {
     const std::wstring full = FullPath(folder);
     if (heldFolder && EqualIgnoringCase(full, heldFolderPath))
         return true;
-    UniqueHandle handle(NullIfInvalid(CreateFileW(
-        PathForWindows(full).c_str(), FILE_ADD_FILE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
-        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr)));
+    UniqueHandle handle =
+        OpenAt(full, FILE_ADD_FILE, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING,
+               FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT);
     if (!handle && GetLastError() == ERROR_SHARING_VIOLATION)
         return false;
     if (!handle)

@@ -4,6 +4,9 @@
 #include <windows.h>
 
 #include <memory>
+#include <string>
+
+#include "platform/win32/win32_path.h"
 
 namespace tamblin {
 
@@ -23,5 +26,14 @@ using UniqueFindHandle = std::unique_ptr<void, FindCloser>;
 inline HANDLE NullIfInvalid(HANDLE handle) {
     return handle == INVALID_HANDLE_VALUE ? nullptr : handle;
 }
+
+// Opens what stands at a full path, or makes it. Null when it fails; GetLastError() then tells why.
+inline UniqueHandle OpenAt(const std::wstring& fullPath, DWORD access, DWORD share,
+                           DWORD disposition, DWORD flags) {
+    return UniqueHandle(NullIfInvalid(CreateFileW(PathForWindows(fullPath).c_str(), access, share,
+                                                  nullptr, disposition, flags, nullptr)));
+}
+
+inline constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 } // namespace tamblin

@@ -18,10 +18,6 @@ LONG LastStatus() {
     return function ? function() : 0;
 }
 
-bool IsThere(const std::wstring& fullPath) {
-    return BitsOf(fullPath) != INVALID_FILE_ATTRIBUTES;
-}
-
 // Deleted files stay in their folder until the last program has closed them.
 bool HoldsOnlyWhatIsHeld(const std::wstring& folder) {
     WIN32_FIND_DATAW found;
@@ -31,15 +27,10 @@ bool HoldsOnlyWhatIsHeld(const std::wstring& folder) {
         return false;
     do {
         const std::wstring path = folder + L'\\' + found.cFileName;
-        if (!IsDots(found.cFileName) && !IsHeld(path) && IsThere(path))
+        if (!IsDots(found.cFileName) && !IsHeld(path) && BitsOf(path) != INVALID_FILE_ATTRIBUTES)
             return false;
     } while (FindNextFileW(search.get(), &found));
     return true;
-}
-
-bool IsFolder(const std::wstring& fullPath) {
-    const DWORD bits = BitsOf(fullPath);
-    return bits != INVALID_FILE_ATTRIBUTES && (bits & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 } // namespace
@@ -53,11 +44,8 @@ Patience PatienceOfWindows(Patience::Milliseconds limit, std::function<void()> m
 }
 
 bool IsHeld(const std::wstring& fullPath) {
-    const std::wstring path = PathForWindows(fullPath);
-    const UniqueHandle file(NullIfInvalid(
-        CreateFileW(path.c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
-                    FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr)));
-    if (file)
+    if (OpenAt(fullPath, DELETE, 0, OPEN_EXISTING,
+               FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT))
         return false;
     const DWORD code = GetLastError();
     return code == ERROR_SHARING_VIOLATION || code == ERROR_DELETE_PENDING ||
@@ -74,7 +62,7 @@ bool MayPass(DWORD code, const std::wstring& fullPath) {
             return IsHeld(fullPath);
         case ERROR_FILE_EXISTS:
         case ERROR_ALREADY_EXISTS:
-            return !IsFolder(fullPath) && IsHeld(fullPath);
+            return !HasBits(fullPath, FILE_ATTRIBUTE_DIRECTORY) && IsHeld(fullPath);
         case ERROR_DIR_NOT_EMPTY:
             return HoldsOnlyWhatIsHeld(fullPath);
         default:

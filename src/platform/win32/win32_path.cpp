@@ -19,7 +19,7 @@ std::wstring ExpandPath(const std::wstring& path) {
         const auto room = static_cast<DWORD>(full.size());
         const DWORD length = GetFullPathNameW(path.c_str(), room, full.data(), nullptr);
         if (length == 0)
-            ThrowLastError();
+            ThrowLastError(path);
         full.resize(length);
         if (length < room)
             return full;
@@ -30,7 +30,7 @@ std::wstring ExpandPath(const std::wstring& path) {
 
 std::wstring FullPath(const std::wstring& path) {
     if (!IsWellFormedPath(path))
-        throw RunTimeError(ErrorNumber::BadFileName);
+        throw RunTimeError(ErrorNumber::BadFileName, path);
     std::wstring full = ExpandPath(path.empty() ? L"." : path);
     while (full.ends_with(L'\\') && !IsRoot(full))
         full.pop_back();
@@ -63,14 +63,6 @@ bool EndsInSeparator(const std::wstring& path) {
 
 bool IsDots(std::wstring_view name) {
     return name == L"." || name == L"..";
-}
-
-DriveState StateOfDrive(const std::wstring& fullPath) {
-    const std::wstring root = RootOf(fullPath);
-    if (GetDriveTypeW(root.c_str()) == DRIVE_NO_ROOT_DIR)
-        return DriveState::Missing;
-    return GetFileAttributesW(root.c_str()) == INVALID_FILE_ATTRIBUTES ? DriveState::NotReady
-                                                                       : DriveState::Ready;
 }
 
 } // namespace tamblin

@@ -22,9 +22,4 @@ bool EndsInSeparator(const std::wstring& path);
 // What every listing of a folder has besides its entries: "." and "..".
 bool IsDots(std::wstring_view name);
 
-enum class DriveState { Missing, NotReady, Ready };
-
-// The state of the drive under a full path.
-DriveState StateOfDrive(const std::wstring& fullPath);
-
 } // namespace tamblin

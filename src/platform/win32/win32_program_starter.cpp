@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/win32/program_folder.h"
+#include "platform/win32/own_process.h"
 #include "platform/win32/win32_error.h"
 #include "platform/win32/win32_handle.h"
 
@@ -23,11 +23,6 @@ CommandLine Split(const std::wstring& line) {
     return {line.substr(start, end - start), line.substr(rest)};
 }
 
-[[noreturn]] void ThrowStartError(const CommandLine& command) {
-    const DWORD code = GetLastError();
-    throw RunTimeError(ErrorNumberOf(code, Attempt::StartProgram), command.program);
-}
-
 } // namespace
 
 void Win32ProgramStarter::StartMinimised(const std::wstring& commandLine) {
@@ -40,7 +35,7 @@ void Win32ProgramStarter::StartMinimised(const std::wstring& commandLine) {
     if (!create(nullptr, writable.data(), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE,
                 nullptr, nullptr, &startup, &process)) {
         if (GetLastError() != ElevationRequired)
-            ThrowStartError(Split(commandLine));
+            ThrowLastError(Split(commandLine).program, Attempt::StartProgram);
         StartElevated(commandLine);
         return;
     }
@@ -58,7 +53,7 @@ void Win32ProgramStarter::StartElevated(const std::wstring& commandLine) {
     execution.lpParameters = command.arguments.c_str();
     execution.nShow = SW_SHOWMINIMIZED;
     if (!execute(&execution) && GetLastError() != ERROR_CANCELLED)
-        ThrowStartError(command);
+        ThrowLastError(command.program, Attempt::StartProgram);
 }
 
 void Win32ProgramStarter::ShowMinimised(const std::wstring& document) {

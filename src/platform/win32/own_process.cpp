@@ -1,4 +1,4 @@
-#include "platform/win32/program_folder.h"
+#include "platform/win32/own_process.h"
 
 #include <windows.h>
 
@@ -8,13 +8,15 @@
 namespace tamblin {
 namespace {
 
+constexpr DWORD searchSystemFolder = 0x800; // LOAD_LIBRARY_SEARCH_SYSTEM32
+
 std::wstring ProgramFile() {
     std::wstring file(MAX_PATH, L'\0');
     for (;;) {
         const auto room = static_cast<DWORD>(file.size());
         const DWORD length = GetModuleFileNameW(nullptr, file.data(), room);
         if (length == 0)
-            ThrowLastError();
+            ThrowLastError({});
         if (length < room) {
             file.resize(length);
             return file;
@@ -30,6 +32,16 @@ std::wstring ProgramFolder() {
     if (StartsWith(file, L"\\\\?\\") && file.size() > 5 && file[5] == L':')
         file.erase(0, 4);
     return WithoutBackslash(file.substr(0, file.rfind(L'\\') + 1));
+}
+
+// A Windows 7 without its updates lacks the function, and is kept from the current folder at least.
+void LoadDllsFromSystemOnly() {
+    SetDllDirectoryW(L"");
+    const auto address =
+        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories");
+    using SetDirectories = BOOL WINAPI(DWORD);
+    if (auto* const set = reinterpret_cast<SetDirectories*>(reinterpret_cast<void*>(address)))
+        set(searchSystemFolder);
 }
 
 } // namespace tamblin
