@@ -26,7 +26,7 @@ bool DesktopShellFake::Restore(const std::wstring& path) {
 void DesktopShellFake::DeleteTree(const std::wstring& path) {
     const bool succeeds = files.BeginForeign(L"DeleteTree " + path);
     deleted.push_back(path);
-    if (succeeds)
+    if (succeeds && path != refused)
         files.DeleteTree(path);
 }
 

@@ -26,6 +26,7 @@ class DesktopShellFake : public DesktopShell {
     std::vector<std::wstring> deleted; // paths as requested
     std::vector<Opened> opened;
     std::optional<std::wstring> desktopFolder;
+    std::wstring refused; // a path that stays whatever is asked
 
     // What lies in the recycle bin, by the paths it had.
     std::vector<std::wstring> Recycled() const;

@@ -101,17 +101,11 @@ TEST_F(InstallTest, StagedFilesThatCannotBeDeletedEndTheInstallBeforeAnythingIsC
     }
 }
 
-// The shell leaves what is held; once the definition is gone too, nothing tells whose folder it
-// was.
-TEST_F(InstallTest, FolderOfAnInstalledCharacterGoesAlsoWhereItsStagedDefinitionIsHeld) {
+// What is left of it is deleted without the shell.
+TEST_F(InstallTest, FolderOfAnInstalledCharacterGoesAlsoWhereTheShellKeepsItsDefinition) {
     AddCharacter(files, L"C:\\Host", L"abc");
     scene.AddPackage(L"p.lzh", Both(Ombrel(L"abc"), Ombrel(L"mio")));
-    const auto unpack = fake.unlha.onUnpack;
-    fake.unlha.onUnpack = [this, unpack](const std::wstring& archive) {
-        const auto result = unpack(archive);
-        files.HoldFor(L"C:\\TAMTMP\\abc.obl", 2);
-        return result;
-    };
+    fake.shell.refused = L"C:\\TAMTMP\\abc.obl";
     const auto staged = StagedWhenAsked({L"p.lzh"});
     EXPECT_EQ(staged.count(L"C:\\TAMTMP\\abc\\"), 0U);
     EXPECT_EQ(staged.count(L"C:\\TAMTMP\\abc.obl"), 0U);
