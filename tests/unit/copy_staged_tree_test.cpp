@@ -143,7 +143,7 @@ TEST_F(CopyStagedTreeTest, FileInUseOrReadOnlyInTheHostEndsTheCopyBeforeItBegins
     expectStopped(ErrorNumber::PathFileAccess);
 }
 
-TEST_F(CopyStagedTreeTest, HostOnAnotherDriveWithTooLittleRoomStaysAsItWas) {
+TEST_F(CopyStagedTreeTest, HostOnAnotherDriveStaysAsItWasUnlessThereIsRoomToTheByte) {
     files.AddDrive(L"D:");
     AddHost(files, L"D:\\Vimora");
     files.AddLink(L"C:\\Linked", L"D:\\Vimora");
@@ -151,10 +151,14 @@ TEST_F(CopyStagedTreeTest, HostOnAnotherDriveWithTooLittleRoomStaysAsItWas) {
     std::uint64_t used = 0;
     for (const auto& [path, bytes] : files.Snapshot(L"D:\\"))
         used += bytes.size();
-    files.SetCapacity(L"D:", used + 20);
+    constexpr std::uint64_t needed = 3 * 6 + 7; // three files and the definitions
+    files.SetCapacity(L"D:", used + needed - 1);
     const auto host = files.Snapshot(L"D:\\");
     EXPECT_EQ(ErrorOf([&] { Copy(L"C:\\Linked"); }), ErrorNumber::DiskFull);
     EXPECT_EQ(files.Snapshot(L"D:\\"), host);
+    files.SetCapacity(L"D:", used + needed);
+    Copy(L"C:\\Linked");
+    EXPECT_TRUE(files.Exists(L"D:\\Vimora\\old\\KVA.DEF"));
 }
 
 TEST_F(CopyStagedTreeTest, FullDriveTakesWhatIsOnlyMoved) {
