@@ -239,7 +239,7 @@ class KilledProgram : public testing::TestWithParam<KilledCommand> {
         TerminateProcess(GetCurrentProcess(), failure ? 1 : finished);
     }
 
-    // How the process ended.
+    // How the process ended: a code of its own, or 0 if it did not begin, which fails the test.
     static DWORD RunKilledAt(unsigned call, const std::wstring& folder) {
         wchar_t program[MAX_PATH]{};
         GetModuleFileNameW(nullptr, program, MAX_PATH);
@@ -254,6 +254,7 @@ class KilledProgram : public testing::TestWithParam<KilledCommand> {
         PROCESS_INFORMATION process{};
         const BOOL created = CreateProcessW(program, commandLine.data(), nullptr, nullptr, FALSE,
                                             DETACHED_PROCESS, nullptr, nullptr, &start, &process);
+        EXPECT_TRUE(created) << "error " << GetLastError();
         SetEnvironmentVariableW(callVariable, nullptr);
         SetEnvironmentVariableW(folderVariable, nullptr);
         DWORD code = 0;
