@@ -4,6 +4,7 @@
 
 #include "base/character_files.h"
 #include "base/run_time_error.h"
+#include "base/text.h"
 #include "install/kavalet_definitions.h"
 
 namespace tamblin {
@@ -23,7 +24,7 @@ class CopyCheck {
         CheckFolder(L"", true);
         if (bytes > 0 && !platform.files.OnOneDrive(stagingFolder, hostFolder) &&
             platform.files.FreeBytes(hostFolder) < bytes)
-            throw RunTimeError(ErrorNumber::DiskFull);
+            throw RunTimeError(ErrorNumber::DiskFull, WithoutBackslash(hostFolder));
         return std::move(alreadyThere);
     }
 

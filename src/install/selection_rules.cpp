@@ -40,7 +40,7 @@ void EnableForOneFile(MainModel& model, const std::wstring& file, size_t install
 // A program file never stays part of a multiple selection.
 void DeselectPrograms(SelectionList& files) {
     for (size_t index = 0; index < files.Size(); ++index)
-        if (files.IsSelected(index) && IsProgram(files[index]))
+        if (IsProgram(files[index]))
             files.Select(index, false);
 }
 

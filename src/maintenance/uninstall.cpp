@@ -32,8 +32,6 @@ void Uninstall(MainModel& model, SettingsState& state, Platform& platform) {
     if (lastFolder.empty() || !platform.files.Find(lastFolder))
         platform.files.Delete(DefinitionOf(lastFolder));
     platform.messages.Inform(UninstallDoneText);
-
-    model.enabled.Set({Command::DeselectInstalled, Command::Uninstall}, false);
     RefreshInstalledList(model, state, platform);
 }
 

@@ -69,7 +69,7 @@ std::wstring ManualFolder::StatusText() const {
 
 NextWindow ManualFolder::OkPressed(const std::wstring& folder) {
     const Registration registration = RegisterHostFolder(state, folder, platform);
-    if (registration == Registration::HostMissing || state.HostFolderCount == 0)
+    if (registration == Registration::HostMissing)
         return NextWindow::Stay;
     if (state.EditMode) {
         state.ChangedSlot = state.EditIndex;

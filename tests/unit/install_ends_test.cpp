@@ -151,6 +151,19 @@ TEST_F(InstallTest, WhatIsReachedByAnotherNameOfTheStagingFolderIsNeitherUsedNor
     ExpectRefused(L"TAMTMP は作業用フォルダです。");
 }
 
+// It would be gone with the link.
+TEST_F(InstallTest, HostFolderBehindALinkInPlaceOfTheStagingFolderIsNotUsed) {
+    AddHost(files, L"C:\\Real\\host");
+    files.AddLink(L"C:\\TAMTMP", L"C:\\Real");
+    scene.Open();
+    for (const wchar_t* host : {L"C:\\TAMTMP\\host", L"C:/tamtmp/host", L"C:\\\\TAMTMP\\host"}) {
+        model.combo.entries = {host};
+        scene.main.PrepareStagingPressed();
+        EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\host"));
+        ExpectRefused(L"TAMTMP は作業用フォルダです。");
+    }
+}
+
 // The link goes, and what it leads to stays.
 TEST_F(InstallTest, WhatALinkInPlaceOfTheStagingFolderLeadsToMayBeUsed) {
     files.AddLink(L"C:\\TAMTMP", scene.state.ViewFolder);

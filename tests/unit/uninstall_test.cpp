@@ -73,6 +73,10 @@ TEST_F(UninstallTest, ListIsReadAnewAndItsButtonsAreDisabled) {
     EXPECT_FALSE(model.enabled[Command::Uninstall]);
     EXPECT_FALSE(model.enabled[Command::DeselectInstalled]);
     EXPECT_EQ(files.CountLogged(L"List "), 1U);
+    // From then on the folder is the same again.
+    model.enabled[Command::Install] = true;
+    RefreshInstalledList(model, state, platform);
+    EXPECT_TRUE(model.enabled[Command::Install]);
 }
 
 TEST_F(UninstallTest, ButtonsOfTheFileSelectionAreDecidedAnew) {
