@@ -200,9 +200,6 @@ void Form1::Explain(const Control& control) {
 // The install asks
 
 void Form1::SetMainWindowEnabled(bool enabled) {
-    if (enabled == !installHolds)
-        return;
-    installHolds = !enabled;
     if (enabled) {
         Release();
         return;

@@ -65,7 +65,6 @@ class Form1 : public Form, private InstallScreen {
     SettingsState& state;
     HandOver& handOver;
     MainScreen screen;
-    bool installHolds = false;
     WidthGroup installedCommands;
     WidthGroup browserCommands;
     FirstFittingLayout* layouts = nullptr;

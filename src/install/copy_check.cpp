@@ -22,7 +22,7 @@ class CopyCheck {
 
     std::set<std::wstring> Run() {
         CheckFolder(L"", true);
-        if (bytes > 0 && !platform.files.OnOneDrive(stagingFolder, hostFolder) &&
+        if (!platform.files.OnOneDrive(stagingFolder, hostFolder) &&
             platform.files.FreeBytes(hostFolder) < bytes)
             throw RunTimeError(ErrorNumber::DiskFull, WithoutBackslash(hostFolder));
         return std::move(alreadyThere);
@@ -50,10 +50,8 @@ class CopyCheck {
         bytes += file.size;
         if (folderIsInHost)
             CheckTarget(folder + file.name, file.size);
-        if (MergesDefinitions(folder, file.name, state) && !definitionsChecked) {
-            definitionsChecked = true;
+        if (MergesDefinitions(folder, file.name, state))
             CheckDefinitionsReplaceable(hostFolder, platform);
-        }
     }
 
     void CheckTarget(const std::wstring& file, std::uint64_t size) {
@@ -76,7 +74,6 @@ class CopyCheck {
     Platform& platform;
     WorkUnderWay& work;
     std::uint64_t bytes = 0;
-    bool definitionsChecked = false;
     std::set<std::wstring> alreadyThere;
 };
 

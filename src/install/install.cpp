@@ -1,7 +1,5 @@
 #include "install/install.h"
 
-#include <utility>
-
 #include "base/at_exit.h"
 #include "base/character_files.h"
 #include "base/name_index.h"
@@ -36,8 +34,7 @@ class InstallRun {
             return;
         model.enabled[Command::Install] = false;
         // Also when what follows the disabling fails.
-        const AtExit enable([this] { EnableMainWindow(); });
-        mainWindowDisabled = true;
+        const AtExit enable([this] { screen.SetMainWindowEnabled(true); });
         screen.SetMainWindowEnabled(false);
         // However an install ends, nothing of the program stays in the way of who deletes the
         // staging folder.
@@ -151,7 +148,6 @@ class InstallRun {
     void Cancel() {
         ClearStagingFolder(hostFolder, platform);
         platform.messages.Inform(CancelledText, MessageIcon::Information);
-        EnableMainWindow();
         ApplySelectionRules(model, state, platform);
     }
 
@@ -159,7 +155,6 @@ class InstallRun {
         CopyStagedTree(hostFolder, state, platform);
         platform.messages.Inform(DoneText, MessageIcon::Information);
         model.browser.Files().DeselectAll();
-        EnableMainWindow();
         RefreshInstalledList(model, state, platform);
         // Without a selected file the rules disable Command9, and Command1, which has to stay
         // enabled although nothing is selected any more.
@@ -167,16 +162,10 @@ class InstallRun {
         model.enabled[Command::Install] = true;
     }
 
-    void EnableMainWindow() {
-        if (std::exchange(mainWindowDisabled, false))
-            screen.SetMainWindowEnabled(true);
-    }
-
     MainModel& model;
     SettingsState& state;
     Platform& platform;
     InstallScreen& screen;
-    bool mainWindowDisabled = false;
     std::wstring hostFolder;
     InstallConfirmation lists;
 };

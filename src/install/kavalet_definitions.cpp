@@ -110,8 +110,6 @@ void MergeKavaletDefinitions(const std::wstring& packageFileName, const std::wst
     const std::string merged =
         MergedKavaletDefinitions(files.Read(current), files.Read(packageFile));
     files.CheckReplaceable(current);
-    if (FileExists(files, former))
-        files.Delete(former);
     files.Copy(current, former);
     files.Write(current, merged);
     files.Rename(current, hostFolder + packageFileName);

@@ -90,11 +90,8 @@ void ClearStagingFolder(const std::wstring& hostFolder, Platform& platform) {
 
 void DeleteStagedFile(const std::wstring& file, FileSystem& files) {
     const auto entry = files.Find(file);
-    if (entry && entry->attributes.readOnly) {
-        FileAttributes attributes = entry->attributes;
-        attributes.readOnly = false;
-        files.SetAttributes(file, attributes);
-    }
+    if (entry && entry->attributes.readOnly)
+        files.SetAttributes(file, {});
     files.Delete(file);
 }
 

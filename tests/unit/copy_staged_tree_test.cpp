@@ -66,11 +66,12 @@ TEST_F(CopyStagedTreeTest, OnlyDefinitionFilesLeaveTheStagingRoot) {
         Stage(name);
     state.KvaOption = L"ON";
     files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
+    files.AddFile(L"C:\\Host\\readme.txt", "mine", {.readOnly = true}); // is in nobody's way
     Copy();
     EXPECT_TRUE(files.Exists(L"C:\\Host\\a.obl"));
     EXPECT_TRUE(files.Exists(L"C:\\Host\\B.OBL"));
-    for (const wchar_t* name : {L"readme.txt", L"c.obl.bak"})
-        EXPECT_FALSE(files.Exists(std::wstring(L"C:\\Host\\") + name));
+    EXPECT_FALSE(files.Exists(L"C:\\Host\\c.obl.bak"));
+    EXPECT_EQ(InHost(L"readme.txt"), "mine");
     EXPECT_EQ(InHost(L"kva.def"), "a,b,1\r\n");
     EXPECT_FALSE(files.Exists(L"C:\\Host\\kva.tmp"));
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
@@ -140,8 +141,11 @@ TEST_F(CopyStagedTreeTest, FileInUseOrReadOnlyInTheHostEndsTheCopyBeforeItBegins
         expectStopped(ErrorNumber::PermissionDenied);
         files.Unlock(std::wstring(L"C:\\Host\\") + target);
     }
-    files.AddFile(L"C:\\Host\\old\\dat\\a", "mine", {.readOnly = true});
-    expectStopped(ErrorNumber::PathFileAccess);
+    // Also one of the same size.
+    for (const char* other : {"mine", "theirs"}) {
+        files.AddFile(L"C:\\Host\\old\\dat\\a", other, {.readOnly = true});
+        expectStopped(ErrorNumber::PathFileAccess);
+    }
 }
 
 TEST_F(CopyStagedTreeTest, HostOnAnotherDriveStaysAsItWasUnlessThereIsRoomToTheByte) {
@@ -244,6 +248,8 @@ TEST_F(CopyStagedTreeTest, OptionDecidesWhetherThePackagesEntriesAreMerged) {
         EXPECT_EQ(InHost(file), "a,b,2\r\n");
         EXPECT_EQ(InHost(L"kva.def"), merged ? "a,b,2\r\n" : "a,b,1\r\n");
         EXPECT_EQ(files.Exists(L"C:\\Host\\kva.tmp"), merged);
+        const std::wstring named = L"C:\\Host\\" + std::wstring(merged ? NameOf(file) : L"kva.def");
+        EXPECT_EQ(files.Snapshot(L"C:\\Host").count(named), 1U); // spelled as the package's
     }
 }
 

@@ -71,7 +71,8 @@ TEST_F(InstallTest, EveryCharacterIsInstalledWhateverTheCaseOfTheExtensions) {
 
 class InstallOnAnotherDriveTest : public InstallTest {
   protected:
-    InstallOnAnotherDriveTest() : InstallTest(L"D:\\Prog\\Host") {}
+    // Whose name only begins as the staging folder's.
+    InstallOnAnotherDriveTest() : InstallTest(L"D:\\TAMTMP2\\Host") {}
 };
 
 TEST_F(InstallOnAnotherDriveTest, StagesAtTheRootOfTheHostFoldersDrive) {

@@ -75,6 +75,7 @@ TEST_F(InstalledListTest, RefreshSeesWhatHasChangedAndSelectsNothing) {
     EXPECT_THAT(Names(), ElementsAre(L"a", L"b"));
     EXPECT_THAT(SelectedEntries(model.installed.names), IsEmpty());
     model.combo.selected.reset();
+    AddCharacter(files, files.CurrentFolder(), L"c"); // which is not a host for want of another
     Refresh();
     EXPECT_THAT(Names(), IsEmpty());
     EXPECT_EQ(state.DefaultFolder, L"");
@@ -104,10 +105,14 @@ TEST_F(InstalledListTest, SameFolderLeavesTheButtonsAloneThatNeedNoCharacter) {
 TEST_F(InstalledListTest, FolderThatIsGoneFailsWithAnEmptyList) {
     AddCharacter(files, L"C:\\Host", L"a");
     Refresh();
-    files.DeleteTree(L"C:\\Host");
+    Choose(L"C:\\Other");
+    files.DeleteTree(L"C:\\Other");
     EXPECT_EQ(ErrorOf([&] { Refresh(); }), ErrorNumber::PathNotFound);
     EXPECT_THAT(Names(), IsEmpty());
-    EXPECT_EQ(state.DefaultFolder, L"C:\\Host");
+    EXPECT_EQ(model.installed.folder, L"C:\\Other");
+    EXPECT_THAT(model.installed.subfolders, IsEmpty());
+    EXPECT_THAT(model.installed.definitionFiles, IsEmpty());
+    EXPECT_EQ(state.DefaultFolder, L"C:\\Other");
 }
 
 TEST_F(InstalledListTest, ListsTheHostFolderOnceHoweverManyCharacters) {

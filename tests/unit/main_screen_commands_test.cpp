@@ -86,6 +86,8 @@ TEST_F(MainScreenTest, RefreshAppliesTheRulesToWhatIsLeftOfTheSelectionIfAnythin
     files.DeleteTree(L"C:\\Packs\\mio.lzh");
     main.RefreshPressed();
     EXPECT_EQ(EnabledButtons(model), ForOneCharacter);
+    main.RefreshPressed();
+    EXPECT_EQ(EnabledButtons(model), ForOneCharacter);
     main.DeselectInstalledPressed();
     model.enabled[Command::Install] = true; // as after an install
     main.RefreshPressed();

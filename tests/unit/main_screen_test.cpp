@@ -71,7 +71,7 @@ TEST_F(MainScreenTest, HostFolderThatIsGoneIsReportedOncePerLoss) {
     main.Load();
     for (int loss = 0; loss < 2; ++loss) {
         files.DeleteTree(L"C:\\Host");
-        ExpectMissing([&] { main.Activate(); });
+        ExpectMissing([&] { loss == 0 ? main.Activate() : main.ComboSelected(0); });
         main.Activate();
         main.Activate();
         EXPECT_THAT(Installed(), IsEmpty());
@@ -229,6 +229,7 @@ TEST_F(MainScreenTest, SecondActionButtonPreparesTheStagingFolder) {
     main.PrepareStagingPressed();
     EXPECT_THAT(files.Snapshot(L"C:\\TAMTMP"), IsEmpty());
     EXPECT_EQ(files.CurrentFolder(), L"C:\\TAMTMP");
+    EXPECT_EQ(files.HeldFolder(), L"");
 }
 
 TEST_F(MainScreenTest, SettingsButtonLeavesWordWhereItWasPressed) {

@@ -171,7 +171,8 @@ TEST(Level0Header, MayHaveAnAreaOfItsSystem) {
     EXPECT_EQ(header.system, 'U');
     EXPECT_EQ(header.times.modified, FromUnixTime(1234567890));
     EXPECT_FALSE(header.times.modifiedLocal);
-    for (const char* area : {"M", "K12345678901234567890", "U", "UU123", "\x01\x02\x03"}) {
+    for (const char* area :
+         {"M", "K12345678901234567890", "U", "UU123", "UU12345", "\x01\x02\x03"}) {
         entry.area = area;
         EXPECT_EQ(TextOf(entry), "some text");
     }
@@ -195,6 +196,7 @@ TEST(Level2Header, OfOneSystemAloneMayLeaveItsLastTwoBytesUncounted) {
     entry.headerCrc = false;
     for (const char system : {'K', 'M', 'U', 'm', '\0', 'J', 'L'}) {
         entry.system = system;
+        EXPECT_EQ(TextOf(entry), "some text") << system;
         std::string archive = LzhWriter().Add(entry).Finish();
         archive[0] = static_cast<char>(archive[0] - 2);
         const Extraction extraction(archive);

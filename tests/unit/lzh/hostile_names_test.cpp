@@ -161,6 +161,11 @@ TEST(HostileByteNames, OverlongUtf8IsNoSeparator) {
               std::vector<std::wstring>{L"..\uFFFDC0\uFFFDAF..\uFFFDC0\uFFFDAFa"});
 }
 
+TEST(HostileByteNames, DriveWithNothingBehindItIsAName) {
+    const Extraction extraction(LzhWriter().AddFile(L"C:", "x").Finish());
+    EXPECT_EQ(extraction.Failure(), LzhFailure::ForbiddenName);
+}
+
 TEST(HostileUnicodeNames, SuperscriptDevicesAreDevices) {
     for (const char16_t* name : {u"COM\u00B9", u"com\u00B2.txt", u"LPT\u00B3"}) {
         LzhEntry entry = MakeEntry(L"a", "x", "-lh0-", 2);
