@@ -23,29 +23,29 @@ class DesktopShellFake : public DesktopShell {
         bool operator==(const Opened&) const = default;
     };
 
-    std::vector<std::wstring> deleted; // paths as requested
+    std::vector<std::wstring> deleted;  // paths as requested
+    std::vector<std::wstring> recycled; // paths of what went
     std::vector<Opened> opened;
     std::optional<std::wstring> desktopFolder;
     std::wstring refused; // a path that stays whatever is asked
 
-    // What lies in the recycle bin, by the paths it had.
-    std::vector<std::wstring> Recycled() const;
-    // Puts it back where it was; false when it is not in the bin or its place is taken.
-    bool Restore(const std::wstring& path);
-
-    void DeleteTree(const std::wstring& path) override;
-    void MoveToRecycleBin(const std::wstring& path) override;
-    void Open(const std::wstring& document, const std::wstring& workingFolder) override;
+    void DeleteTree(const std::wstring& path) override {
+        const bool succeeds = files.BeginForeign(L"DeleteTree " + path);
+        deleted.push_back(path);
+        if (succeeds && path != refused)
+            files.DeleteTree(path);
+    }
+    void MoveToRecycleBin(const std::wstring& path) override {
+        if (files.BeginForeign(L"MoveToRecycleBin " + path) && files.RecycleTree(path))
+            recycled.push_back(path);
+    }
+    void Open(const std::wstring& document, const std::wstring& workingFolder) override {
+        opened.push_back({document, workingFolder});
+    }
     std::optional<std::wstring> DesktopFolder() override { return desktopFolder; }
 
   private:
-    struct RecycledTree {
-        std::wstring path;
-        MemoryFileSystem::NodePointer tree;
-    };
-
     MemoryFileSystem& files;
-    std::vector<RecycledTree> recycleBin;
 };
 
 } // namespace tamblin

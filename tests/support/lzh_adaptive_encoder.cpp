@@ -1,4 +1,4 @@
-#include "support/lzh_adaptive_encoder.h"
+#include "support/lzh_method_encoders.h"
 
 #include <algorithm>
 #include <vector>

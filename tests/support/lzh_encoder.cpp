@@ -2,9 +2,7 @@
 
 #include <stdexcept>
 
-#include "support/lzh_adaptive_encoder.h"
-#include "support/lzh_larc_encoder.h"
-#include "support/lzh_static_encoder.h"
+#include "support/lzh_method_encoders.h"
 
 namespace tamblin::lzh {
 

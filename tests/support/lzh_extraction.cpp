@@ -5,10 +5,10 @@
 
 namespace tamblin::lzh {
 
-Extraction::Extraction(const std::string& archive) {
+Extraction::Extraction(const std::string& archive, HiddenFiles hidden) {
     MemorySource source(archive);
     CodePagesHere codePages;
-    result = Extractor(source, target, codePages).Run();
+    result = Extractor(source, target, codePages, hidden).Run();
 }
 
 std::vector<std::wstring> Extraction::Files() const {

@@ -10,7 +10,7 @@
 namespace tamblin::lzh {
 
 struct Extraction {
-    explicit Extraction(const std::string& archive);
+    explicit Extraction(const std::string& archive, HiddenFiles hidden = HiddenFiles::AsStored);
 
     TargetFake target;
     ExtractionResult result;

@@ -1,4 +1,4 @@
-#include "support/lzh_larc_encoder.h"
+#include "support/lzh_method_encoders.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "support/lzh_static_encoder.h"
+#include "support/lzh_method_encoders.h"
 
 #include <algorithm>
 #include <bit>

@@ -105,11 +105,10 @@ class MemoryFileSystem : public FileSystem {
     // The file's contents have been written but not flushed, as by unpacking.
     void LeaveUnflushed(const std::wstring& file);
 
-    // What a shell does with a tree: all goes that is not in use, read-only or not. The last two
-    // take a tree off the disk and put it back; false or nothing when it is in use or not there.
+    // What a shell does with a tree: all goes that is not in use, read-only or not; to the recycle
+    // bin all or nothing, false when something is in use or nothing there.
     void DeleteTree(const std::wstring& path);
-    NodePointer TakeTree(const std::wstring& path);
-    bool PutTree(const std::wstring& path, NodePointer& tree);
+    bool RecycleTree(const std::wstring& path);
 
     std::optional<FolderEntry> Find(const std::wstring& path) override;
     std::vector<FolderEntry> List(const std::wstring& folder) override;

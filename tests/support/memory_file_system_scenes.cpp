@@ -1,6 +1,5 @@
 // What tests do to a MemoryFileSystem and read from it, and what a shell does with whole trees.
 #include <algorithm>
-#include <utility>
 
 #include "support/memory_file_system_parts.h"
 
@@ -264,25 +263,11 @@ bool MemoryFileSystem::DeleteUnused(Node& node) {
     return allGone;
 }
 
-MemoryFileSystem::NodePointer MemoryFileSystem::TakeTree(const std::wstring& path) {
+bool MemoryFileSystem::RecycleTree(const std::wstring& path) {
     Node* node = FindForShell(path);
     if (!node || IsInUse(*node) || HoldsDenied(*node))
-        return nullptr;
-    auto place = node->parent->children.find(UpperCase(node->name));
-    NodePointer tree = std::move(place->second);
-    node->parent->children.erase(place);
-    return tree;
-}
-
-bool MemoryFileSystem::PutTree(const std::wstring& path, NodePointer& tree) {
-    Location location = LocateForTest(path);
-    if (!tree || Walk(location))
         return false;
-    location.names.pop_back();
-    Node& folder = MakeWayForTest(location);
-    tree->parent = &folder;
-    std::wstring key = UpperCase(tree->name);
-    folder.children[std::move(key)] = std::move(tree);
+    Erase(*node);
     return true;
 }
 

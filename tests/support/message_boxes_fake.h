@@ -26,16 +26,32 @@ class MessageBoxesFake : public MessageBoxes {
     // Called while a box stands on the screen, before it is answered.
     std::function<void(const Box&)> onShow;
 
-    std::vector<std::wstring> Texts() const;
+    std::vector<std::wstring> Texts() const {
+        std::vector<std::wstring> texts;
+        for (const Box& box : shown)
+            texts.push_back(box.text);
+        return texts;
+    }
 
-    void Inform(const std::wstring& text, MessageIcon icon = MessageIcon::None) override;
-    bool AskOkCancel(const std::wstring& text) override;
-    bool AskYesNo(const std::wstring& text) override;
-    bool AskRetryCancel(const std::wstring& text) override;
+    void Inform(const std::wstring& text, MessageIcon icon = MessageIcon::None) override {
+        Show({Kind::Inform, text, icon});
+    }
+    bool AskOkCancel(const std::wstring& text) override { return Ask(Kind::AskOkCancel, text); }
+    bool AskYesNo(const std::wstring& text) override { return Ask(Kind::AskYesNo, text); }
+    bool AskRetryCancel(const std::wstring& text) override {
+        return Ask(Kind::AskRetryCancel, text);
+    }
 
   private:
-    void Show(Box box);
-    bool Ask(Kind kind, const std::wstring& text);
+    void Show(const Box& box) {
+        shown.push_back(box);
+        if (onShow)
+            onShow(box);
+    }
+    bool Ask(Kind kind, const std::wstring& text) {
+        Show({kind, text});
+        return answer;
+    }
 };
 
 } // namespace tamblin

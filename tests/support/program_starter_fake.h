@@ -21,8 +21,18 @@ class ProgramStarterFake : public ProgramStarter {
     // With a number here, StartMinimised records, calls onStart and throws.
     std::optional<ErrorNumber> failure;
 
-    void StartMinimised(const std::wstring& commandLine) override;
-    void ShowMinimised(const std::wstring& document) override;
+    void StartMinimised(const std::wstring& commandLine) override {
+        started.push_back(commandLine);
+        if (onStart)
+            onStart(commandLine);
+        if (failure)
+            throw RunTimeError(*failure);
+    }
+    void ShowMinimised(const std::wstring& document) override {
+        shown.push_back(document);
+        if (onShow)
+            onShow(document);
+    }
 };
 
 } // namespace tamblin

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/lzh/lzh_error.h"
+#include "platform/lzh/unlha_command.h"
 #include "platform/unlha.h"
 
 namespace tamblin {
@@ -26,7 +28,13 @@ class UnlhaFake : public Unlha {
     std::function<std::int16_t(const std::wstring& archive)> onUnpack;
 
     std::int16_t Run(void* window, const std::wstring& command, const std::wstring& output,
-                     unsigned outputSize) override;
+                     unsigned outputSize) override {
+        calls.push_back({window, command, output, outputSize});
+        const auto archive = lzh::ArchiveOfCommand(command);
+        if (!archive)
+            return static_cast<std::int16_t>(lzh::LzhFailure::BadCommand);
+        return onUnpack ? onUnpack(*archive) : std::int16_t{0};
+    }
 };
 
 } // namespace tamblin

@@ -221,17 +221,6 @@ TEST_F(InstallTest, WorkThatFailsIsNoLongerUnderWay) {
     EXPECT_TRUE(scene.fake.progress.works.back().ended);
 }
 
-TEST_F(InstallTest, HostFolderThatVanishesMeanwhileIsReported) {
-    scene.screen.onConfirmation = [&] {
-        files.DeleteTree(L"C:\\Host");
-    };
-    EXPECT_EQ(ErrorOf([&] { InstallMio(); }), ErrorNumber::PathNotFound);
-    EXPECT_TRUE(scene.screen.enabled);
-    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\mio\\face.bmp"));
-    EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
-    EXPECT_EQ(files.HeldFolder(), L"");
-}
-
 TEST_F(InstallTest, WithoutAHostFolderNothingIsStaged) {
     scene.AddPackage(L"mio.lzh", Ombrel(L"mio"));
     scene.Open();

@@ -141,57 +141,5 @@ TEST_F(KavaletFileTest, MergeThatAFullDiskEndsCostsNothingAndTheNextKeepsTheForm
     EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), definitions);
 }
 
-// Whichever operation fails, and whenever the power goes: there is a kva.def, the former one or the
-// merged one; with the merged one, kva.tmp is the former one.
-TEST_F(KavaletFileTest, PowerCutLeavesTheFormerFileOrTheMergedOne) {
-    const std::string former = "#1\r\na,b,1\r\n";
-    bool done = false;
-    for (size_t n = 1; !done; ++n) {
-        SCOPED_TRACE(n);
-        files.AddFile(L"C:\\Host\\kva.def", former);
-        files.AddFile(L"C:\\Host\\kva.tmp", "older");
-        files.LeaveUnflushed(L"C:\\Host\\abc\\KVA.DEF");
-        files.ForgetOperations();
-        files.CutPower(n);
-        try {
-            Merge();
-            done = true;
-        } catch (const MemoryFileSystem::PowerCut&) {
-        }
-        files.ReturnPower();
-        const std::string now = files.Contents(L"C:\\Host\\kva.def");
-        if (now != former) {
-            EXPECT_EQ(now, "#1\r\na,b,2\r\n");
-            EXPECT_EQ(files.Contents(L"C:\\Host\\kva.tmp"), former);
-        }
-        files.AddFile(L"C:\\Host\\abc\\KVA.DEF", "a,b,2\r\n");
-        done = done || n > 50;
-    }
-}
-
-TEST_F(KavaletFileTest, AnyFailingOperationKeepsTheFormerContent) {
-    const std::string former = "#1\r\na,b,1\r\n";
-    for (size_t n = 1;; ++n) {
-        SCOPED_TRACE(n);
-        files.AddFile(L"C:\\Host\\kva.def", former);
-        files.AddFile(L"C:\\Host\\kva.tmp", "older");
-        files.ForgetOperations();
-        files.FailOperation(n, ErrorNumber::DeviceIo);
-        const auto error = ErrorOf([&] { Merge(); });
-        files.FailNothing();
-        const auto host = files.Snapshot(L"C:\\Host");
-        const auto holdsFormer = [&](const auto& file) {
-            return file.second == former;
-        };
-        EXPECT_TRUE(std::any_of(host.begin(), host.end(), holdsFormer));
-        ASSERT_TRUE(files.Exists(L"C:\\Host\\kva.def"));
-        EXPECT_TRUE(files.Contents(L"C:\\Host\\kva.def") == former ||
-                    files.Contents(L"C:\\Host\\kva.def") == "#1\r\na,b,2\r\n");
-        if (!error)
-            break;
-        EXPECT_EQ(error, ErrorNumber::DeviceIo);
-    }
-}
-
 } // namespace
 } // namespace tamblin

@@ -1,4 +1,4 @@
-// Maintenance commands while the power goes, under a virus scanner, and on a full disk.
+// Maintenance commands while the power goes and under a virus scanner.
 #include "unit/maintenance_faults_scene.h"
 
 namespace tamblin {
@@ -86,31 +86,6 @@ TEST(UnderAScanner, EveryCommandWaits) {
         EXPECT_FALSE(uninstalled.files.Exists(L"C:\\VMR\\abc"));
         EXPECT_GT(launched.files.Waited() + edited.files.Waited(), Patience::Milliseconds{0});
     }
-}
-
-TEST(UnderAScanner, NobodyWaitsLongerThanFiveSeconds) {
-    NewHostProgram scene;
-    scene.files.HoldFor(L"C:\\VMR\\ombrel.exe", 100'000);
-    EXPECT_EQ(ErrorOf([&] { UpdateHostProgram(scene.model, scene.platform); }),
-              ErrorNumber::PermissionDenied);
-    EXPECT_EQ(scene.files.Snapshot(), scene.before);
-    EXPECT_GE(scene.files.Waited(), Patience::usual);
-    EXPECT_LE(scene.files.Waited(), Patience::usual + Patience::Milliseconds{100});
-}
-
-TEST(FullDisk, KeepsTheFormerStartUpFileAsideAndTheFormerProgram) {
-    OneCharacter scene;
-    scene.files.SetCapacity(L"C:", 0);
-    EXPECT_EQ(ErrorOf([&] { LaunchCharacter(scene.model, scene.platform); }),
-              ErrorNumber::DiskFull);
-    ExpectFormerStartUpFile(scene);
-    EXPECT_THAT(scene.starter.started, IsEmpty());
-    NewHostProgram updated;
-    updated.files.SetCapacity(L"C:", 0);
-    EXPECT_EQ(ErrorOf([&] { UpdateHostProgram(updated.model, updated.platform); }),
-              ErrorNumber::DiskFull);
-    EXPECT_EQ(updated.messages.shown.size(), 1U); // and no word of completion
-    EXPECT_EQ(updated.files.Snapshot(), updated.before);
 }
 
 TEST(UninstallFaults, ListIsEmptyWhenItCannotBeReadAnew) {

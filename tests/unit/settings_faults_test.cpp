@@ -155,30 +155,5 @@ INSTANTIATE_TEST_SUITE_P(Errors, SettingsFaults, testing::ValuesIn(SettingsError
                              return "Error" + std::to_string(static_cast<int>(error.param));
                          });
 
-TEST(SettingsOnAFullDisk, StayAsTheyWere) {
-    PlatformFake fake;
-    SettingsState state;
-    SettingsFile file(fake.platform, state);
-    fake.files.AddFile(SettingsPath, Former);
-    fake.files.SetCapacity(L"C:", sizeof Former + 8);
-    HostFolderCombo combo;
-    combo.entries = {L"C:\\Host"};
-    EXPECT_EQ(ErrorOf([&] { file.SaveSettings(combo, L"C:\\"); }), ErrorNumber::DiskFull);
-    EXPECT_EQ(fake.files.Contents(SettingsPath), Former);
-}
-
-TEST(SettingsInUse, StayAsTheyWere) {
-    for (const wchar_t* path : {SettingsPath, FormerSettingsPath}) {
-        PlatformFake fake;
-        SettingsState state;
-        SettingsFile file(fake.platform, state);
-        fake.files.AddFile(SettingsPath, Former);
-        fake.files.AddFile(FormerSettingsPath, "older");
-        fake.files.Lock(path);
-        EXPECT_EQ(ErrorOf([&] { file.SaveSettings({}, L"C:\\"); }), ErrorNumber::PermissionDenied);
-        EXPECT_EQ(fake.files.Contents(SettingsPath), Former);
-    }
-}
-
 } // namespace
 } // namespace tamblin

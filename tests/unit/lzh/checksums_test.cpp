@@ -39,17 +39,6 @@ TEST(Crc16, IsRightWhereverTheBytesBegin) {
     }
 }
 
-TEST(Crc16, GoesOnFromEachChecksumBeforeLongData) {
-    const std::string bytes = RandomBytes(640, 3);
-    for (const std::size_t size : {8u, 130u, 260u, 383u, 384u, 640u}) {
-        const std::string_view piece(bytes.data(), size);
-        for (unsigned before = 0; before < 0x10000; before += 251) {
-            const auto crc = static_cast<std::uint16_t>(before);
-            ASSERT_EQ(Crc(piece, crc), SlowCrc16(piece, crc)) << before << " " << size;
-        }
-    }
-}
-
 TEST(Crc16, IsTheSameHoweverTheBytesAreCut) {
     const std::string bytes = RandomBytes(900, 4);
     for (std::size_t cut = 0; cut <= bytes.size(); ++cut)

@@ -38,9 +38,7 @@ std::string Unpacked(const std::string& bytes, char system, unsigned level, cons
     const Extraction extraction(LzhWriter().Add(entry).AddFile(L"next", "n").Finish());
     EXPECT_EQ(extraction.Failure(), LzhFailure::None);
     EXPECT_EQ(extraction.Bytes(L"next"), "n");
-    return extraction.target.files.begin()->second.bytes == "n"
-               ? extraction.target.files.rbegin()->second.bytes
-               : extraction.target.files.begin()->second.bytes;
+    return extraction.Bytes(std::wstring(name.begin(), name.end()));
 }
 
 TEST(MacBinary, DataForkIsTheFile) {

@@ -2,10 +2,7 @@
 
 #include <string>
 
-#include "platform/lzh/extractor.h"
-#include "support/lzh_code_pages_here.h"
-#include "support/lzh_memory_source.h"
-#include "support/lzh_target_fake.h"
+#include "support/lzh_extraction.h"
 #include "support/lzh_test_data.h"
 #include "support/lzh_writer.h"
 
@@ -21,12 +18,9 @@ class RoundTrip : public testing::TestWithParam<std::string> {
         for (unsigned level = 0; level <= 3; ++level) {
             LzhEntry entry = MakeEntry(L"file.bin", bytes, GetParam(), level);
             entry.encoder = options;
-            MemorySource source(LzhWriter().Add(entry).Finish());
-            TargetFake target;
-            CodePagesHere codePages;
-            const ExtractionResult result = Extractor(source, target, codePages).Run();
-            ASSERT_EQ(result.failure, LzhFailure::None) << "level " << level;
-            ASSERT_TRUE(target.files[L"file.bin"].bytes == bytes)
+            const Extraction extraction(LzhWriter().Add(entry).Finish());
+            ASSERT_EQ(extraction.Failure(), LzhFailure::None) << "level " << level;
+            ASSERT_TRUE(extraction.Bytes(L"file.bin") == bytes)
                 << "level " << level << ", " << bytes.size() << " bytes";
             if (bytes.size() > 10000)
                 return;
