@@ -25,11 +25,11 @@ struct Code {
 
 // Lengths of a Huffman code for the counts, however long they become.
 std::vector<unsigned> HuffmanLengths(const Counts& counts) {
-    struct Node {
+    struct Fork {
         int left;
         int right;
     };
-    std::vector<Node> nodes;
+    std::vector<Fork> nodes;
     using Item = std::pair<unsigned long, int>; // weight; symbol, or node behind all symbols
     std::priority_queue<Item, std::vector<Item>, std::greater<>> heap;
     const int symbolCount = static_cast<int>(counts.size());

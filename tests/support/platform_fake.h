@@ -2,19 +2,13 @@
 // folder. Hand `platform` to what is tested, and look at the fakes afterwards.
 #pragma once
 
-#include "platform/platform.h"
 #include "support/desktop_shell_fake.h"
-#include "support/event_loop_fake.h"
 #include "support/memory_file_system.h"
-#include "support/message_boxes_fake.h"
-#include "support/native_ansi_code_page.h"
-#include "support/program_starter_fake.h"
-#include "support/unlha_fake.h"
-#include "support/work_progress_fake.h"
+#include "support/seam_fakes.h"
 
 namespace tamblin {
 
-struct PlatformFake {
+struct PlatformFake : SeamFakes {
     explicit PlatformFake(const std::wstring& drive = L"C:", DriveType type = DriveType::Fixed) {
         files.AddDrive(drive, type);
         platform.programFolder = drive + L"\\Tamblin";
@@ -27,18 +21,10 @@ struct PlatformFake {
 
     MemoryFileSystem files;
     DesktopShellFake shell{files};
-    ProgramStarterFake starter;
-    MessageBoxesFake messages;
-    EventLoopFake events;
-    UnlhaFake unlha;
-    NativeAnsiCodePage ansi;
-    WorkProgressFake progress;
     Platform platform = PlatformOver(files);
 
     // The same fakes over other files.
-    Platform PlatformOver(FileSystem& other) {
-        return {other, shell, starter, messages, events, unlha, ansi, progress, L"C:\\Tamblin"};
-    }
+    Platform PlatformOver(FileSystem& other) { return Over(other, shell, L"C:\\Tamblin"); }
 };
 
 } // namespace tamblin

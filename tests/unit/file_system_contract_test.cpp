@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "base/text.h"
+
 namespace tamblin {
 namespace {
 

@@ -41,12 +41,12 @@ struct FaultScene : MainWindowScene {
         state.KvaOption = L"ON";
         AddPackage(L"p.lzh", Packed);
         Open();
+        Select(model.browser.Files(), {L"p.lzh"});
         hostBefore = files.Snapshot(L"C:\\Host");
     }
 
     // Installs with the n-th operation failing.
     std::optional<ErrorNumber> InstallWithFault(size_t n, ErrorNumber error) {
-        Select(model.browser.Files(), {L"p.lzh"});
         files.ForgetOperations();
         files.FailOperation(n, error);
         const auto failure = ErrorOf([&] { Install(model, state, fake.platform, screen); });
@@ -65,21 +65,6 @@ struct FaultScene : MainWindowScene {
 
     bool Holds(const std::wstring& path, std::string_view bytes) const {
         return files.Exists(path) && files.Contents(path) == bytes;
-    }
-
-    // False when the power went on until the end.
-    bool InstallWithPowerCut(size_t n) {
-        Select(model.browser.Files(), {L"p.lzh"});
-        files.ForgetOperations();
-        files.CutPower(n);
-        bool cut = false;
-        try {
-            Install(model, state, fake.platform, screen);
-        } catch (const MemoryFileSystem::PowerCut&) {
-            cut = true;
-        }
-        files.ReturnPower();
-        return cut;
     }
 
     MemoryFileSystem::Tree hostBefore;
@@ -182,23 +167,21 @@ TEST_P(InstallFaults, DoNotKeepTheNextInstallFromSucceeding) {
 }
 
 TEST(InstallPowerCut, LeavesTheFormerFilesOrTheNewOnesWhole) {
-    size_t n = 1;
-    for (;; ++n) {
-        SCOPED_TRACE(n);
-        FaultScene scene;
-        const bool cut = scene.InstallWithPowerCut(n);
-        ExpectHostAsItWas(scene);
-        if (!cut)
-            break;
-        // Contents that are new to the host are not flushed one by one, and a read-only file is
-        // nobody's to replace.
-        if (scene.files.Exists(L"C:\\Host\\mio.obl") ||
-            scene.files.Exists(L"C:\\Host\\mio\\readonly"))
-            continue;
-        EXPECT_EQ(scene.InstallAgain(), std::nullopt);
-        ExpectInstalled(scene);
-    }
-    EXPECT_GT(n, 40U);
+    ForEachPowerCut<FaultScene>(
+        40,
+        [](FaultScene& scene) {
+            Install(scene.model, scene.state, scene.fake.platform, scene.screen);
+        },
+        [](FaultScene& scene) {
+            ExpectHostAsItWas(scene);
+            // Contents that are new to the host are not flushed one by one, and a read-only file is
+            // nobody's to replace.
+            if (scene.files.Exists(L"C:\\Host\\mio.obl") ||
+                scene.files.Exists(L"C:\\Host\\mio\\readonly"))
+                return;
+            EXPECT_EQ(scene.InstallAgain(), std::nullopt);
+            ExpectInstalled(scene);
+        });
 }
 
 // Every new file is held for a while, as by a virus scanner.

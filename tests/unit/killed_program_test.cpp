@@ -16,13 +16,7 @@
 #include "maintenance/updates.h"
 #include "platform/win32/win32_desktop_shell.h"
 #include "platform/win32/win32_file_system.h"
-#include "support/event_loop_fake.h"
-#include "support/message_boxes_fake.h"
-#include "support/native_ansi_code_page.h"
-#include "support/program_starter_fake.h"
 #include "support/temporary_folder.h"
-#include "support/unlha_fake.h"
-#include "support/work_progress_fake.h"
 #include "unit/counted_calls_win32.h"
 #include "unit/rules_fixture.h"
 
@@ -45,7 +39,7 @@ const std::map<std::wstring, std::string> package = {{L"mio.obl", "mio 1"},
                                                      {L"mio\\KVA.DEF", "a,b,2\r\nc,d,2\r\n"},
                                                      {L"old.obl", "mio 4"}};
 
-struct RealScene {
+struct RealScene : SeamFakes {
     explicit RealScene(const std::wstring& topFolder) : top(topFolder) {}
 
     // As it is before the command. A former one goes.
@@ -115,14 +109,7 @@ struct RealScene {
     Win32FileSystem files{{Patience::Milliseconds{0}, [](Patience::Milliseconds) {
                            }}};
     Win32DesktopShell shell;
-    ProgramStarterFake starter;
-    MessageBoxesFake messages;
-    EventLoopFake events;
-    UnlhaFake unlha;
-    NativeAnsiCodePage ansi;
-    WorkProgressFake progress;
-    Platform platform{files, shell, starter,  messages,          events,
-                      unlha, ansi,  progress, top + L"\\Tamblin"};
+    Platform platform = Over(files, shell, top + L"\\Tamblin");
     SettingsState state;
     SettingsFile settings{platform, state};
     MainScreen main{platform, state, settings};

@@ -1,9 +1,11 @@
-// Which texts can be paths.
+// Which texts can be paths, and which names are devices.
 #include "platform/path_form.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+
+#include "base/device_name.h"
 
 namespace tamblin {
 namespace {
@@ -52,6 +54,19 @@ TEST(IsWellFormedPath, RefusesNamesThatAreTooLong) {
 TEST(IsWellFormedPath, RefusesDevices) {
     EXPECT_FALSE(IsWellFormedPath(L"C:\\a\\nul"));
     EXPECT_FALSE(IsWellFormedPath(L"C:\\con\\a"));
+}
+
+TEST(IsDeviceName, KnowsDevicesInEveryGuise) {
+    for (const wchar_t* name :
+         {L"CON", L"con", L"NUL.txt", L"aux.tar.gz", L"PRN ", L"nul .x", L"COM1", L"lpt9.obl",
+          L"COM\x00B2", L"CONIN$", L"conout$", L"Clock$"})
+        EXPECT_TRUE(IsDeviceName(name)) << name;
+}
+
+TEST(IsDeviceName, LeavesOtherNamesAlone) {
+    for (const wchar_t* name : {L"", L"CONS", L"xCON", L"COM", L"COM0", L"COM10", L"LPT", L"NULL",
+                                L".CON", L"a.nul", L"ＣＯＮ"})
+        EXPECT_FALSE(IsDeviceName(name)) << name;
 }
 
 } // namespace

@@ -19,6 +19,7 @@
 #include "install/install.h"
 #include "settings/settings_file.h"
 #include "support/commands.h"
+#include "support/hosts.h"
 #include "support/platform_fake.h"
 #include "unit/case_name.h"
 
@@ -31,24 +32,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using Box = MessageBoxesFake::Box;
 using Kind = MessageBoxesFake::Kind;
-
-inline void AddHost(MemoryFileSystem& files, const std::wstring& folder) {
-    files.AddFile(WithBackslash(folder) + L"ombrel.exe", "host");
-    files.AddFile(WithBackslash(folder) + L"ombrel.rc", "H001currentobl=abc.obl\r\n");
-}
-
-// An installed character: its definition file and its folder with one file.
-inline void AddCharacter(MemoryFileSystem& files, const std::wstring& host,
-                         const std::wstring& name) {
-    files.AddFile(WithBackslash(host) + name + L".obl", "definition");
-    files.AddFile(WithBackslash(host) + name + L"\\face.bmp", "picture");
-}
-
-// Registers a folder as the settings file would have.
-inline void Register(SettingsState& state, const std::wstring& folder) {
-    ++state.HostFolderCount;
-    state.HostFolders[static_cast<size_t>(state.HostFolderCount)] = folder;
-}
 
 inline std::vector<std::wstring> RegisteredFolders(const SettingsState& state) {
     const auto first = state.HostFolders.begin() + 1;
@@ -99,6 +82,26 @@ inline std::optional<ErrorNumber> ErrorOf(const std::function<void()>& command) 
         return error.Number();
     }
     return std::nullopt;
+}
+
+// Runs the command on fresh scenes, the power going during its first operation, then during its
+// second, and so on; there are more than `atLeast`.
+template <typename Scene, typename Command, typename Check>
+void ForEachPowerCut(size_t atLeast, const Command& command, const Check& check) {
+    size_t n = 1;
+    for (bool cut = true; cut; ++n) {
+        Scene scene;
+        scene.files.CutPower(n);
+        try {
+            command(scene);
+            cut = false;
+        } catch (const MemoryFileSystem::PowerCut&) {
+            scene.files.ReturnPower();
+            SCOPED_TRACE(testing::Message() << "operation " << n);
+            check(scene);
+        }
+    }
+    EXPECT_GT(n, atLeast);
 }
 
 // The main window as the install sees it, and a user who answers the confirmation window.

@@ -19,30 +19,29 @@ constexpr ErrorNumber SettingsErrors[] = {
 
 class SettingsFaults : public testing::TestWithParam<ErrorNumber> {
   public:
-    struct Scene {
+    struct Scene : PlatformFake {
         Scene() {
-            AddHost(fake.files, L"C:\\Host");
+            AddHost(files, L"C:\\Host");
             combo.entries = {L"C:\\Host"};
             combo.selected = 0;
         }
         void Save() { file.SaveSettings(combo, L"C:\\"); }
         bool Holds(const wchar_t* path, std::string_view bytes) const {
-            return fake.files.Exists(path) && fake.files.Contents(path) == bytes;
+            return files.Exists(path) && files.Contents(path) == bytes;
         }
         bool FormerSettingsAreThere() const {
             return Holds(SettingsPath, Former) || Holds(SettingsPath, Rewritten);
         }
 
-        PlatformFake fake;
         SettingsState state;
         HostFolderCombo combo;
-        SettingsFile file{fake.platform, state};
+        SettingsFile file{platform, state};
     };
 
     // Saves with the n-th operation failing. False when there were fewer operations.
     static bool SaveWithFault(Scene& scene, size_t n, ErrorNumber number) {
-        scene.fake.files.ForgetOperations();
-        scene.fake.files.FailOperation(n, number);
+        scene.files.ForgetOperations();
+        scene.files.FailOperation(n, number);
         bool failed = false;
         try {
             scene.Save();
@@ -51,8 +50,8 @@ class SettingsFaults : public testing::TestWithParam<ErrorNumber> {
             EXPECT_TRUE(error.IsFatal());
             EXPECT_EQ(error.Number(), number);
         }
-        scene.fake.files.FailNothing();
-        EXPECT_EQ(failed, scene.fake.files.OperationCount() >= n);
+        scene.files.FailNothing();
+        EXPECT_EQ(failed, scene.files.OperationCount() >= n);
         return failed;
     }
 };
@@ -62,9 +61,9 @@ TEST_P(SettingsFaults, RewriteNeverLosesTheFormerSettings) {
         for (size_t n = 1;; ++n) {
             SCOPED_TRACE(n);
             Scene scene;
-            scene.fake.files.AddFile(SettingsPath, Former);
+            scene.files.AddFile(SettingsPath, Former);
             if (withBackup)
-                scene.fake.files.AddFile(FormerSettingsPath, "older");
+                scene.files.AddFile(FormerSettingsPath, "older");
             const bool failed = SaveWithFault(scene, n, GetParam());
             EXPECT_TRUE(scene.FormerSettingsAreThere());
             if (!failed) {
@@ -73,49 +72,42 @@ TEST_P(SettingsFaults, RewriteNeverLosesTheFormerSettings) {
             }
             scene.Save();
             EXPECT_NE(
-                scene.fake.files.Contents(SettingsPath).find("VERSION=Ver." TAMBLIN_VERSION "\r\n"),
+                scene.files.Contents(SettingsPath).find("VERSION=Ver." TAMBLIN_VERSION "\r\n"),
                 std::string::npos);
-            EXPECT_NE(scene.fake.files.Contents(SettingsPath).find("VMRFOLDER=C:\\Host\r\n"),
+            EXPECT_NE(scene.files.Contents(SettingsPath).find("VMRFOLDER=C:\\Host\r\n"),
                       std::string::npos);
-            EXPECT_FALSE(scene.fake.files.Exists(FormerSettingsPath));
+            EXPECT_FALSE(scene.files.Exists(FormerSettingsPath));
         }
     }
 }
 
-TEST(SettingsPowerCut, LeavesTheFormerSettingsOrTheNewOnes) {
-    size_t n = 1;
-    for (bool cut = true; cut; ++n) {
-        SCOPED_TRACE(n);
-        SettingsFaults::Scene scene;
-        scene.fake.files.AddFile(SettingsPath, Former);
-        scene.fake.files.AddFile(FormerSettingsPath, "older");
-        scene.fake.files.ForgetOperations();
-        scene.fake.files.CutPower(n);
-        try {
-            scene.Save();
-            cut = false;
-        } catch (const MemoryFileSystem::PowerCut&) {
-        }
-        scene.fake.files.ReturnPower();
-        EXPECT_TRUE(scene.Holds(SettingsPath, Former) || scene.Holds(SettingsPath, Rewritten));
-        scene.Save();
-        EXPECT_TRUE(scene.Holds(SettingsPath, Rewritten));
-        EXPECT_FALSE(scene.fake.files.Exists(FormerSettingsPath));
+struct RewriteScene : SettingsFaults::Scene {
+    RewriteScene() {
+        files.AddFile(SettingsPath, Former);
+        files.AddFile(FormerSettingsPath, "older");
     }
-    EXPECT_GT(n, 6U);
+};
+
+TEST(SettingsPowerCut, LeavesTheFormerSettingsOrTheNewOnes) {
+    ForEachPowerCut<RewriteScene>(
+        6, [](auto& scene) { scene.Save(); },
+        [](auto& scene) {
+            EXPECT_TRUE(scene.Holds(SettingsPath, Former) || scene.Holds(SettingsPath, Rewritten));
+            scene.Save();
+            EXPECT_TRUE(scene.Holds(SettingsPath, Rewritten));
+            EXPECT_FALSE(scene.files.Exists(FormerSettingsPath));
+        });
 }
 
 TEST(SettingsUnderAScanner, AreSaved) {
     for (const auto shares :
          {MemoryFileSystem::HolderShares::Nothing, MemoryFileSystem::HolderShares::Deletion}) {
-        SettingsFaults::Scene scene;
-        scene.fake.files.AddFile(SettingsPath, Former);
-        scene.fake.files.AddFile(FormerSettingsPath, "older");
-        scene.fake.files.HoldFor(SettingsPath, 40, shares);
-        scene.fake.files.HoldFor(FormerSettingsPath, 40, shares);
+        RewriteScene scene;
+        scene.files.HoldFor(SettingsPath, 40, shares);
+        scene.files.HoldFor(FormerSettingsPath, 40, shares);
         scene.Save();
         EXPECT_TRUE(scene.Holds(SettingsPath, Rewritten));
-        EXPECT_FALSE(scene.fake.files.Exists(FormerSettingsPath));
+        EXPECT_FALSE(scene.files.Exists(FormerSettingsPath));
     }
 }
 
@@ -127,7 +119,7 @@ TEST_P(SettingsFaults, FreshFileIsWrittenTheNextTime) {
         if (!failed)
             break;
         scene.Save();
-        EXPECT_TRUE(scene.fake.files.Contents(SettingsPath).starts_with("# Tamblin\r\n"));
+        EXPECT_TRUE(scene.files.Contents(SettingsPath).starts_with("# Tamblin\r\n"));
     }
 }
 
@@ -135,17 +127,17 @@ TEST_P(SettingsFaults, ReadingNeverThrowsAndNeverWrites) {
     for (size_t n = 1;; ++n) {
         SCOPED_TRACE(n);
         Scene scene;
-        scene.fake.files.AddFile(SettingsPath, "VERSION=Ver." TAMBLIN_VERSION
-                                               "\r\nVMRFOLDER=C:\\Host\r\n"
-                                               "DEFAULT=C:\\Host\r\nVIEWFOLDER=C:\\Host\\\r\n");
-        const auto before = scene.fake.files.Snapshot();
-        scene.fake.files.ForgetOperations();
-        scene.fake.files.FailOperation(n, GetParam());
+        scene.files.AddFile(SettingsPath, "VERSION=Ver." TAMBLIN_VERSION
+                                          "\r\nVMRFOLDER=C:\\Host\r\n"
+                                          "DEFAULT=C:\\Host\r\nVIEWFOLDER=C:\\Host\\\r\n");
+        const auto before = scene.files.Snapshot();
+        scene.files.ForgetOperations();
+        scene.files.FailOperation(n, GetParam());
         for (const auto key : {setting_keys::Version, setting_keys::VmrFolder,
                                setting_keys::Default, setting_keys::ViewFolder})
             EXPECT_NO_THROW(scene.file.ReadSetting(key));
-        EXPECT_EQ(scene.fake.files.Snapshot(), before);
-        if (scene.fake.files.OperationCount() < n)
+        EXPECT_EQ(scene.files.Snapshot(), before);
+        if (scene.files.OperationCount() < n)
             break;
     }
 }

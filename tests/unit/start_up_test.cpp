@@ -2,7 +2,6 @@
 #include "app/start_up.h"
 
 #include "base/version.h"
-#include "support/earlier_copy_fake.h"
 #include "unit/rules_fixture.h"
 
 namespace tamblin {

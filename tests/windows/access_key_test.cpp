@@ -66,13 +66,6 @@ class AccessKeyTest : public WindowScene {
         form.Show();
         Settle();
     }
-    void Settle() {
-        for (int round = 0; round < 3; ++round) {
-            Pump();
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 30, QS_ALLINPUT);
-        }
-        Pump();
-    }
 
     KeyForm& form = application.Open<KeyForm>(application);
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "ui/windows_headers.h"
 
@@ -34,6 +35,15 @@ class Canvas {
     void Fill(HBRUSH brush) {
         const RECT all = Area();
         FillRect(target, &all, brush);
+    }
+    // Row by row, without their unused bits.
+    std::vector<std::uint32_t> Pixels() const {
+        GdiFlush();
+        std::vector<std::uint32_t> all(pixels,
+                                       pixels + static_cast<std::ptrdiff_t>(width) * height);
+        for (std::uint32_t& pixel : all)
+            pixel &= 0xFFFFFF;
+        return all;
     }
     COLORREF At(int x, int y) const {
         GdiFlush();

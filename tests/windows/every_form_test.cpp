@@ -7,6 +7,7 @@
 #include "setup/quick_help_window.h"
 #include "setup/search_window.h"
 #include "setup/wizard_window.h"
+#include "support/hosts.h"
 #include "windows/form_check.h"
 #include "windows/window_scene.h"
 
@@ -16,8 +17,7 @@ namespace {
 class EveryFormTest : public WindowScene {
   protected:
     void SetUp() override {
-        fake.files.AddFile(L"C:\\Vimora\\ombrel.exe");
-        fake.files.AddFile(L"C:\\Vimora\\ombrel.rc");
+        AddHost(fake.files, L"C:\\Vimora");
         fake.files.AddFile(L"C:\\Vimora\\Lonely.obl");
         fake.files.AddFolder(L"C:\\Vimora\\Orphan");
         state.HostFolders[1] = L"C:\\Vimora";

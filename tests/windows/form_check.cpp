@@ -6,6 +6,7 @@
 #include <set>
 
 #include "ui/picture_button.h"
+#include "windows/window_scene.h"
 
 namespace tamblin {
 namespace {
@@ -19,22 +20,9 @@ std::string Utf8(const std::wstring& text) {
     return bytes;
 }
 
-std::wstring ClassOf(HWND window) {
-    wchar_t name[64]{};
-    GetClassNameW(window, name, 64);
-    return name;
-}
-
 std::string Describe(const Control& control) {
     return Utf8(ClassOf(control.Handle())) + " " + std::to_string(GetDlgCtrlID(control.Handle())) +
            " \"" + Utf8(control.Text()) + "\"";
-}
-
-RECT AreaInForm(const Form& form, const Control& control) {
-    RECT area{};
-    GetWindowRect(control.Handle(), &area);
-    MapWindowPoints(nullptr, form.Handle(), reinterpret_cast<POINT*>(&area), 2);
-    return area;
 }
 
 bool ShowsItsText(const Control& control) {
@@ -57,8 +45,7 @@ SIZE TextSize(const Control& control) {
     const HGDIOBJ former = SelectObject(target, font);
     const DWORD style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
     const bool literal = ClassOf(window) == L"Static" && (style & SS_NOPREFIX);
-    RECT area{};
-    GetClientRect(window, &area);
+    RECT area = ClientAreaOf(window);
     const bool wraps = ClassOf(window) == L"Static";
     DrawTextW(target, text.c_str(), -1, &area,
               DT_CALCRECT | (literal ? static_cast<UINT>(DT_NOPREFIX) : 0u) |
@@ -76,8 +63,7 @@ bool Overlap(const RECT& a, const RECT& b) {
 } // namespace
 
 void MoveToDensity(Form& form, unsigned dpi) {
-    RECT suggested{};
-    GetWindowRect(form.Handle(), &suggested);
+    RECT suggested = AreaOf(form.Handle());
     SendMessageW(form.Handle(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
                  reinterpret_cast<LPARAM>(&suggested));
 }
@@ -95,8 +81,7 @@ std::string CutOffCaptions(const Form& form) {
         if (!ShowsItsText(*control) || control->Text().empty())
             continue;
         const SIZE text = TextSize(*control);
-        RECT room{};
-        GetClientRect(control->Handle(), &room);
+        const RECT room = ClientAreaOf(control->Handle());
         if (text.cx > room.right || text.cy > room.bottom)
             faults += Describe(*control) + ": needs " + std::to_string(text.cx) + "x" +
                       std::to_string(text.cy) + ", has " + std::to_string(room.right) + "x" +
@@ -107,8 +92,7 @@ std::string CutOffCaptions(const Form& form) {
 
 std::string MisplacedControls(const Form& form) {
     std::string faults;
-    RECT client{};
-    GetClientRect(form.Handle(), &client);
+    const RECT client = ClientAreaOf(form.Handle());
     const auto& controls = form.Controls();
     for (size_t i = 0; i < controls.size(); ++i) {
         const RECT area = AreaInForm(form, *controls[i]);
@@ -227,9 +211,7 @@ std::string WrongElements(const Form& form, std::span<const Element> elements) {
             wrong += std::to_string(id) + " is missing\n";
             continue;
         }
-        std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-        GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-        text.pop_back();
+        const std::wstring text = TextOf(window);
         if (ClassOf(window) != element.windowClass)
             wrong += std::to_string(id) + " is a " + Utf8(ClassOf(window)) + "\n";
         if (element.caption && text != element.caption)

@@ -6,9 +6,7 @@ namespace tamblin {
 namespace {
 
 TEST_F(FormTest, HasTheClassOfItsNumberAndControlsByTheirNames) {
-    wchar_t name[64]{};
-    GetClassNameW(form.Handle(), name, 64);
-    EXPECT_STREQ(name, L"Tamblin.Form101");
+    EXPECT_EQ(ClassOf(form.Handle()), L"Tamblin.Form101");
     EXPECT_EQ(ControlId({ControlKind::Command, 12}), 1240);
     EXPECT_EQ(ControlId({ControlKind::Option, 1, 2}), 6022);
     EXPECT_EQ(ControlId({ControlKind::Image, 1}), 8020);

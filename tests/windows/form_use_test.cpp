@@ -86,10 +86,7 @@ TEST_F(FormTest, TellsWhatThePointerIsOverAlsoWhenItIsDisabled) {
 
 TEST_F(FormTest, CannotBeMadeSmallerThanItsLayout) {
     SetWindowPos(form.Handle(), nullptr, 0, 0, 10, 10, SWP_NOMOVE);
-    RECT client = ClientAreaOf(form.Handle());
-    RECT last = AreaOf(form.text.Handle());
-    MapWindowPoints(nullptr, form.Handle(), reinterpret_cast<POINT*>(&last), 2);
-    EXPECT_LE(last.bottom, client.bottom);
+    EXPECT_LE(AreaInForm(form, form.text).bottom, ClientAreaOf(form.Handle()).bottom);
 }
 
 class WideForm : public Form {
@@ -109,9 +106,8 @@ TEST_F(FormTest, WritesSmallerWhereTheScreenIsTooNarrowAtItsDensity) {
     const int before = wide.Measure().LineHeight();
     for (unsigned dpi = 192; dpi <= 288; dpi += 6) {
         MoveToDensity(wide, dpi);
-        RECT last = AreaOf(wide.second.Handle());
-        MapWindowPoints(nullptr, wide.Handle(), reinterpret_cast<POINT*>(&last), 2);
-        RECT client = ClientAreaOf(wide.Handle());
+        const RECT last = AreaInForm(wide, wide.second);
+        const RECT client = ClientAreaOf(wide.Handle());
         EXPECT_LE(last.right, client.right - wide.Measure().Across(40)) << dpi;
         RECT window = AreaOf(wide.Handle());
         EXPECT_LE(window.right - window.left, GetSystemMetrics(SM_CXSCREEN));

@@ -111,16 +111,5 @@ TEST_F(InstallWindowTest, TheEndOfTheSessionInstallsNothing) {
     EXPECT_FALSE(fake.files.Exists(L"C:\\TAMTMP"));
 }
 
-TEST_F(InstallWindowTest, AFailureWhileItCopiesIsReportedAndLeavesTheWindowUsable) {
-    Open();
-    InstallAnd([&](Form& confirmation) {
-        fake.files.SetReady(L"C:", false);
-        Click(Find(confirmation, ControlKind::Command, 1));
-    });
-    ASSERT_FALSE(fake.messages.shown.empty());
-    EXPECT_EQ(fake.messages.shown[0].icon, MessageIcon::Stop);
-    EXPECT_TRUE(IsEnabled(form->Handle()));
-}
-
 } // namespace
 } // namespace tamblin

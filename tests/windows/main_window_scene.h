@@ -3,6 +3,7 @@
 
 #include "app/main_window.h"
 #include "support/commands.h"
+#include "support/hosts.h"
 #include "windows/window_scene.h"
 
 namespace tamblin {
@@ -10,20 +11,15 @@ namespace tamblin {
 class MainWindowTest : public WindowScene {
   protected:
     void SetUp() override {
-        for (const wchar_t* host : {L"C:\\Vimora\\", L"C:\\Second\\"}) {
-            fake.files.AddFile(std::wstring(host) + L"ombrel.exe");
-            fake.files.AddFile(std::wstring(host) + L"ombrel.rc");
+        for (const wchar_t* host : {L"C:\\Vimora", L"C:\\Second"}) {
+            AddHost(fake.files, host);
+            Register(state, host);
         }
-        for (const wchar_t* name : {L"Alpha", L"Beta", L"表ソ能"}) {
-            fake.files.AddFile(std::wstring(L"C:\\Vimora\\") + name + L".obl");
-            fake.files.AddFolder(std::wstring(L"C:\\Vimora\\") + name);
-        }
+        for (const wchar_t* name : {L"Alpha", L"Beta", L"表ソ能"})
+            AddCharacter(fake.files, L"C:\\Vimora", name);
         for (const wchar_t* package : {L"a.lzh", L"abc.obl", L"ombrel.exe", L"new.lzh"})
             fake.files.AddFile(std::wstring(L"C:\\packages\\") + package);
         fake.files.AddFolder(L"C:\\packages\\inner");
-        state.HostFolders[1] = L"C:\\Vimora";
-        state.HostFolders[2] = L"C:\\Second";
-        state.HostFolderCount = 2;
         state.DefaultFolder = L"C:\\Vimora";
         state.ViewFolder = L"C:\\packages";
         state.KvaOption = L"OFF";

@@ -172,9 +172,6 @@ TEST_F(MainWindowTest, KeepsTheTreeRowThatTheUserHasClicked) {
     SendMessageW(List(1), LB_SETCURSEL, static_cast<WPARAM>(inner), 0);
     SelectRows(List(2), {0});
     EXPECT_EQ(SendMessageW(List(1), LB_GETCURSEL, 0, 0), inner);
-    SetFocus(List(1));
-    PressKey(VK_RETURN);
-    EXPECT_EQ(TextOf(Find(*form, ControlKind::Text, 1)), L"C:\\packages\\inner\\");
 }
 
 TEST_F(MainWindowTest, LightsTheButtonsThatFitTheSelections) {

@@ -57,8 +57,7 @@ TEST_F(MainWindowTest, F5ShowsWhatIsNewWhereTheUserIs) {
     SendMessageW(list, LB_SETCARETINDEX, static_cast<WPARAM>(RowOf(list, L"p150.lzh")), 0);
     SendMessageW(list, LB_SETTOPINDEX, static_cast<WPARAM>(RowOf(list, L"p149.lzh")), 0);
     fake.files.AddFile(L"C:\\packages\\download.lzh");
-    fake.files.AddFile(L"C:\\Vimora\\Gamma.obl");
-    fake.files.AddFolder(L"C:\\Vimora\\Gamma");
+    AddCharacter(fake.files, L"C:\\Vimora", L"Gamma");
     fake.files.AddFolder(L"C:\\packages\\another");
     PressKey(VK_F5);
     EXPECT_EQ(EntriesOf(list).size(), 105u);
@@ -152,8 +151,7 @@ TEST_F(MainWindowTest, DropsAreRefusedWhileAnOperationHoldsIt) {
 TEST_F(MainWindowTest, ComingFromAnotherWindowItShowsWhatHasChanged) {
     Open();
     Form1 other(application, fake.platform, state, file, handOver);
-    fake.files.AddFile(L"C:\\Vimora\\Gamma.obl");
-    fake.files.AddFolder(L"C:\\Vimora\\Gamma");
+    AddCharacter(fake.files, L"C:\\Vimora", L"Gamma");
     SetActiveWindow(other.Handle());
     SetActiveWindow(form->Handle());
     Pump();
@@ -205,15 +203,6 @@ TEST_F(MainWindowTest, TakesEveryOtherWindowAlong) {
     other.Show();
     form->Close();
     EXPECT_TRUE(application.OpenForms().empty());
-}
-
-TEST_F(MainWindowTest, SettingsThatCannotBeSavedEndTheProgram) {
-    Open();
-    fake.files.SetCapacity(L"C:", 0);
-    Click(Button(Command::Leave));
-    EXPECT_EQ(timesEnded, 1);
-    ASSERT_FALSE(fake.messages.shown.empty());
-    EXPECT_EQ(fake.messages.shown[0].icon, MessageIcon::Stop);
 }
 
 } // namespace

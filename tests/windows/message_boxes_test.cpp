@@ -1,9 +1,9 @@
 // The system's message boxes: what they show, and what each button answers.
 #include "platform/win32/win32_message_boxes.h"
 
-#include <gtest/gtest.h>
-
 #include <set>
+
+#include "windows/window_scene.h"
 
 namespace tamblin {
 namespace {
@@ -15,93 +15,58 @@ struct BoxSeen {
     bool hasIcon = false;
 };
 
-std::wstring TextOf(HWND window) {
-    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(
-        static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
-// Looks at the next message box of this thread and presses one of its buttons.
-class BoxPresser {
-  public:
-    explicit BoxPresser(int buttonToPress) : button(buttonToPress) {
-        current = this;
-        timer = SetTimer(nullptr, 0, 20, OnTimer);
+class MessageBoxesTest : public WindowScene {
+  protected:
+    // What is seen of the message box that `show` opens, before one of its buttons is pressed.
+    BoxSeen Pressing(int button, const std::function<void()>& show) {
+        BoxSeen seen;
+        Meanwhile([&] {
+            const HWND box = FindWindowW(L"#32770", nullptr);
+            if (!box || !IsWindowVisible(box))
+                return false;
+            seen = SeenOf(box);
+            SendMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+            return true;
+        });
+        show();
+        return seen;
     }
-    ~BoxPresser() { Stop(); }
-    BoxPresser(const BoxPresser&) = delete;
-    BoxPresser& operator=(const BoxPresser&) = delete;
 
-    BoxSeen seen;
+    Win32MessageBoxes messages{[] {
+        return nullptr;
+    }};
 
   private:
-    void Stop() {
-        if (timer)
-            KillTimer(nullptr, timer);
-        timer = 0;
-    }
-
-    static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND window, LPARAM) -> BOOL {
-                wchar_t name[16];
-                GetClassNameW(window, name, 16);
-                return std::wstring(name) == L"#32770" ? current->Press(window) : TRUE;
-            },
-            0);
-    }
-
-    BOOL Press(HWND box) {
-        Stop();
+    static BoxSeen SeenOf(HWND box) {
+        BoxSeen seen;
         seen.title = TextOf(box);
-        for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-            LookAt(child);
-        SendMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
-        return FALSE;
+        for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+            const LONG style = GetWindowLongW(child, GWL_STYLE);
+            if (_wcsicmp(ClassOf(child).c_str(), L"Button") == 0 && (style & WS_VISIBLE) != 0)
+                seen.buttons.insert(GetDlgCtrlID(child));
+            else if ((style & SS_TYPEMASK) == SS_ICON)
+                seen.hasIcon = SendMessageW(child, STM_GETICON, 0, 0) != 0;
+            else if (!TextOf(child).empty())
+                seen.text = TextOf(child);
+        }
+        return seen;
     }
-
-    void LookAt(HWND child) {
-        wchar_t name[16];
-        GetClassNameW(child, name, 16);
-        const bool isVisible = (GetWindowLongW(child, GWL_STYLE) & WS_VISIBLE) != 0;
-        if (_wcsicmp(name, L"Button") == 0 && isVisible)
-            seen.buttons.insert(GetDlgCtrlID(child));
-        else if ((GetWindowLongW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON)
-            seen.hasIcon = SendMessageW(child, STM_GETICON, 0, 0) != 0;
-        else if (!TextOf(child).empty())
-            seen.text = TextOf(child);
-    }
-
-    static BoxPresser* current;
-    int button;
-    UINT_PTR timer;
 };
 
-BoxPresser* BoxPresser::current = nullptr;
-
-TEST(Win32MessageBoxes, InformsWithTitleTextAndOneButton) {
-    Win32MessageBoxes messages([] { return nullptr; });
-    BoxPresser presser(IDOK);
-    messages.Inform(L"終わりました。");
-    EXPECT_EQ(presser.seen.title, L"Tamblin");
-    EXPECT_EQ(presser.seen.text, L"終わりました。");
-    EXPECT_EQ(presser.seen.buttons.size(), 1U);
-    EXPECT_FALSE(presser.seen.hasIcon);
+TEST_F(MessageBoxesTest, InformsWithTitleTextAndOneButton) {
+    const BoxSeen seen = Pressing(IDOK, [&] { messages.Inform(L"終わりました。"); });
+    EXPECT_EQ(seen.title, L"Tamblin");
+    EXPECT_EQ(seen.text, L"終わりました。");
+    EXPECT_EQ(seen.buttons.size(), 1U);
+    EXPECT_FALSE(seen.hasIcon);
 }
 
-TEST(Win32MessageBoxes, ShowsAnIconWhenAskedTo) {
-    Win32MessageBoxes messages([] { return nullptr; });
-    for (const MessageIcon icon : {MessageIcon::Information, MessageIcon::Stop}) {
-        BoxPresser presser(IDOK);
-        messages.Inform(L"!", icon);
-        EXPECT_TRUE(presser.seen.hasIcon);
-    }
+TEST_F(MessageBoxesTest, ShowsAnIconWhenAskedTo) {
+    for (const MessageIcon icon : {MessageIcon::Information, MessageIcon::Stop})
+        EXPECT_TRUE(Pressing(IDOK, [&] { messages.Inform(L"!", icon); }).hasIcon);
 }
 
-TEST(Win32MessageBoxes, QuestionsAnswerByTheButton) {
-    Win32MessageBoxes messages([] { return nullptr; });
+TEST_F(MessageBoxesTest, QuestionsAnswerByTheButton) {
     struct Case {
         bool (Win32MessageBoxes::*ask)(const std::wstring&);
         int yes;
@@ -109,26 +74,25 @@ TEST(Win32MessageBoxes, QuestionsAnswerByTheButton) {
     };
     for (const Case& question : {Case{&Win32MessageBoxes::AskOkCancel, IDOK, IDCANCEL},
                                  Case{&Win32MessageBoxes::AskYesNo, IDYES, IDNO},
-                                 Case{&Win32MessageBoxes::AskRetryCancel, IDRETRY, IDCANCEL}}) {
-        BoxPresser agrees(question.yes);
-        EXPECT_TRUE((messages.*question.ask)(L"?"));
-        EXPECT_EQ(agrees.seen.buttons, (std::set<int>{question.yes, question.no}));
-        BoxPresser refuses(question.no);
-        EXPECT_FALSE((messages.*question.ask)(L"?"));
-    }
+                                 Case{&Win32MessageBoxes::AskRetryCancel, IDRETRY, IDCANCEL}})
+        for (const int button : {question.yes, question.no}) {
+            bool answer = button == question.no;
+            const BoxSeen seen = Pressing(button, [&] { answer = (messages.*question.ask)(L"?"); });
+            EXPECT_EQ(answer, button == question.yes);
+            EXPECT_EQ(seen.buttons, (std::set<int>{question.yes, question.no}));
+        }
 }
 
-TEST(Win32MessageBoxes, BoxBelongsToTheOwnerOfTheMoment) {
+TEST_F(MessageBoxesTest, BoxBelongsToTheOwnerOfTheMoment) {
     const HWND owner = CreateWindowExW(0, L"STATIC", L"owner", WS_OVERLAPPED, 0, 0, 10, 10, nullptr,
                                        nullptr, nullptr, nullptr);
     ASSERT_NE(owner, nullptr);
     int asked = 0;
-    Win32MessageBoxes messages([&] {
+    Win32MessageBoxes owned([&] {
         ++asked;
         return owner;
     });
-    BoxPresser presser(IDOK);
-    messages.Inform(L"!");
+    Pressing(IDOK, [&] { owned.Inform(L"!"); });
     EXPECT_EQ(asked, 1);
     EXPECT_TRUE(IsWindowEnabled(owner));
     DestroyWindow(owner);

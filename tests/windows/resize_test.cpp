@@ -8,6 +8,7 @@
 #include "settings/folder_management_window.h"
 #include "setup/choice_window.h"
 #include "setup/manual_folder_window.h"
+#include "support/hosts.h"
 #include "windows/form_check.h"
 #include "windows/screen_picture.h"
 #include "windows/window_scene.h"
@@ -18,14 +19,11 @@ namespace {
 class ResizeTest : public WindowScene {
   protected:
     void SetUp() override {
-        for (const wchar_t* host : {L"C:\\Vimora\\", L"C:\\Second\\"}) {
-            fake.files.AddFile(std::wstring(host) + L"ombrel.exe");
-            fake.files.AddFile(std::wstring(host) + L"ombrel.rc");
-        }
+        for (const wchar_t* host : {L"C:\\Vimora", L"C:\\Second"})
+            AddHost(fake.files, host);
         for (int number = 0; number < 40; ++number) {
             const std::wstring name = L"表ソ能 " + std::to_wstring(number);
-            fake.files.AddFile(L"C:\\Vimora\\" + name + L".obl");
-            fake.files.AddFolder(L"C:\\Vimora\\" + name);
+            AddCharacter(fake.files, L"C:\\Vimora", name);
             fake.files.AddFile(L"C:\\Vimora\\lonely " + std::to_wstring(number) + L".obl");
             fake.files.AddFolder(L"C:\\Vimora\\orphan " + std::to_wstring(number));
             fake.files.AddFolder(L"C:\\packages\\a folder with a rather long name " + name);
@@ -63,10 +61,8 @@ class ResizeTest : public WindowScene {
         With(application.Open<Form11>(application, check, nullptr), step);
     }
     void With(Form& form, const std::function<void(Form&)>& step) {
-        wchar_t name[64]{};
-        GetClassNameW(form.Handle(), name, 64);
         const testing::ScopedTrace trace(__FILE__, __LINE__,
-                                         testing::PrintToString(std::wstring(name)));
+                                         testing::PrintToString(ClassOf(form.Handle())));
         form.Show();
         ScrollListsToTheirEnds(form);
         Settle();
@@ -80,15 +76,6 @@ class ResizeTest : public WindowScene {
                 SendMessageW(control->Handle(), WM_VSCROLL, SB_BOTTOM, 0);
                 SendMessageW(control->Handle(), WM_HSCROLL, SB_RIGHT, 0);
             }
-    }
-
-    // Until nothing waits and the screen shows what has been painted.
-    void Settle() {
-        for (int round = 0; round < 3; ++round) {
-            Pump();
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, 30, QS_ALLINPUT);
-        }
-        Pump();
     }
 
     void ExpectFreshlyPainted(const Form& form) {
@@ -171,21 +158,15 @@ class PaintCount {
     HWND window;
 };
 
-RECT PlaceOf(HWND window) {
-    RECT area{};
-    GetWindowRect(window, &area);
-    return area;
-}
-
 // A control before and after a change of its form's size.
 class WatchedControl {
   public:
     explicit WatchedControl(const Control& watched)
-        : control(watched), paintings(watched.Handle()), before(PlaceOf(watched.Handle())) {}
+        : control(watched), paintings(watched.Handle()), before(AreaOf(watched.Handle())) {}
 
     void ExpectPaintedForItsMove() const {
         const HWND window = control.Handle();
-        const RECT after = PlaceOf(window);
+        const RECT after = AreaOf(window);
         EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE)) << control.Name().number;
         const bool stayed = EqualRect(&before, &after) || IsRectEmpty(&after);
         EXPECT_EQ(paintings.count, stayed ? 0 : 1) << GetDlgCtrlID(window);

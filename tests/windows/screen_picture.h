@@ -2,11 +2,9 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdint>
 #include <string>
-#include <vector>
 
-#include "ui/windows_headers.h"
+#include "windows/canvas.h"
 
 namespace tamblin {
 
@@ -19,23 +17,11 @@ class ScreenPicture {
         IntersectRect(&area, &area, &screenArea);
         width = static_cast<int>(area.right - area.left);
         const int height = static_cast<int>(area.bottom - area.top);
-        BITMAPINFO info{};
-        info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        const Canvas canvas(width, height, 0);
         const HDC screen = GetDC(nullptr);
-        const HDC memory = CreateCompatibleDC(screen);
-        void* bits = nullptr;
-        const HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        const HGDIOBJ former = SelectObject(memory, bitmap);
-        BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
-        GdiFlush();
-        const auto* first = static_cast<const std::uint32_t*>(bits);
-        pixels.assign(first, first + static_cast<std::ptrdiff_t>(width) * height);
-        for (std::uint32_t& pixel : pixels)
-            pixel &= 0xFFFFFF;
-        SelectObject(memory, former);
-        DeleteObject(bitmap);
-        DeleteDC(memory);
+        BitBlt(canvas.Target(), 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
         ReleaseDC(nullptr, screen);
+        pixels = canvas.Pixels();
     }
 
     struct Differences {

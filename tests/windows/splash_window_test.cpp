@@ -3,7 +3,7 @@
 
 #include "app/splash_background.h"
 #include "base/version.h"
-#include "support/earlier_copy_fake.h"
+#include "support/hosts.h"
 #include "windows/canvas.h"
 #include "windows/form_check.h"
 #include "windows/window_scene.h"
@@ -93,8 +93,7 @@ TEST_F(SplashWindowTest, ShowsTheProgressLineBetweenItsThirdAndEleventhTick) {
 
 TEST_F(SplashWindowTest, OpensTheWizardWithoutSettingsElseTheMainWindowAndCloses) {
     RunToItsEnd();
-    fake.files.AddFile(L"C:\\Vimora\\ombrel.exe");
-    fake.files.AddFile(L"C:\\Vimora\\ombrel.rc");
+    AddHost(fake.files, L"C:\\Vimora");
     fake.files.AddFile(L"C:\\Tamblin\\tamb.ini",
                        "VERSION=Ver." TAMBLIN_VERSION "\r\nVMRFOLDER=C:\\Vimora\r\n");
     StartUp again(fake.platform, state, file);

@@ -14,6 +14,7 @@
 #include "support/lzh_writer.h"
 #include "support/temporary_folder.h"
 #include "windows/progress_scene.h"
+#include "windows/window_scene.h"
 
 namespace tamblin {
 namespace {
@@ -102,18 +103,13 @@ TEST_F(UnlhaWindow, LongExtractionShowsABarAndEverythingStaysPainted) {
 
 // The owner's font has the density of the monitor that both stand on.
 TEST_F(UnlhaWindow, ProgressWindowGrowsWithItsOwnersFont) {
-    const auto sizeOf = [](HWND window) {
-        RECT area{};
-        GetClientRect(window, &area);
-        return area;
-    };
     LOGFONTW description{};
     description.lfHeight = -20;
     ProgressOwner::font = CreateFontIndirectW(&description);
     RECT usual{};
     {
         const ProgressWindow progress(owner, L"", L"a.lzh");
-        usual = sizeOf(ShownProgressWindow());
+        usual = ClientAreaOf(ShownProgressWindow());
         const HWND label = FindWindowExW(ShownProgressWindow(), nullptr, L"Static", nullptr);
         LOGFONTW shown{};
         GetObjectW(reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)), sizeof shown,
@@ -125,8 +121,8 @@ TEST_F(UnlhaWindow, ProgressWindowGrowsWithItsOwnersFont) {
     ProgressOwner::font = CreateFontIndirectW(&description);
     {
         const ProgressWindow progress(owner, L"", L"a.lzh");
-        EXPECT_EQ(sizeOf(ShownProgressWindow()).right, 2 * usual.right);
-        EXPECT_EQ(sizeOf(ShownProgressWindow()).bottom, 2 * usual.bottom);
+        EXPECT_EQ(ClientAreaOf(ShownProgressWindow()).right, 2 * usual.right);
+        EXPECT_EQ(ClientAreaOf(ShownProgressWindow()).bottom, 2 * usual.bottom);
     }
     DeleteObject(ProgressOwner::font);
     ProgressOwner::font = nullptr;

@@ -2,6 +2,39 @@
 
 namespace tamblin {
 
+std::wstring ClassOf(HWND window) {
+    wchar_t name[64]{};
+    GetClassNameW(window, name, 64);
+    return name;
+}
+
+std::wstring TextOf(HWND window) {
+    const auto length = static_cast<size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0));
+    std::wstring text(length + 1, L'\0');
+    const LRESULT copied =
+        SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<size_t>(copied));
+    return text;
+}
+
+RECT AreaOf(HWND window) {
+    RECT area{};
+    GetWindowRect(window, &area);
+    return area;
+}
+
+RECT ClientAreaOf(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    return area;
+}
+
+RECT AreaInForm(const Form& form, const Control& control) {
+    RECT area = AreaOf(control.Handle());
+    MapWindowPoints(nullptr, form.Handle(), reinterpret_cast<POINT*>(&area), 2);
+    return area;
+}
+
 void WindowScene::Pump() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -10,6 +43,14 @@ void WindowScene::Pump() {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
+}
+
+void WindowScene::Settle() {
+    for (int round = 0; round < 3; ++round) {
+        Pump();
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 30, QS_ALLINPUT);
+    }
+    Pump();
 }
 
 // A step that is running may itself say what comes next.
@@ -24,12 +65,9 @@ void WindowScene::Meanwhile(std::function<bool()> step) {
 }
 
 Form* WindowScene::FormOfClass(const std::wstring& name) const {
-    for (Form* form : application.OpenForms()) {
-        wchar_t itsName[64]{};
-        GetClassNameW(form->Handle(), itsName, 64);
-        if (name == itsName && IsWindowVisible(form->Handle()))
+    for (Form* form : application.OpenForms())
+        if (ClassOf(form->Handle()) == name && IsWindowVisible(form->Handle()))
             return form;
-    }
     return nullptr;
 }
 
@@ -46,27 +84,6 @@ bool WindowScene::PumpUntil(const std::function<bool()>& condition) {
 
 HWND WindowScene::Find(const Form& form, ControlKind kind, int number, int index) {
     return GetDlgItem(form.Handle(), ControlId({kind, number, index}));
-}
-
-std::wstring WindowScene::TextOf(HWND window) {
-    const auto length = static_cast<size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0));
-    std::wstring text(length + 1, L'\0');
-    const LRESULT copied =
-        SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<size_t>(copied));
-    return text;
-}
-
-RECT WindowScene::AreaOf(HWND window) {
-    RECT area{};
-    GetWindowRect(window, &area);
-    return area;
-}
-
-RECT WindowScene::ClientAreaOf(HWND window) {
-    RECT area{};
-    GetClientRect(window, &area);
-    return area;
 }
 
 RECT WindowScene::WorkArea() {

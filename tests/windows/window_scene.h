@@ -12,6 +12,13 @@
 
 namespace tamblin {
 
+// What any window tells.
+std::wstring ClassOf(HWND window);
+std::wstring TextOf(HWND window);
+RECT AreaOf(HWND window); // on the screen
+RECT ClientAreaOf(HWND window);
+RECT AreaInForm(const Form& form, const Control& control);
+
 class HandOverFake : public HandOver {
   public:
     std::vector<NextWindow> shown;
@@ -30,6 +37,8 @@ class WindowScene : public testing::Test {
   protected:
     // Handles all events that wait.
     void Pump();
+    // Until nothing waits and the screen shows what has been painted.
+    void Settle();
     // Does something while a modal window holds the test up: as soon as `step` is not false.
     void Meanwhile(std::function<bool()> step);
     // The open form of that window class, or null.
@@ -40,9 +49,6 @@ class WindowScene : public testing::Test {
     bool PumpUntil(const std::function<bool()>& condition);
 
     static HWND Find(const Form& form, ControlKind kind, int number, int index = 0);
-    static std::wstring TextOf(HWND window);
-    static RECT AreaOf(HWND window); // on the screen
-    static RECT ClientAreaOf(HWND window);
     static RECT WorkArea();
     static bool IsEnabled(HWND window) { return IsWindowEnabled(window) != 0; }
     static std::vector<std::wstring> EntriesOf(HWND list);

@@ -62,6 +62,14 @@ TEST_F(OutputWindowTest, HistoryThatAMethodHasWrittenIsNotLeftForTheNext) {
     EXPECT_EQ(History(4096), std::string(4096, ' '));
 }
 
+TEST_F(OutputWindowTest, EntryWithAShorterHistoryLeavesNothingInTheNextLongerOne) {
+    for (const std::size_t history : {65'536u, 4096u, 65'536u}) {
+        Start(history, ' ', 10);
+        EXPECT_EQ(History(history), std::string(history, ' ')) << history;
+        Unpack(10, 'x');
+    }
+}
+
 TEST_F(OutputWindowTest, WhatIsUnpackedBeyondTheEntryIsDropped) {
     Start(4096, ' ', 10);
     EXPECT_EQ(window.Limit() - window.Next(), 10);
