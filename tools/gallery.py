@@ -46,17 +46,14 @@ def furnish_for_pictures(machine):
         machine.make_folder(f"D:\\Music\\{number:04}")
 
 
-def drag(window, x, y):
-    """Takes the window by its title and puts its corner elsewhere."""
-    left, top, _, _ = window.state()["area"]
-    commands = ["mousemove", left + 160, top + 12, "mousedown", 1, "mousemove", x + 160, y + 12, "mouseup", 1]
-    subprocess.run(["xdotool", *map(str, commands)], check=True)
-    wait_until(lambda: window.state()["area"][0] <= x + 8, "the window to follow the mouse")
+def move(window, x, y):
+    left, top, right, bottom = window.state()["area"]
+    window.app.operator.ask("move", window.handle, x, y, right - left, bottom - top)
 
 
 def take_main_windows(gallery, app):
     main = app.main
-    drag(main, 20, main.state()["area"][1])
+    move(main, 20, main.state()["area"][1])
     main.list3.select("mikan")
     gallery.take("main", main)
     right_click_row(main.list3, "mikan")
@@ -74,7 +71,7 @@ def take_main_windows(gallery, app):
     help_window.purposes[0].press()
     wait_until(help_window.purpose_text.text, "a help text")
     help_window.remora.press()
-    drag(help_window, 100, 100)
+    move(help_window, 100, 100)
     gallery.take("help", help_window)
     help_window.done.press()
     help_window.wait_gone()

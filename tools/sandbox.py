@@ -126,7 +126,7 @@ def walk(app):
     gallery = Gallery(app, TOUR / "gallery")
     print("Starting")
     app.start()
-    wait_until(lambda: app.splash.shown() and app.splash.label(4).visible(), "the splash")
+    wait_until(lambda: app.splash.shown() and app.splash.progress_line.visible(), "the splash")
     save_screenshot(TOUR / "1-start-up.png")
     print("  build/tour/1-start-up.png")
     gallery.take("splash", app.splash)

@@ -1,31 +1,25 @@
 """The windows of set-up and folder management."""
 
-from controls import CheckList, Combo, Control, Tickable, control_id, wait_until
-from windows import Window
+from controls import CheckList, wait_until
+from windows import Window, named
 
 
 class WizardWindow(Window):
     CLASS = "Tamblin.Form2"
-
-    def __init__(self, app):
-        super().__init__(app)
-        self.by_hand = self.command(1)
-        self.search = self.command(2)
-        self.give_up = self.command(3)
+    by_hand = named("command", 1)
+    search = named("command", 2)
+    give_up = named("command", 3)
 
 
 class ManualWindow(Window):
     CLASS = "Tamblin.Form3"
-
-    def __init__(self, app):
-        super().__init__(app)
-        self.tree = self.list(1)
-        self.files = self.list(2)
-        self.folder = Control(self, control_id("text", 1))
-        self.status = self.label(10)
-        self.ok = self.command(1)
-        self.back = self.command(2)
-        self.more = self.command(3)
+    tree = named("list", 1)
+    files = named("list", 2)
+    folder = named("text", 1)
+    status = named("label", 10)
+    ok = named("command", 1)
+    back = named("command", 2)
+    more = named("command", 3)
 
     def type_folder(self, folder):
         self.app.operator.ask("set-text", self.folder.handle, folder)
@@ -50,35 +44,26 @@ class ManualWindow(Window):
 
 class SearchWindow(Window):
     CLASS = "Tamblin.Form4"
-
-    def __init__(self, app):
-        super().__init__(app)
-        self.cancel = self.command(1)
-        self.drive = self.label(11)
-        self.folder_count = self.label(3)
-        self.found_count = self.label(5)
+    cancel = named("command", 1)
+    drive = named("label", 11)
+    folder_count = named("label", 3)
+    found_count = named("label", 5)
 
 
 class ChoiceWindow(Window):
     CLASS = "Tamblin.Form5"
-
-    def __init__(self, app):
-        super().__init__(app)
-        self.question = self.label(1)
-        self.found = CheckList(self, control_id("list", 1))
-        self.default = Combo(self, control_id("combo", 1))
-        self.ok = self.command(1)
+    question = named("label", 1)
+    found = named("list", 1, of=CheckList)
+    default = named("combo", 1)
+    ok = named("command", 1)
 
 
 class ManagementWindow(Window):
     CLASS = "Tamblin.Form8"
-
-    def __init__(self, app):
-        super().__init__(app)
-        self.folders = self.list(1)
-        self.add = self.command(1)
-        self.change = self.command(2)
-        self.delete = self.command(3)
-        self.leave = self.command(4)
-        self.allow = Tickable(self, control_id("option", 1, 0))
-        self.forbid = Tickable(self, control_id("option", 1, 1))
+    folders = named("list", 1)
+    add = named("command", 1)
+    change = named("command", 2)
+    delete = named("command", 3)
+    leave = named("command", 4)
+    allow = named("option", 1, 0)
+    forbid = named("option", 1, 1)

@@ -91,33 +91,34 @@ class Window:
     def end_session(self):
         return self.app.operator.ask("end-session", self.handle)
 
-    def command(self, number):
-        return Command(self, control_id("command", number))
 
-    def list(self, number):
-        return List(self, control_id("list", number))
+USUAL = {"command": Command, "list": List, "combo": Combo, "check": Tickable, "option": Tickable}
 
-    def label(self, number):
-        return Control(self, control_id("label", number))
+
+def named(kind, number, index=0, of=None):
+    """A control of a window, under the name that its class gives it."""
+    of = of or USUAL.get(kind, Control)
+    return property(lambda window: of(window, control_id(kind, number, index)))
+
+
+def named_row(kind, number, count, of=Control):
+    """The controls of one number, by their indexes."""
+    return property(lambda window: [of(window, control_id(kind, number, index)) for index in range(count)])
 
 
 class Splash(Window):
     CLASS = "Tamblin.Form6"
+    progress_line = named("label", 4)
 
 
 class MainWindow(Window):
     CLASS = "Tamblin.Form1"
-
-    def __init__(self, app):
-        super().__init__(app)
-        self.combo1 = Combo(self, control_id("combo", 1))
-        self.list1 = self.list(1)
-        self.list2 = self.list(2)
-        self.list3 = self.list(3)
-        self.text1 = Control(self, control_id("text", 1))
-        self.text2 = Control(self, control_id("text", 2))
-        for name, number in COMMANDS.items():
-            setattr(self, name, self.command(number))
+    combo1 = named("combo", 1)
+    list1 = named("list", 1)
+    list2 = named("list", 2)
+    list3 = named("list", 3)
+    text1 = named("text", 1)
+    text2 = named("text", 2)
 
     def enabled_commands(self):
         enabled = {c["id"] for c in self.controls() if c["enabled"]}
@@ -139,17 +140,18 @@ class MainWindow(Window):
         wait_until(lambda: self.text1.text() == folder, f"the browser to show {folder}")
 
 
+for button, number in COMMANDS.items():
+    setattr(MainWindow, button, named("command", number))
+
+
 class Confirmation(Window):
     CLASS = "Tamblin.Form7"
-
-    def __init__(self, app):
-        super().__init__(app)
-        self.list1 = self.list(1)
-        self.list2 = self.list(2)
-        self.list3 = self.list(3)
-        self.install = self.command(1)
-        self.cancel = self.command(2)
-        self.label6 = self.label(6)
+    list1 = named("list", 1)
+    list2 = named("list", 2)
+    list3 = named("list", 3)
+    install = named("command", 1)
+    cancel = named("command", 2)
+    label6 = named("label", 6)
 
 
 class MessageBox(Window):
@@ -225,19 +227,16 @@ def folder_menu(app):
 
 class HelpWindow(Window):
     CLASS = "Tamblin.Form9"
-
-    def __init__(self, app):
-        super().__init__(app)
-        self.categories = [Link(self, control_id("label", 3, index)) for index in range(4)]
-        self.purposes = [Link(self, control_id("label", 4, index)) for index in range(7)]
-        self.buttons = [Link(self, control_id("label", 5, index)) for index in range(11)]
-        self.purpose_text = self.label(6)
-        self.button_text = self.label(7)
-        self.limitations = [Control(self, control_id("label", 8, index)) for index in range(2)]
-        self.about = [Control(self, control_id("label", 9, index)) for index in range(2)]
-        self.support = Link(self, control_id("label", 9, 2))
-        self.remora = Tickable(self, control_id("check", 1))
-        self.done = self.command(1)
+    categories = named_row("label", 3, 4, Link)
+    purposes = named_row("label", 4, 7, Link)
+    buttons = named_row("label", 5, 11, Link)
+    purpose_text = named("label", 6)
+    button_text = named("label", 7)
+    limitations = named_row("label", 8, 2)
+    about = named_row("label", 9, 2)
+    support = named("label", 9, 2, of=Link)
+    remora = named("check", 1)
+    done = named("command", 1)
 
     def area(self):
         return self.state()["area"]
@@ -245,13 +244,13 @@ class HelpWindow(Window):
 
 class CheckWindow(Window):
     CLASS = "Tamblin.Form11"
+    files = named("list", 1)
+    folders = named("list", 2)
+    file_note = named("label", 5)
+    general_note = named("label", 4)
+    delete = named("command", 1)
+    done = named("command", 3)
 
-    def __init__(self, app):
-        super().__init__(app)
-        self.files = self.list(1)
-        self.folders = self.list(2)
-        self.file_note = self.label(5)
-        self.folder_notes = [self.label(6), self.label(7)]
-        self.general_note = self.label(4)
-        self.delete = self.command(1)
-        self.done = self.command(3)
+    @property
+    def folder_notes(self):
+        return [Control(self, control_id("label", number)) for number in (6, 7)]
