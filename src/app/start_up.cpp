@@ -52,7 +52,7 @@ NextWindow StartUp::Tick() {
 }
 
 NextWindow StartUp::Decide() {
-    if (state.VersionKnown && (folderResult != 0 || locationResult != 0))
+    if (folderResult != 0 || locationResult != 0)
         return NextWindow::MainWindow;
     state.BrowseStartFolder = platform.programFolder;
     return NextWindow::SetUpWizard;

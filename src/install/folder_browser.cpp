@@ -45,11 +45,9 @@ void FolderBrowser::SelectTreeRow(size_t row) {
 void FolderBrowser::OpenTreeRow(size_t row) {
     if (row >= tree.rows.size())
         return;
-    const bool isDesktopRow = tree.rows[row].front() == DesktopCaption[0];
-    const std::wstring& target = isDesktopRow ? SpecialEntries[2] : tree.TreePaths[row];
-    if (target.empty())
-        return;
-    ShowFolder(target);
+    const std::wstring& folder = tree.TreePaths[row];
+    if (!folder.empty())
+        ShowFolder(folder);
 }
 
 bool FolderBrowser::ShowFolder(const std::wstring& folder) {
@@ -83,9 +81,7 @@ void FolderBrowser::Reread() {
 
 std::wstring FolderBrowser::NameInRow(const std::wstring& row) {
     const std::wstring marked = row.substr(std::min(row.find_first_not_of(L' '), row.size()));
-    return StartsWith(marked, FolderMark) && marked.size() < row.size()
-               ? marked.substr(std::size(FolderMark) - 1)
-               : marked;
+    return StartsWith(marked, FolderMark) ? marked.substr(std::size(FolderMark) - 1) : marked;
 }
 
 bool FolderBrowser::TakeSelectionLost() {
@@ -125,7 +121,7 @@ void FolderBrowser::AddDriveRows() {
     for (const Drive& drive : platform.files.Drives()) {
         const std::wstring name = DriveOf(drive.name);
         AddRow(name, name);
-        if (BrowseStartFolder.empty() || name != DriveOf(BrowseStartFolder))
+        if (name != DriveOf(BrowseStartFolder))
             continue;
         tree.SelectedTreeRow = tree.rows.size() - 1;
         if (BrowseStartFolder.size() < 4)

@@ -23,8 +23,6 @@ void FolderChoice::LoadFirstStage() {
 void FolderChoice::LoadSecondStage() {
     const auto registered = state.Registered();
     folders.assign(registered.begin(), registered.end());
-    ticks.clear();
-    chosen.reset();
     okEnabled = false;
     if (folders.size() == 1)
         DefaultChosen(0);

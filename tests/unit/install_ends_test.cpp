@@ -139,6 +139,7 @@ TEST_F(InstallTest, WhatLiesInTheStagingFolderIsNeitherUsedNorDeleted) {
     model.browser.ShowFolder(L"C:\\Packs");
     fake.platform.programFolder = L"C:\\TAMTMP\\Tamblin";
     expectRefused(install);
+    expectRefused([&] { scene.main.PrepareStagingPressed(); });
 }
 
 // A link to the staging folder, or a drive that `subst` has made of it.

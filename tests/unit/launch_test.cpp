@@ -247,6 +247,7 @@ TEST(ShowReadme, PathsAreFormedOnceWithoutDoubledBackslash) {
 TEST_F(CharacterMenuTest, EachKindOfReadmeEnablesItsItemAlone) {
     AddReadmes({L".doc"});
     ShowSelected(L"abc");
+    model.installed.folder = L"C:\\Listed"; // the item opens what lies in the chosen one
     for (const wchar_t* ending : {L".doc", L".txt", L"-X.txt", L".htm", L".html"}) {
         AddReadmes({ending});
         EXPECT_EQ(CharacterMenu(model, platform), MenuWithReadme(ending != std::wstring(L".doc")))

@@ -8,6 +8,7 @@ namespace {
 
 TEST_F(MainScreenTest, OpeningASelectedArchiveInstallsItWhereTheButtonWould) {
     files.AddFile(L"C:\\Packs\\abc.obl");
+    scene.AddPackage(L"other.lzh", {});
     main.Load();
     const auto row = [&](const std::wstring& name) {
         const auto& entries = model.browser.Files().Entries();
@@ -18,6 +19,7 @@ TEST_F(MainScreenTest, OpeningASelectedArchiveInstallsItWhereTheButtonWould) {
     Select(model.browser.Files(), {L"mio.lzh"});
     main.SelectionChanged();
     EXPECT_TRUE(main.InstallsFile(row(L"mio.lzh")));
+    EXPECT_FALSE(main.InstallsFile(row(L"other.lzh")));
     EXPECT_FALSE(main.InstallsFile(row(L"gone")));
     Select(model.browser.Files(), {L"abc.obl"});
     Select(model.installed.names, {L"abc"});
@@ -78,6 +80,7 @@ TEST_F(MainScreenTest, RefreshShowsWhatIsNewAndKeepsWhatIsSelected) {
                 ElementsAre(L"download.lzh", L"mio.lzh", L"other.lzh"));
     EXPECT_THAT(SelectedEntries(model.browser.Files()), ElementsAre(L"mio.lzh", L"other.lzh"));
     EXPECT_EQ(EnabledButtons(model), before);
+    EXPECT_FALSE(model.browser.TakeSelectionLost());
 }
 
 TEST_F(MainScreenTest, RefreshAppliesTheRulesToWhatIsLeftOfTheSelectionIfAnything) {
@@ -131,6 +134,7 @@ TEST_F(DropTest, ShowsTheirFolderAsADoubleClickWouldAndSelectsTheArchives) {
     EXPECT_THAT(fake.messages.shown, IsEmpty());
     EXPECT_EQ(model.browser.ShownFolder(), L"C:\\Downloads\\");
     EXPECT_EQ(model.browser.Rows()[model.browser.SelectedRow()], L"  + Downloads");
+    EXPECT_FALSE(model.browser.TakeSelectionLost());
 }
 
 TEST_F(DropTest, SeveralFoldersAreRefused) {

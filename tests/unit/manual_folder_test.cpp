@@ -113,8 +113,10 @@ TEST_F(ManualFolderTest, ClickedRowPutsItsFolderIntoTheText) {
     EXPECT_EQ(manual.StatusText(), L"C:\\");
     manual.TreeRowClicked(Row(L"C:"));
     EXPECT_EQ(manual.FolderText(), L"C:\\");
-    manual.TreeRowClicked(99);
-    EXPECT_EQ(manual.FolderText(), L"C:\\");
+    for (const size_t nowhere : {Row(L""), size_t{99}}) { // the first a desktop that is not known
+        manual.TreeRowClicked(nowhere);
+        EXPECT_EQ(manual.FolderText(), L"C:\\");
+    }
 }
 
 TEST_F(ManualFolderTest, OpenedRowMovesTheTreeAndTheTextButNotTheMainWindowsBrowser) {
@@ -272,6 +274,16 @@ TEST_F(ManualFolderTest, FolderToChangeOnADriveThatIsNotReadyIsAskedForOnceAndSt
     EXPECT_EQ(manual.FolderText(), L"E:\\VMR\\");
     EXPECT_EQ(manual.StatusText(), L"C:\\Tamblin");
     EXPECT_FALSE(manual.Browser().Rows().empty());
+}
+
+TEST_F(ManualFolderTest, WithoutATreeTheFolderToChangeStaysProposed) {
+    Register(state, L"C:\\VMR");
+    Edit(1);
+    files.SetReady(L"C:", false);
+    messages.answer = false;
+    manual.Load();
+    manual.TreeUpPressed();
+    EXPECT_EQ(manual.FolderText(), L"C:\\VMR");
 }
 
 TEST_F(ManualFolderTest, UnreadableFoldersLeaveATreeToGoOnWith) {

@@ -142,6 +142,16 @@ TEST_P(SettingsFaults, ReadingNeverThrowsAndNeverWrites) {
     }
 }
 
+TEST(SettingsReading, GoesOnBehindAViewFolderThatVanishesMeanwhile) {
+    SettingsFaults::Scene scene;
+    scene.files.AddFile(SettingsPath, "VIEWFOLDER=C:\\Host\r\nKVAOPTION=ON\r\n");
+    scene.files.FailOperation(4, ErrorNumber::PathNotFound);
+    EXPECT_FALSE(scene.file.ReadSetting(setting_keys::ViewFolder));
+    EXPECT_EQ(scene.files.Log().back(), L"List C:\\Host");
+    scene.file.ReadSetting(setting_keys::KvaOption);
+    EXPECT_EQ(scene.state.KvaOption, L"ON");
+}
+
 INSTANTIATE_TEST_SUITE_P(Errors, SettingsFaults, testing::ValuesIn(SettingsErrors),
                          [](const auto& error) {
                              return "Error" + std::to_string(static_cast<int>(error.param));

@@ -270,6 +270,8 @@ TEST_F(SettingsFileTest, FileInUseReadsAsNothing) {
     files.Lock(IniPath);
     EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
     EXPECT_FALSE(state.VersionKnown);
+    Register(state, L"C:\\A");
+    EXPECT_FALSE(file.ReadSetting(setting_keys::VmrFolder));
 }
 
 // "D:" would be another folder as soon as the current one has changed.

@@ -198,6 +198,15 @@ TEST_F(SettingsFileTest, FolderOfThatNameIsNoFileAndNotSavedOver) {
     EXPECT_EQ(files.Snapshot(), before);
 }
 
+TEST_F(SettingsFileTest, FileInUseFailsAndTouchesNothing) {
+    Given({"VERSION=Ver.0.60"});
+    files.AddFile(BackupPath, "of an interrupted save");
+    files.Lock(IniPath);
+    const auto before = files.Snapshot();
+    FailToSave(Combo({}), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(files.Snapshot(), before);
+}
+
 TEST_F(SettingsFileTest, FolderInTheBackupsPlaceFailsAndTouchesNothing) {
     Given({"VERSION=Ver.0.60"});
     files.AddFolder(BackupPath);

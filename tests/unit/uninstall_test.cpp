@@ -41,6 +41,7 @@ TEST_F(UninstallTest, CancelChangesNothing) {
     EXPECT_THAT(files.Log(), IsEmpty());
     ExpectOnlyTheQuestion();
     EXPECT_EQ(model.installed.names.SelectedCount(), 1U);
+    EXPECT_FALSE(model.installed.outdated);
 }
 
 TEST_F(UninstallTest, OfSeveralSelectedOnlyTheLastLosesItsDefinitionFileAtTheEnd) {

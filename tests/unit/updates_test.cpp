@@ -119,11 +119,11 @@ TEST(UpdateDefinitionFile, MessagesNameTheStemAsSpelledOnDisk) {
 
 TEST(UpdateDefinitionFile, FirstSelectedFileIsTaken) {
     BrowsedUpdate scene(L"b.obl");
-    scene.files.AddFile(L"C:\\Browsed\\a.obl", "a");
+    scene.files.AddFile(L"C:\\Browsed\\a.OBL", "a");
     scene.model.browser.RebuildBrowser();
-    scene.SelectFiles({L"a.obl", L"b.obl"});
+    scene.SelectFiles({L"a.OBL", L"b.obl"});
     scene.Update();
-    EXPECT_EQ(scene.files.Contents(L"C:\\VMR\\a.obl"), "a");
+    EXPECT_EQ(scene.files.Snapshot(L"C:\\VMR").at(L"C:\\VMR\\a.OBL"), "a");
     EXPECT_FALSE(scene.files.Exists(L"C:\\VMR\\b.obl"));
 }
 
