@@ -115,16 +115,6 @@ TEST_F(CopyStagedTreeTest, ReplacedFileKeepsItsAttributesAndPermissions) {
     EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
 }
 
-TEST_F(CopyStagedTreeTest, ReadOnlyFileOfAnInstallThatBrokeOffNeedsNoCopy) {
-    files.AddFile(L"C:\\Host\\mio\\a", "whole", {.readOnly = true});
-    Stage(L"mio\\a", "whole", {.readOnly = true});
-    Stage(L"mio.obl");
-    Copy();
-    EXPECT_EQ(InHost(L"mio\\a"), "whole");
-    EXPECT_TRUE(files.Exists(L"C:\\Host\\mio.obl"));
-    EXPECT_FALSE(files.Exists(L"C:\\TAMTMP"));
-}
-
 // --- What is known before the first file moves
 // ----------------------------------------------------
 

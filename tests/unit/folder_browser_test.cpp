@@ -54,15 +54,6 @@ TEST_F(FolderBrowserTest, HiddenFoldersAreListedAndHiddenFilesAreNot) {
     EXPECT_THAT(Files(), ElementsAre(L"c.lzh"));
 }
 
-TEST_F(FolderBrowserTest, RebuildStartsFromScratch) {
-    Show(L"C:\\A\\B");
-    files.AddFolder(L"D:\\new");
-    Show(L"D:\\");
-    EXPECT_THAT(browser.Rows(), ElementsAre(Desktop, L"C:", L"D:", L"  + new"));
-    EXPECT_EQ(browser.Rows().size(), browser.Paths().size());
-    EXPECT_THAT(Files(), IsEmpty());
-}
-
 // --- The desktop --------------------------------------------------------------------------------
 
 TEST_F(FolderBrowserTest, DesktopFolderIsShownBelowTheDesktopRow) {

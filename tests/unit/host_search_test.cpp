@@ -99,15 +99,6 @@ TEST_F(HostSearchTest, OnlyFixedDrivesAreTouched) {
     EXPECT_EQ(search.Progress().drive, L"Z:\\");
 }
 
-TEST_F(HostSearchTest, ReadsTheDiskOnlyAndEndsInTheProgramFolder) {
-    AddHost(files, L"C:\\a");
-    const auto before = files.Snapshot();
-    files.SetCurrentFolder(L"C:\\");
-    Search();
-    EXPECT_EQ(files.CurrentFolder(), L"P:\\Tamblin");
-    EXPECT_EQ(files.Snapshot(), before);
-}
-
 TEST_F(HostSearchTest, HiddenFoldersAndThoseOfTheSystemAreSearched) {
     AddHost(files, L"C:\\a\\b");
     AddHost(files, L"C:\\c");

@@ -38,14 +38,6 @@ TEST_F(SettingsFileTest, IsReadFromTheProgramFolderWhateverIsCurrent) {
     EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
 }
 
-TEST_F(SettingsFileTest, EveryCallReadsTheFileAnew) {
-    Given({"VERSION=Ver." TAMBLIN_VERSION});
-    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
-    Given({"VERSION=Ver.9.99"});
-    EXPECT_FALSE(file.ReadSetting(setting_keys::Version));
-    EXPECT_EQ(files.CountLogged(L"Read "), 2U);
-}
-
 TEST_F(SettingsFileTest, VersionIsKnownOrNot) {
     const std::pair<const char*, bool> versions[] = {{"Ver.0.60 Beta-2", true},
                                                      {"Ver.0.60", true},

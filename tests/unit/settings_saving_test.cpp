@@ -30,26 +30,6 @@ TEST_F(SettingsFileTest, FreshFileWithoutFoldersHasNoFolderLineAndReadsBackAsOff
     EXPECT_EQ(state.KvaOption, L"OFF");
 }
 
-TEST_F(SettingsFileTest, FreshFileReadsBackAndSavingAgainChangesNothing) {
-    GivenHosts({L"C:\\A", L"C:\\B"});
-    files.AddFile(L"C:\\Packs\\a.lzh");
-    state.KvaOption = L"ON";
-    const auto combo = Combo({L"C:\\A", L"C:\\B"}, 1);
-    file.SaveSettings(combo, L"C:\\Packs\\");
-    const std::string fresh = Ini();
-    state = SettingsState();
-    for (const auto key : {setting_keys::Version, setting_keys::VmrFolder, setting_keys::Default,
-                           setting_keys::ViewFolder})
-        EXPECT_TRUE(file.ReadSetting(key)) << key;
-    file.ReadSetting(setting_keys::KvaOption);
-    EXPECT_THAT(RegisteredFolders(state), ElementsAre(L"C:\\A", L"C:\\B"));
-    EXPECT_EQ(state.DefaultFolder, L"C:\\B");
-    EXPECT_EQ(state.ViewFolder, L"C:\\Packs\\");
-    EXPECT_EQ(state.KvaOption, L"ON");
-    file.SaveSettings(combo, L"C:\\Packs\\");
-    EXPECT_EQ(Ini(), fresh);
-}
-
 // --- Rewriting ----------------------------------------------------------------------------------
 
 TEST_F(SettingsFileTest, SavingMakesTheProgramFolderCurrent) {
@@ -115,13 +95,6 @@ TEST_F(SettingsFileTest, RewriteChangesOnlyWhatItsKeysSay) {
         file.SaveSettings(rewrite.combo, L"C:\\Packs\\");
         EXPECT_EQ(Ini(), Lines(rewrite.after)) << rewrite.name;
     }
-}
-
-TEST_F(SettingsFileTest, LowerCaseOnIsWrittenBackUpperCase) {
-    Given({"KVAOPTION=on", "VMRFOLDER="});
-    file.ReadSetting(setting_keys::KvaOption);
-    file.SaveSettings(Combo({}), L"C:\\");
-    EXPECT_EQ(Ini(), Lines({"KVAOPTION=ON"}));
 }
 
 // What stands behind the comma is taken for a line of its own, at every save once more.

@@ -135,24 +135,5 @@ TEST_F(StartUpFileTest, NameThatTheCodePageCannotHoldLeavesTheFileAsItWas) {
     EXPECT_EQ(files.Snapshot(), before);
 }
 
-TEST_F(StartUpFileTest, ReplacingSetsTheFormerFileAsideAndRestoringBringsItBackToTheByte) {
-    files.SetCurrentFolder(L"C:\\VMR");
-    const auto before = files.Snapshot();
-    ReplaceStartUpFile(L"abc.OBL", platform);
-    EXPECT_EQ(StartUpFile(), "H001currentobl=abc.OBL\r\n");
-    EXPECT_EQ(files.Contents(Backup()), formerStartUp);
-    RestoreStartUpFile(platform);
-    EXPECT_EQ(files.Snapshot(), before);
-}
-
-TEST_F(StartUpFileTest, LeftoverBackupStopsItBeforeAnythingChanges) {
-    files.SetCurrentFolder(L"C:\\VMR");
-    files.AddFile(Backup(), "earlier");
-    const auto before = files.Snapshot();
-    EXPECT_EQ(ErrorOf([&] { ReplaceStartUpFile(L"abc.obl", platform); }),
-              ErrorNumber::FileAlreadyExists);
-    EXPECT_EQ(files.Snapshot(), before);
-}
-
 } // namespace
 } // namespace tamblin
