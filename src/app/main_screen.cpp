@@ -2,20 +2,27 @@
 
 #include <utility>
 
-#include "app/dropped_packages.h"
 #include "base/character_files.h"
 #include "base/run_time_error.h"
+#include "base/text.h"
 #include "base/version.h"
 #include "install/installed_list.h"
 #include "install/package_staging.h"
 #include "install/selection_rules.h"
 #include "maintenance/character_menu.h"
+#include "platform/file_lists.h"
 
 namespace tamblin {
 namespace {
 
 constexpr wchar_t ExitQuestion[] = L"Tamblin を終了してもよろしいですか？";
 constexpr wchar_t CloseQuestion[] = L"終了してもよろしいですか？";
+constexpr wchar_t NoPackageText[] = L"ドロップされたものの中に、パッケージ（.lzh）がありません。";
+constexpr wchar_t SeveralFoldersText[] =
+    L"パッケージが、いくつかのフォルダに分かれています。\r\n"
+    L"１つのフォルダにあるものだけをドロップしてください。";
+// Their folder cannot be listed, or lists none of them, as when they are hidden.
+constexpr wchar_t CannotBeShownText[] = L"ドロップされたパッケージを、一覧に表示できませんでした。";
 
 constexpr std::pair<Command, const wchar_t*> StatusTexts[] = {
     {Command::Install, L"選択しているパッケージをインストールします。"},
@@ -109,20 +116,33 @@ void MainScreen::TreeUpPressed() {
 }
 
 bool MainScreen::FilesDropped(const std::vector<std::wstring>& paths) {
-    const DroppedPackages dropped(paths, platform.files);
-    if (!dropped.Fault().empty()) {
-        platform.messages.Inform(dropped.Fault());
-        return false;
+    const wchar_t* const fault = ShowDropped(paths);
+    if (fault)
+        platform.messages.Inform(fault);
+    return !fault;
+}
+
+const wchar_t* MainScreen::ShowDropped(const std::vector<std::wstring>& paths) {
+    std::vector<std::wstring> archives = paths;
+    std::erase_if(archives, [this](const std::wstring& path) {
+        return !IsArchive(path) || !ProbeFile(platform.files, path);
+    });
+    if (archives.empty())
+        return NoPackageText;
+    const std::wstring& first = archives.front();
+    const std::wstring folder(WithoutLast(first, NameOf(first).size()));
+    std::vector<std::wstring> names;
+    for (const std::wstring& path : archives) {
+        names.emplace_back(NameOf(path));
+        if (!EqualIgnoringCase(WithoutLast(path, names.back().size()), folder))
+            return SeveralFoldersText;
     }
-    const bool shown = model.browser.ShowFolder(dropped.Folder());
+    const bool shown = model.browser.ShowFolder(folder);
     if (shown)
-        model.browser.Files().SelectNamed(dropped.Names());
+        model.browser.Files().SelectNamed(names);
     model.browser.TakeSelectionLost();
     ApplySelectionRules(model, state, platform);
-    if (shown && model.browser.Files().FirstSelected())
-        return true;
-    platform.messages.Inform(DroppedPackages::CannotBeShownText);
-    return false;
+    return shown && model.browser.Files().FirstSelected() ? nullptr : CannotBeShownText;
 }
 
 bool MainScreen::InstallsFile(size_t row) const {

@@ -32,8 +32,8 @@ class MainScreen {
     void TreeUpPressed(); // Backspace in the tree
     // F5: reads host folder, tree and files anew; what is selected stays selected, by its name.
     void RefreshPressed();
-    // Files dropped on the window: shows and selects the archives among them, ready to install.
-    // True unless the user has been told why not.
+    // Files dropped on the window: shows and selects the archives among them, which have to be of
+    // one folder, ready to install. True unless the user has been told why not.
     bool FilesDropped(const std::vector<std::wstring>& paths);
     // Whether Return or a double-click on a row of the file list installs: where it is a selected
     // archive, and the install button can be pressed.
@@ -56,6 +56,8 @@ class MainScreen {
 
   private:
     std::optional<RunTimeError> RereadHostFolder();
+    // What the user has to be told instead, or null.
+    const wchar_t* ShowDropped(const std::vector<std::wstring>& paths);
 
     Platform& platform;
     SettingsState& state;

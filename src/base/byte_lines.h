@@ -10,6 +10,11 @@ namespace tamblin {
 
 inline constexpr std::string_view LineEnd = "\r\n";
 
+// Adds a line that begins with `start`.
+inline void AddLine(std::string& text, std::string_view start, std::string_view rest = {}) {
+    text.append(start).append(rest).append(LineEnd);
+}
+
 // Whole lines, commas and all. The views live as long as the bytes.
 class LineReader {
   public:

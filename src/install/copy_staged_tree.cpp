@@ -1,9 +1,11 @@
 #include "install/copy_staged_tree.h"
 
+#include <cstdint>
+#include <set>
+
 #include "base/character_files.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
-#include "install/copy_check.h"
 #include "install/kavalet_definitions.h"
 #include "install/package_staging.h"
 #include "install/staging_walk.h"
@@ -13,15 +15,22 @@ namespace {
 
 constexpr wchar_t CopyingText[] = L"ファイルをコピーしています...";
 
-class CopyingVisitor : public StagingVisitor {
+// Folders and files count from the staging folder; a folder ends in "\".
+class StagedCopy : public StagingVisitor {
   public:
-    CopyingVisitor(std::wstring staging, std::wstring host, const SettingsState& settings,
-                   Platform& surroundings, std::set<std::wstring> filesAlreadyThere)
-        : stagingFolder(std::move(staging)),
-          hostFolder(std::move(host)),
+    StagedCopy(const std::wstring& host, const SettingsState& settings, Platform& surroundings)
+        : stagingFolder(WithBackslash(StagingFolder(host))),
+          hostFolder(WithBackslash(host)),
           state(settings),
           platform(surroundings),
-          alreadyThere(std::move(filesAlreadyThere)) {}
+          work(platform.progress, CopyingText, WithoutBackslash(host)) {}
+
+    void Run() {
+        CheckFolder(L"", true);
+        CheckRoom();
+        WalkStagingFolder(stagingFolder, *this, platform.files, work);
+        platform.files.SetCurrentFolder(platform.programFolder);
+    }
 
     // An earlier install that broke off may have left the folder, and this one completes it.
     void EnterFolder(const std::wstring& folder) override {
@@ -36,11 +45,9 @@ class CopyingVisitor : public StagingVisitor {
     }
 
     void TakeFile(const std::wstring& folder, const std::wstring& name) override {
-        const bool atRoot = folder.empty();
         const std::wstring staged = stagingFolder + folder + name;
         const std::wstring target = hostFolder + folder + name;
-        const bool isCopied = !atRoot || IsDefinition(name);
-        if (isCopied && !alreadyThere.contains(folder + name))
+        if (IsCopied(folder, name) && !alreadyThere.contains(folder + name))
             platform.files.Replace(staged, target);
         else
             DeleteStagedFile(staged, platform.files);
@@ -51,10 +58,62 @@ class CopyingVisitor : public StagingVisitor {
     }
 
   private:
-    std::wstring stagingFolder;
-    std::wstring hostFolder;
+    static bool IsCopied(const std::wstring& folder, const std::wstring& name) {
+        return !folder.empty() || IsDefinition(name);
+    }
+
+    // What can be known before the first file moves is checked then, so that as few installs as
+    // possible end half way. Where the host has no such folder nothing is replaced.
+    void CheckFolder(const std::wstring& folder, bool isInHost) {
+        for (const FolderEntry& entry : platform.files.List(stagingFolder + folder)) {
+            const std::wstring path = folder + entry.name;
+            work.Advance(0);
+            if (entry.attributes.link)
+                continue;
+            if (entry.attributes.folder) {
+                const bool below = isInHost && platform.files.Find(hostFolder + path);
+                CheckFolder(path + L"\\", below);
+            } else if (IsCopied(folder, entry.name)) {
+                CheckFile(folder, entry, isInHost);
+            }
+        }
+    }
+
+    void CheckFile(const std::wstring& folder, const FolderEntry& file, bool folderIsInHost) {
+        bytes += file.size;
+        if (folderIsInHost)
+            CheckTarget(folder + file.name, file.size);
+        if (MergesDefinitions(folder, file.name, state))
+            CheckDefinitionsReplaceable(hostFolder, platform);
+    }
+
+    void CheckTarget(const std::wstring& file, std::uint64_t size) {
+        const auto present = platform.files.Find(hostFolder + file);
+        if (!present)
+            return;
+        if (present->attributes.readOnly && present->size == size && HaveSameContents(file))
+            alreadyThere.insert(file);
+        else
+            platform.files.CheckReplaceable(hostFolder + file);
+    }
+
+    bool HaveSameContents(const std::wstring& file) {
+        return platform.files.Read(stagingFolder + file) == platform.files.Read(hostFolder + file);
+    }
+
+    void CheckRoom() {
+        if (!platform.files.OnOneDrive(stagingFolder, hostFolder) &&
+            platform.files.FreeBytes(hostFolder) < bytes)
+            throw RunTimeError(ErrorNumber::DiskFull, WithoutBackslash(hostFolder));
+    }
+
+    const std::wstring stagingFolder;
+    const std::wstring hostFolder;
     const SettingsState& state;
     Platform& platform;
+    WorkUnderWay work;
+    std::uint64_t bytes = 0;
+    // Need not be copied: an install that broke off has left the same ones read-only in the host.
     std::set<std::wstring> alreadyThere;
 };
 
@@ -62,13 +121,7 @@ class CopyingVisitor : public StagingVisitor {
 
 void CopyStagedTree(const std::wstring& hostFolder, const SettingsState& state,
                     Platform& platform) {
-    const std::wstring stagingFolder = WithBackslash(StagingFolder(hostFolder));
-    const std::wstring host = WithBackslash(hostFolder);
-    WorkUnderWay work(platform.progress, CopyingText, WithoutBackslash(hostFolder));
-    CopyingVisitor visitor(stagingFolder, host, state, platform,
-                           CheckCopyPossible(stagingFolder, host, state, platform, work));
-    WalkStagingFolder(stagingFolder, visitor, platform.files, work);
-    platform.files.SetCurrentFolder(platform.programFolder);
+    StagedCopy(hostFolder, state, platform).Run();
 }
 
 } // namespace tamblin

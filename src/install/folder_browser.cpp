@@ -81,7 +81,7 @@ void FolderBrowser::Reread() {
 
 std::wstring FolderBrowser::NameInRow(const std::wstring& row) {
     const std::wstring marked = row.substr(std::min(row.find_first_not_of(L' '), row.size()));
-    return StartsWith(marked, FolderMark) ? marked.substr(std::size(FolderMark) - 1) : marked;
+    return marked.starts_with(FolderMark) ? marked.substr(std::size(FolderMark) - 1) : marked;
 }
 
 bool FolderBrowser::TakeSelectionLost() {
@@ -105,13 +105,13 @@ void FolderBrowser::AddDesktopRows(bool treeChanged) {
     DesktopFolder();
     AddRow(SpecialEntries[1], SpecialEntries[2]);
     const std::wstring& desktop = SpecialEntries[2];
-    if (treeChanged || desktop.empty() || !StartsWith(BrowseStartFolder, desktop))
+    if (treeChanged || desktop.empty() || !BrowseStartFolder.starts_with(desktop))
         return;
 
     const std::wstring folder = WithoutBackslash(desktop);
     AddChildRows(folder, ListOrAsk(folder).folders, L"");
     for (size_t row = 1; row < tree.rows.size(); ++row)
-        if (StartsWith(BrowseStartFolder, tree.TreePaths[row] + L"\\"))
+        if (BrowseStartFolder.starts_with(tree.TreePaths[row] + L"\\"))
             tree.SelectedTreeRow = row;
     SpecialEntries[0] = BrowseStartFolder;
     BrowseStartFolder.clear();

@@ -6,24 +6,6 @@
 #include "platform/file_lists.h"
 
 namespace tamblin {
-namespace {
-
-std::vector<std::wstring> DefinitionFiles(const std::vector<std::wstring>& files) {
-    std::vector<std::wstring> definitions;
-    for (const std::wstring& file : files)
-        if (IsDefinition(file))
-            definitions.push_back(file);
-    return definitions;
-}
-
-void FillNames(InstalledList& installed) {
-    const NameIndex folders(installed.subfolders);
-    for (const std::wstring& file : installed.definitionFiles)
-        if (const std::wstring* folder = folders.Find(CharacterOf(file)))
-            installed.names.Add(*folder);
-}
-
-} // namespace
 
 void RefreshInstalledList(MainModel& model, SettingsState& state, Platform& platform) {
     InstalledList& installed = model.installed;
@@ -35,7 +17,10 @@ void RefreshInstalledList(MainModel& model, SettingsState& state, Platform& plat
         ApplySelectionRules(model, state, platform);
     state.DefaultFolder = hostFolder;
     ListHostFolder(installed, hostFolder, platform);
-    FillNames(installed);
+    const NameIndex folders(installed.subfolders);
+    for (const std::wstring& file : installed.definitionFiles)
+        if (const std::wstring* folder = folders.Find(CharacterOf(file)))
+            installed.names.Add(*folder);
 }
 
 void ListHostFolder(InstalledList& installed, const std::wstring& hostFolder, Platform& platform) {
@@ -46,8 +31,9 @@ void ListHostFolder(InstalledList& installed, const std::wstring& hostFolder, Pl
     if (hostFolder.empty())
         return;
     FolderListing listing = ListFolder(platform.files, hostFolder);
+    std::erase_if(listing.files, [](const std::wstring& file) { return !IsDefinition(file); });
     installed.subfolders = std::move(listing.folders);
-    installed.definitionFiles = DefinitionFiles(listing.files);
+    installed.definitionFiles = std::move(listing.files);
 }
 
 } // namespace tamblin

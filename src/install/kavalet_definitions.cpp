@@ -69,10 +69,6 @@ class PackageEntries {
     std::uint64_t comparisons = 0;
 };
 
-void AddLine(std::string& text, std::string_view line) {
-    text.append(line).append(LineEnd);
-}
-
 } // namespace
 
 std::string MergedKavaletDefinitions(std::string_view former, std::string_view package) {

@@ -6,13 +6,6 @@
 #include "platform/file_lists.h"
 
 namespace tamblin {
-namespace {
-
-std::wstring QuotedCommandLine(const std::wstring& program) {
-    return L"\"" + program + L"\" /n";
-}
-
-} // namespace
 
 void LaunchCharacter(const MainModel& model, Platform& platform) {
     const InstalledList& installed = model.installed;
@@ -30,7 +23,7 @@ void LaunchCharacter(const MainModel& model, Platform& platform) {
 
     platform.files.SetCurrentFolder(hostFolder);
     ReplaceStartUpFile(definitionFile, platform);
-    platform.starter.StartMinimised(QuotedCommandLine(program));
+    platform.starter.StartMinimised(L"\"" + program + L"\" /n");
     RestoreStartUpFile(platform);
     platform.files.SetCurrentFolder(platform.programFolder);
 }

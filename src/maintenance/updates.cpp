@@ -15,12 +15,6 @@ constexpr wchar_t HostDoneText[] = L"Vimoraのアップデートが完了しま�
 constexpr wchar_t DefinitionQuestion[] = L"{}をアップデートします。よろしいですか？";
 constexpr wchar_t DefinitionDoneText[] = L"{}のアップデートが完了しました。";
 
-// The file's name as it is spelled on the disk, or nothing when there is no such file.
-std::optional<std::wstring> SpelledName(FileSystem& files, const std::wstring& path) {
-    const auto entry = FindNeededFile(files, path);
-    return entry ? std::optional(entry->name) : std::nullopt;
-}
-
 std::optional<std::wstring> DefinitionSource(const MainModel& model) {
     const SelectionList& list =
         model.definitionUpdateReady ? model.installed.names : model.browser.Files();
@@ -36,23 +30,23 @@ std::optional<std::wstring> DefinitionSource(const MainModel& model) {
 
 void UpdateHostProgram(MainModel& model, Platform& platform) {
     const std::wstring source = WithBackslash(model.browser.ShownFolder()) + HostProgramName;
-    const auto name = SpelledName(platform.files, source);
-    if (!name || !platform.messages.AskOkCancel(HostQuestion))
+    const auto file = FindNeededFile(platform.files, source);
+    if (!file || !platform.messages.AskOkCancel(HostQuestion))
         return;
-    platform.files.Copy(source, model.combo.Text() + L"\\" + *name);
+    platform.files.Copy(source, model.combo.Text() + L"\\" + file->name);
     platform.messages.Inform(HostDoneText);
     model.enabled[Command::UpdateHost] = false;
 }
 
 void UpdateDefinitionFile(MainModel& model, Platform& platform) {
     const auto source = DefinitionSource(model);
-    const auto name = source ? SpelledName(platform.files, *source) : std::nullopt;
-    if (!name)
+    const auto file = source ? FindNeededFile(platform.files, *source) : std::nullopt;
+    if (!file)
         return;
-    const std::wstring character = CharacterOf(*name);
+    const std::wstring character = CharacterOf(file->name);
     if (!platform.messages.AskOkCancel(WithGapFilled(DefinitionQuestion, character)))
         return;
-    platform.files.Copy(*source, WithBackslash(model.combo.Text()) + *name);
+    platform.files.Copy(*source, WithBackslash(model.combo.Text()) + file->name);
     platform.messages.Inform(WithGapFilled(DefinitionDoneText, character));
     model.enabled[Command::UpdateDefinition] = false;
     platform.files.SetCurrentFolder(platform.programFolder);

@@ -39,7 +39,7 @@ bool HoldsPlainFiles(FileSystem& files, const std::wstring& prefix) {
             return false;
         const auto names = ListFolder(files, folder).files;
         return std::any_of(names.begin(), names.end(), [&](const std::wstring& name) {
-            return StartsWith(UpperCase(name), nameStart);
+            return UpperCase(name).starts_with(nameStart);
         });
     } catch (const RunTimeError& error) {
         if (error.Number() != ErrorNumber::PathNotFound &&
@@ -52,10 +52,6 @@ bool HoldsPlainFiles(FileSystem& files, const std::wstring& prefix) {
 std::string_view KeyOf(std::string_view item) {
     const size_t equals = item.find('=');
     return equals == std::string_view::npos ? item : item.substr(0, equals + 1);
-}
-
-void AddLine(std::string& text, std::string_view start, std::string_view value = {}) {
-    text.append(start).append(value).append(LineEnd);
 }
 
 } // namespace
@@ -90,34 +86,21 @@ bool SettingsFile::ReadKey(std::string_view key, std::string_view bytes) {
 }
 
 bool SettingsFile::TakeValue(std::string_view key, std::string_view value) {
-    if (key == setting_keys::Default)
-        return TakeDefaultFolder(platform.ansi.Decode(value));
-    if (key == setting_keys::ViewFolder)
-        return TakeViewFolder(platform.ansi.Decode(value));
-    if (key == setting_keys::Version)
-        return TakeVersion(value);
-    if (key == setting_keys::KvaOption)
+    if (key == setting_keys::KvaOption) {
         state.KvaOption = IsOneOf(value, OnValues) ? L"ON" : L"OFF";
-    return false;
-}
-
-bool SettingsFile::TakeDefaultFolder(const std::wstring& folder) {
-    if (!IsHostFolder(ProbePrefix(folder), platform.files))
         return false;
-    state.DefaultFolder = folder;
-    return true;
-}
-
-bool SettingsFile::TakeViewFolder(const std::wstring& folder) {
-    if (!HoldsPlainFiles(platform.files, ProbePrefix(folder)))
-        return false;
-    state.ViewFolder = folder;
-    return true;
-}
-
-bool SettingsFile::TakeVersion(std::string_view version) {
-    state.VersionKnown = IsOneOf(version, AcceptedVersions);
-    return state.VersionKnown;
+    }
+    if (key == setting_keys::Version) {
+        state.VersionKnown = IsOneOf(value, AcceptedVersions);
+        return state.VersionKnown;
+    }
+    const std::wstring folder = platform.ansi.Decode(value);
+    const bool isDefault = key == setting_keys::Default;
+    const bool valid = isDefault ? IsHostFolder(ProbePrefix(folder), platform.files)
+                                 : HoldsPlainFiles(platform.files, ProbePrefix(folder));
+    if (valid)
+        (isDefault ? state.DefaultFolder : state.ViewFolder) = folder;
+    return valid;
 }
 
 void SettingsFile::ReadFolders(std::string_view bytes) {

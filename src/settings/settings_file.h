@@ -40,9 +40,6 @@ class SettingsFile {
     bool ReadKey(std::string_view key, std::string_view bytes);
     void ReadFolders(std::string_view bytes);
     bool TakeValue(std::string_view key, std::string_view value);
-    bool TakeDefaultFolder(const std::wstring& folder);
-    bool TakeViewFolder(const std::wstring& folder);
-    bool TakeVersion(std::string_view version);
 
     struct Values { // what is to be written, in the code page
         std::map<std::string_view, std::string> byKey;
