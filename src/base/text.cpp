@@ -17,15 +17,8 @@ bool EqualIgnoringCase(std::wstring_view a, std::wstring_view b) {
 }
 
 bool EndsWithIgnoringCase(std::wstring_view text, std::wstring_view end) {
-    return text.size() >= end.size() && EqualIgnoringCase(Last(text, end.size()), end);
-}
-
-bool StartsWith(std::wstring_view text, std::wstring_view start) {
-    return text.substr(0, start.size()) == start;
-}
-
-std::wstring_view Last(std::wstring_view text, size_t count) {
-    return text.substr(text.size() - std::min(count, text.size()));
+    return text.size() >= end.size() &&
+           EqualIgnoringCase(text.substr(text.size() - end.size()), end);
 }
 
 std::wstring_view WithoutLast(std::wstring_view text, size_t count) {

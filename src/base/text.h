@@ -12,10 +12,6 @@ std::wstring UpperCase(std::wstring_view text);
 
 bool EqualIgnoringCase(std::wstring_view a, std::wstring_view b);
 bool EndsWithIgnoringCase(std::wstring_view text, std::wstring_view end);
-bool StartsWith(std::wstring_view text, std::wstring_view start);
-
-// The last `count` characters of the text, or all of it when it is shorter.
-std::wstring_view Last(std::wstring_view text, size_t count);
 
 // The text without its last `count` characters; empty when it is not longer than that.
 std::wstring_view WithoutLast(std::wstring_view text, size_t count);

@@ -10,7 +10,7 @@ std::optional<size_t> RowThatBegins(const std::wstring& text, size_t first, size
                                     const TypeAhead::NameAt& nameAt) {
     for (size_t step = 0; step < count; ++step) {
         const size_t row = (first + step) % count;
-        if (StartsWith(UpperCase(nameAt(row)), text))
+        if (UpperCase(nameAt(row)).starts_with(text))
             return row;
     }
     return std::nullopt;

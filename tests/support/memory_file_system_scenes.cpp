@@ -189,7 +189,7 @@ MemoryFileSystem::Tree MemoryFileSystem::Snapshot(const std::wstring& folder) co
 
 size_t MemoryFileSystem::CountLogged(std::wstring_view start) const {
     return static_cast<size_t>(std::count_if(
-        log.begin(), log.end(), [&](const std::wstring& line) { return StartsWith(line, start); }));
+        log.begin(), log.end(), [&](const std::wstring& line) { return line.starts_with(start); }));
 }
 
 void MemoryFileSystem::ForgetOperations() {

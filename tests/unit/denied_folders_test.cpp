@@ -122,11 +122,11 @@ void ExpectNothingLost(const Tree& former, const Tree& intended, const Tree& aft
         return std::string(path.begin(), path.end());
     };
     for (const auto& [path, bytes] : former)
-        if (intended.contains(path) && !StartsWith(path, L"C:\\TAMTMP")) {
+        if (intended.contains(path) && !path.starts_with(L"C:\\TAMTMP")) {
             EXPECT_TRUE(after.contains(path)) << name(path);
         }
     for (const auto& [path, bytes] : after) {
-        if (StartsWith(path, L"C:\\TAMTMP"))
+        if (path.starts_with(L"C:\\TAMTMP"))
             continue;
         const auto before = former.find(path);
         const auto wanted = intended.find(path);

@@ -37,7 +37,7 @@ struct SearchScene : PlatformFake {
     std::vector<std::wstring> Visited() const {
         std::vector<std::wstring> folders;
         for (const std::wstring& line : files.Log())
-            if (StartsWith(line, L"List "))
+            if (line.starts_with(L"List "))
                 folders.push_back(line.substr(5));
         return folders;
     }

@@ -52,7 +52,7 @@ struct FaultScene : MainWindowScene {
         const auto failure = ErrorOf([&] { Install(model, state, fake.platform, screen); });
         faultReached = files.OperationCount() >= n;
         if (faultReached)
-            shellFailed = StartsWith(files.Log()[n - 1], L"DeleteTree ");
+            shellFailed = files.Log()[n - 1].starts_with(L"DeleteTree ");
         files.FailNothing();
         return failure;
     }
@@ -88,7 +88,7 @@ void ExpectHostAsItWas(const FaultScene& scene) {
 // Once the user has said yes, each file of the character is in the host or still staged.
 void ExpectPackageComplete(const FaultScene& scene) {
     for (const PackedFile& file : Packed) {
-        const bool goesToTheHost = StartsWith(file.path, L"mio") || StartsWith(file.path, L"old");
+        const bool goesToTheHost = file.path.starts_with(L"mio") || file.path.starts_with(L"old");
         if (!goesToTheHost)
             continue;
         EXPECT_TRUE(scene.Holds(L"C:\\Host\\" + file.path, file.bytes) ||
@@ -99,7 +99,7 @@ void ExpectPackageComplete(const FaultScene& scene) {
 
 void ExpectInstalled(const FaultScene& scene) {
     for (const PackedFile& file : Packed)
-        if (StartsWith(file.path, L"mio")) {
+        if (file.path.starts_with(L"mio")) {
             EXPECT_TRUE(scene.Holds(L"C:\\Host\\" + file.path, file.bytes));
         }
     EXPECT_TRUE(scene.Holds(L"C:\\Host\\kva.def", MergedDefinitions));

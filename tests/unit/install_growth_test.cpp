@@ -21,7 +21,7 @@ Cost CostOf(MemoryFileSystem& files) {
     cost.operations = files.OperationCount();
     std::map<std::wstring, size_t> perFolder;
     for (const std::wstring& line : files.Log())
-        if (StartsWith(line, L"List "))
+        if (line.starts_with(L"List "))
             cost.mostListingsOfOneFolder =
                 std::max(cost.mostListingsOfOneFolder, ++perFolder[UpperCase(line)]);
     return cost;

@@ -41,7 +41,7 @@ class InstallTest : public testing::Test {
     void ExpectRefused(const std::wstring& message) {
         EXPECT_THAT(fake.unlha.calls, IsEmpty());
         ASSERT_EQ(fake.messages.shown.size(), 1U);
-        EXPECT_TRUE(StartsWith(fake.messages.shown[0].text, message));
+        EXPECT_TRUE(fake.messages.shown[0].text.starts_with(message));
         EXPECT_TRUE(scene.screen.enabled);
         fake.messages.shown.clear();
     }

@@ -183,7 +183,7 @@ TEST(StatusText, ExplainsTheButtons) {
 
 TEST(StatusText, BeginsWithTheVersionAndACredit) {
     const std::wstring text = MainScreen::InitialStatusText();
-    EXPECT_TRUE(StartsWith(text, L"Tamblin Ver." TAMBLIN_VERSION));
+    EXPECT_TRUE(text.starts_with(L"Tamblin Ver." TAMBLIN_VERSION));
     EXPECT_GT(text.size(), std::wstring(L"Tamblin Ver." TAMBLIN_VERSION).size());
 }
 

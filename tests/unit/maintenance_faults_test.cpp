@@ -8,7 +8,7 @@ namespace {
 
 // What the shell fails to do it tells nobody.
 bool IsDoneByTheShell(const std::wstring& operation) {
-    return StartsWith(operation, L"DeleteTree ") || StartsWith(operation, L"MoveToRecycleBin ");
+    return operation.starts_with(L"DeleteTree ") || operation.starts_with(L"MoveToRecycleBin ");
 }
 
 class MaintenanceFaults : public testing::TestWithParam<ErrorNumber> {
@@ -32,7 +32,7 @@ class MaintenanceFaults : public testing::TestWithParam<ErrorNumber> {
             SCOPED_TRACE(testing::Message() << "operation " << n);
             const std::wstring failed = scene.files.Log().at(n - 1);
             if (notReady == NotReady::IsMissing && GetParam() == ErrorNumber::DiskNotReady &&
-                StartsWith(failed, L"Find ")) {
+                failed.starts_with(L"Find ")) {
                 EXPECT_FALSE(failure.has_value());
                 EXPECT_THAT(scene.messages.shown, IsEmpty());
                 continue;
@@ -79,7 +79,7 @@ TEST_P(MaintenanceFaults, PermanentEditLosesTheFileOnlyBetweenItsDeletionAndItsW
     ForEachOperation<OneCharacter>(
         [](auto& scene) { SetStartUpCharacter(scene.model, scene.platform); },
         [](auto& scene, const std::wstring& failed) {
-            if (StartsWith(failed, L"Write "))
+            if (failed.starts_with(L"Write "))
                 EXPECT_FALSE(scene.files.Exists(L"C:\\VMR\\ombrel.rc"));
             else
                 ExpectFormerStartUpFile(scene);
@@ -121,7 +121,7 @@ TEST_P(MaintenanceFaults, UninstallTouchesOnlyWhatWasSelected) {
                         scene.files.Contents(scene.base + name + L"\\face.bmp");
                 }
             const bool atDefinitionFile =
-                StartsWith(failed, L"Delete ") || StartsWith(failed, L"Find ");
+                failed.starts_with(L"Delete ") || failed.starts_with(L"Find ");
             if (atDefinitionFile || failed == L"DeleteTree C:\\VMR\\b")
                 scene.expected[L"C:\\VMR\\b.obl"] = "definition";
             EXPECT_EQ(scene.files.Snapshot(L"C:\\VMR"), scene.expected);
@@ -135,7 +135,7 @@ TEST_P(MaintenanceFaults, UpdateOfTheHostProgramLeavesItOrReplacesIt) {
         [](auto& scene, const std::wstring& failed) {
             EXPECT_EQ(scene.files.Snapshot(), scene.before);
             EXPECT_TRUE(scene.model.enabled[Command::UpdateHost]);
-            EXPECT_EQ(scene.messages.shown.size(), StartsWith(failed, L"Copy ") ? 1U : 0U);
+            EXPECT_EQ(scene.messages.shown.size(), failed.starts_with(L"Copy ") ? 1U : 0U);
         },
         NotReady::IsMissing);
 }
@@ -154,7 +154,7 @@ TEST_P(MaintenanceFaults, UpdateOfADefinitionFileLeavesItOrReplacesIt) {
     ForEachOperation<DeliveredUpdate>(
         [](auto& scene) { UpdateDefinitionFile(scene.model, scene.platform); },
         [](auto& scene, const std::wstring& failed) {
-            const bool copied = StartsWith(failed, L"SetCurrentFolder ");
+            const bool copied = failed.starts_with(L"SetCurrentFolder ");
             if (copied)
                 scene.before[L"C:\\VMR\\abc.obl"] = "new";
             EXPECT_EQ(scene.files.Snapshot(), scene.before);

@@ -147,7 +147,7 @@ struct MainWindowScene {
             return Unpack(archive);
         };
         fake.files.AddFolder(L"C:\\Packs");
-        if (StartsWith(hostFolder, L"D:"))
+        if (hostFolder.starts_with(L"D:"))
             fake.files.AddDrive(L"D:");
         AddHost(files, hostFolder);
         Register(state, hostFolder);

@@ -71,7 +71,7 @@ TEST_F(StagingWalkTest, CurrentFolderMovesAlong) {
     Walk();
     std::vector<std::wstring> moves;
     for (const std::wstring& line : files.Log())
-        if (StartsWith(line, L"SetCurrentFolder ") || StartsWith(line, L"RemoveFolder "))
+        if (line.starts_with(L"SetCurrentFolder ") || line.starts_with(L"RemoveFolder "))
             moves.push_back(line);
     EXPECT_THAT(moves,
                 ElementsAre(L"SetCurrentFolder C:\\TAMTMP", L"SetCurrentFolder C:\\TAMTMP\\a",
@@ -125,7 +125,7 @@ TEST_F(StagingWalkTest, FolderWithALongPathIsWalkedFromTheLastThatCanBeCurrent) 
     EXPECT_FALSE(files.Exists(Staging));
     size_t longest = 0;
     for (const std::wstring& line : files.Log())
-        if (StartsWith(line, L"SetCurrentFolder "))
+        if (line.starts_with(L"SetCurrentFolder "))
             longest = std::max(longest, line.size() - std::size(L"SetCurrentFolder ") + 1);
     EXPECT_EQ(longest, 246U);
 }

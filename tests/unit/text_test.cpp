@@ -92,20 +92,6 @@ TEST(EndsWithIgnoringCase, LooksAtTheEndOnly) {
     EXPECT_FALSE(EndsWithIgnoringCase(L"name.obl.txt", L".obl"));
 }
 
-TEST(StartsWith, ComparesExactly) {
-    EXPECT_TRUE(StartsWith(L"KVAOPTION=ON", L"KVAOPTION="));
-    EXPECT_TRUE(StartsWith(L"x", L""));
-    EXPECT_FALSE(StartsWith(L"kvaoption=", L"KVAOPTION="));
-    EXPECT_FALSE(StartsWith(L"KVA", L"KVAOPTION="));
-}
-
-TEST(Last, TakesWhatIsThere) {
-    EXPECT_EQ(Last(L"name.obl", 4), L".obl");
-    EXPECT_EQ(Last(L"obl", 4), L"obl");
-    EXPECT_EQ(Last(L"obl", 0), L"");
-    EXPECT_EQ(Last(L"", 4), L"");
-}
-
 TEST(WithoutLast, LeavesWhatIsThere) {
     EXPECT_EQ(WithoutLast(L"name.obl", 4), L"name");
     EXPECT_EQ(WithoutLast(L".obl", 4), L"");

@@ -152,7 +152,7 @@ std::wstring LzhFolderTarget::EnterFolders(EntryPath::const_iterator first,
     std::wstring path = root;
     for (; first != last; ++first) {
         path += *first;
-        if (!StartsWith(entered, path + L'\\'))
+        if (!entered.starts_with(path + L'\\'))
             EnterFolder(PathForWindows(path));
         path += L'\\';
     }

@@ -29,7 +29,7 @@ std::wstring ProgramFile() {
 
 std::wstring ProgramFolder() {
     std::wstring file = ProgramFile();
-    if (StartsWith(file, L"\\\\?\\") && file.size() > 5 && file[5] == L':')
+    if (file.starts_with(L"\\\\?\\") && file.size() > 5 && file[5] == L':')
         file.erase(0, 4);
     return WithoutBackslash(file.substr(0, file.rfind(L'\\') + 1));
 }

@@ -40,13 +40,13 @@ std::wstring FullPath(const std::wstring& path) {
 std::wstring PathForWindows(const std::wstring& fullPath) {
     if (fullPath.size() <= LongestFolder)
         return fullPath;
-    if (StartsWith(fullPath, L"\\\\"))
+    if (fullPath.starts_with(L"\\\\"))
         return L"\\\\?\\UNC" + fullPath.substr(1);
     return L"\\\\?\\" + fullPath;
 }
 
 std::wstring RootOf(const std::wstring& fullPath) {
-    if (!StartsWith(fullPath, L"\\\\"))
+    if (!fullPath.starts_with(L"\\\\"))
         return fullPath.substr(0, 3);
     const size_t serverEnd = std::min(fullPath.find(L'\\', 2), fullPath.size());
     const size_t shareEnd = std::min(fullPath.find(L'\\', serverEnd + 1), fullPath.size());
