@@ -1,6 +1,6 @@
 #include "install/staging_walk.h"
 
-#include "base/path_limits.h"
+#include "base/file_name.h"
 #include "base/text.h"
 
 namespace tamblin {

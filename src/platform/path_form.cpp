@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "base/device_name.h"
-#include "base/path_limits.h"
+#include "base/file_name.h"
 
 namespace tamblin {
 namespace {
@@ -15,16 +14,6 @@ bool IsSeparator(wchar_t letter) {
 
 bool IsAsciiLetter(wchar_t letter) {
     return (letter >= L'a' && letter <= L'z') || (letter >= L'A' && letter <= L'Z');
-}
-
-bool IsForbidden(wchar_t letter) {
-    return static_cast<unsigned>(letter) < 0x20 ||
-           std::wstring_view(L"*?<>|\":").find(letter) != std::wstring_view::npos;
-}
-
-bool IsWellFormedName(std::wstring_view name) {
-    return name.size() <= LongestName && std::none_of(name.begin(), name.end(), IsForbidden) &&
-           !IsDeviceName(name);
 }
 
 bool IsNameSpacePrefix(std::wstring_view path) {

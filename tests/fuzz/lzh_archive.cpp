@@ -2,8 +2,8 @@
 #include <set>
 
 #include "fuzz_support.h"
+#include "platform/lzh/entry_path.h"
 #include "platform/lzh/extractor.h"
-#include "platform/lzh/name_rules.h"
 
 using namespace tamblin::lzh;
 

@@ -2,7 +2,6 @@
 // is, folder and name; both are tried as bytes and as Unicode.
 #include "fuzz_support.h"
 #include "platform/lzh/entry_path.h"
-#include "platform/lzh/name_rules.h"
 #include "platform/posix/iconv_code_pages.h"
 
 using namespace tamblin;

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "base/device_name.h"
+#include "base/file_name.h"
 
 namespace tamblin {
 namespace {

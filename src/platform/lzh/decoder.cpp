@@ -1,11 +1,35 @@
 #include "platform/lzh/decoder.h"
 
+#include <algorithm>
+
 #include "platform/lzh/adaptive_huffman_decoder.h"
 #include "platform/lzh/larc_decoder.h"
+#include "platform/lzh/lzh_error.h"
 #include "platform/lzh/static_huffman_decoder.h"
-#include "platform/lzh/stored_decoder.h"
 
 namespace tamblin::lzh {
+namespace {
+
+// The data stands in the archive as it is.
+class StoredDecoder : public Decoder {
+  public:
+    void Decode(PackedInput& input, std::uint64_t size, ByteSink& sink) override {
+        while (size > 0) {
+            if (input.Begin() == input.End())
+                input.Renew(input.End());
+            if (input.Begin() == input.End())
+                throw LzhError(LzhFailure::Truncated);
+            const auto there = static_cast<std::uint64_t>(input.End() - input.Begin());
+            const auto part = static_cast<std::size_t>(std::min(size, there));
+            sink.Write(input.Begin(), part);
+            size -= part;
+            if (size > 0)
+                input.Renew(input.Begin() + part);
+        }
+    }
+};
+
+} // namespace
 
 Decoder* Decoders::Find(const std::string& method) {
     if (method != currentMethod) {

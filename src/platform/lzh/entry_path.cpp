@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "base/path_limits.h"
+#include "base/file_name.h"
 #include "platform/lzh/entry_text.h"
 #include "platform/lzh/lzh_error.h"
-#include "platform/lzh/name_rules.h"
 
 namespace tamblin::lzh {
 namespace {
@@ -111,6 +110,11 @@ bool EndsOrChangesALine(wchar_t letter) {
 }
 
 } // namespace
+
+bool IsAllowedName(std::wstring_view name) {
+    return !name.empty() && IsWellFormedName(name) && !name.ends_with(L'.') &&
+           !name.ends_with(L' ');
+}
 
 std::optional<EntryPath> PathOf(const EntryHeader& entry, CodePages& codePages) {
     if (IsTooLong(entry))

@@ -82,11 +82,8 @@ void ApplyExtendedHeader(ExtendedHeaderType type, std::string_view data, EntryHe
             if (!entry.times.created)
                 ApplyUnixTime(fields.U32(0), entry.times);
             break;
-        case ExtendedHeaderType::Common:           // checked by the header reader
-        case ExtendedHeaderType::Comment:          // nothing shows it
-        case ExtendedHeaderType::UnixOwnerNumbers: // Windows has no use for these
-        case ExtendedHeaderType::UnixGroupName:
-        case ExtendedHeaderType::UnixUserName:
+        case ExtendedHeaderType::Common: // checked by the header reader
+        default:
             break;
     }
 }

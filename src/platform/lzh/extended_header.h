@@ -13,7 +13,6 @@ enum class ExtendedHeaderType : std::uint8_t {
     Common = 0x00, // checksum of all headers of the entry
     Name = 0x01,
     Folder = 0x02,
-    Comment = 0x3F,
     DosAttributes = 0x40,
     WindowsTimes = 0x41,
     LargeSizes = 0x42,
@@ -21,14 +20,11 @@ enum class ExtendedHeaderType : std::uint8_t {
     UnicodeFolder = 0x45,
     CodePage = 0x46,
     UnixMode = 0x50,
-    UnixOwnerNumbers = 0x51,
-    UnixGroupName = 0x52,
-    UnixUserName = 0x53,
     UnixTime = 0x54,
 };
 
-// Takes over what an extended header says. Types that say nothing to us are passed over. Throws
-// LzhError (DamagedHeader) when the data is too short for its type.
+// Takes over what an extended header says. Types that say nothing to us (comments, owners) are
+// passed over. Throws LzhError (DamagedHeader) when the data is too short for its type.
 void ApplyExtendedHeader(ExtendedHeaderType type, std::string_view data, EntryHeader& entry);
 
 EntryAttributes FromDosAttributes(unsigned attributes);

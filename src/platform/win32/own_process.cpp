@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "base/text.h"
+#include "base/win32/function_of.h"
 #include "platform/win32/win32_error.h"
 
 namespace tamblin {
@@ -37,10 +38,8 @@ std::wstring ProgramFolder() {
 // A Windows 7 without its updates lacks the function, and is kept from the current folder at least.
 void LoadDllsFromSystemOnly() {
     SetDllDirectoryW(L"");
-    const auto address =
-        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories");
-    using SetDirectories = BOOL WINAPI(DWORD);
-    if (auto* const set = reinterpret_cast<SetDirectories*>(reinterpret_cast<void*>(address)))
+    if (auto* const set = FunctionOf<BOOL WINAPI(DWORD)>(GetModuleHandleW(L"kernel32.dll"),
+                                                         "SetDefaultDllDirectories"))
         set(searchSystemFolder);
 }
 

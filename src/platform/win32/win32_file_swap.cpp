@@ -5,7 +5,7 @@
 #include <cstring>
 #include <vector>
 
-#include "base/path_limits.h"
+#include "base/file_name.h"
 #include "platform/win32/win32_attributes.h"
 #include "platform/win32/win32_error.h"
 #include "platform/win32/win32_held_file.h"

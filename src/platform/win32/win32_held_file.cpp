@@ -1,5 +1,6 @@
 #include "platform/win32/win32_held_file.h"
 
+#include "base/win32/function_of.h"
 #include "platform/win32/win32_attributes.h"
 #include "platform/win32/win32_handle.h"
 #include "platform/win32/win32_path.h"
@@ -12,9 +13,8 @@ constexpr LONG statusDeletePending = static_cast<LONG>(0xC0000056);
 // Windows reports a file that waits to vanish as one that may not be opened. Only the status behind
 // the error tells the two apart.
 LONG LastStatus() {
-    using Function = LONG(WINAPI*)();
-    static const auto function = reinterpret_cast<Function>(reinterpret_cast<void*>(
-        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetLastNtStatus")));
+    static auto* const function =
+        FunctionOf<LONG WINAPI()>(GetModuleHandleW(L"ntdll.dll"), "RtlGetLastNtStatus");
     return function ? function() : 0;
 }
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "base/path_limits.h"
+#include "base/file_name.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "platform/path_form.h"

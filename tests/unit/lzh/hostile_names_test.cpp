@@ -2,7 +2,7 @@
 // place that a name can come from.
 #include <gtest/gtest.h>
 
-#include "platform/lzh/name_rules.h"
+#include "platform/lzh/entry_path.h"
 #include "support/lzh_extraction.h"
 #include "support/lzh_writer.h"
 

@@ -1,6 +1,7 @@
-#include "base/device_name.h"
+#include "base/file_name.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 
 #include "base/text.h"
@@ -21,7 +22,19 @@ std::wstring StemOf(std::wstring_view name) {
     return UpperCase(stem);
 }
 
+bool IsForbidden(wchar_t letter) {
+    return static_cast<unsigned>(letter) < 0x20 ||
+           std::wstring_view(L"*?<>|\":\\/").find(letter) != std::wstring_view::npos;
+}
+
 } // namespace
+
+std::size_t Utf16Size(std::wstring_view name) {
+    const auto pairs = std::count_if(name.begin(), name.end(), [](wchar_t letter) {
+        return static_cast<std::uint32_t>(letter) >> 16 != 0;
+    });
+    return name.size() + static_cast<std::size_t>(pairs);
+}
 
 bool IsDeviceName(std::wstring_view name) {
     const std::wstring stem = StemOf(name);
@@ -29,6 +42,11 @@ bool IsDeviceName(std::wstring_view name) {
         return true;
     return stem.size() == 4 && (stem.starts_with(L"COM") || stem.starts_with(L"LPT")) &&
            portNumbers.find(stem[3]) != std::wstring_view::npos;
+}
+
+bool IsWellFormedName(std::wstring_view name) {
+    return Utf16Size(name) <= LongestName && std::none_of(name.begin(), name.end(), IsForbidden) &&
+           !IsDeviceName(name);
 }
 
 } // namespace tamblin
