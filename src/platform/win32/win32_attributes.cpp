@@ -38,14 +38,12 @@ std::optional<WIN32_FIND_DATAW> FindAt(const std::wstring& fullPath) {
 
 FileAttributes AttributesOf(const WIN32_FIND_DATAW& found) {
     const DWORD bits = found.dwFileAttributes;
-    FileAttributes attributes;
-    attributes.readOnly = (bits & FILE_ATTRIBUTE_READONLY) != 0;
-    attributes.hidden = (bits & FILE_ATTRIBUTE_HIDDEN) != 0;
-    attributes.system = (bits & FILE_ATTRIBUTE_SYSTEM) != 0;
-    attributes.folder = (bits & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    attributes.archive = (bits & FILE_ATTRIBUTE_ARCHIVE) != 0;
-    attributes.link = IsReparsePoint(bits) && LeadsElsewhere(found.dwReserved0);
-    return attributes;
+    return {.readOnly = (bits & FILE_ATTRIBUTE_READONLY) != 0,
+            .hidden = (bits & FILE_ATTRIBUTE_HIDDEN) != 0,
+            .system = (bits & FILE_ATTRIBUTE_SYSTEM) != 0,
+            .folder = (bits & FILE_ATTRIBUTE_DIRECTORY) != 0,
+            .archive = (bits & FILE_ATTRIBUTE_ARCHIVE) != 0,
+            .link = IsReparsePoint(bits) && LeadsElsewhere(found.dwReserved0)};
 }
 
 bool IsUnixLink(const WIN32_FIND_DATAW& found) {
@@ -54,14 +52,10 @@ bool IsUnixLink(const WIN32_FIND_DATAW& found) {
 
 DWORD WithAttributes(DWORD bits, const FileAttributes& attributes) {
     bits &= FILE_ATTRIBUTE_NOT_CONTENT_INDEXED | FILE_ATTRIBUTE_OFFLINE | FILE_ATTRIBUTE_TEMPORARY;
-    if (attributes.readOnly)
-        bits |= FILE_ATTRIBUTE_READONLY;
-    if (attributes.hidden)
-        bits |= FILE_ATTRIBUTE_HIDDEN;
-    if (attributes.system)
-        bits |= FILE_ATTRIBUTE_SYSTEM;
-    if (attributes.archive)
-        bits |= FILE_ATTRIBUTE_ARCHIVE;
+    bits |= (attributes.readOnly ? FILE_ATTRIBUTE_READONLY : 0) |
+            (attributes.hidden ? FILE_ATTRIBUTE_HIDDEN : 0) |
+            (attributes.system ? FILE_ATTRIBUTE_SYSTEM : 0) |
+            (attributes.archive ? FILE_ATTRIBUTE_ARCHIVE : 0);
     return bits == 0 ? DWORD{FILE_ATTRIBUTE_NORMAL} : bits;
 }
 

@@ -4,15 +4,9 @@ namespace tamblin {
 namespace {
 
 UINT StyleOf(MessageIcon icon) {
-    switch (icon) {
-        case MessageIcon::Information:
-            return MB_ICONINFORMATION;
-        case MessageIcon::Stop:
-            return MB_ICONHAND;
-        case MessageIcon::None:
-            break;
-    }
-    return 0;
+    if (icon == MessageIcon::Information)
+        return MB_ICONINFORMATION;
+    return icon == MessageIcon::Stop ? MB_ICONHAND : 0;
 }
 
 } // namespace
