@@ -10,7 +10,6 @@
 #include "maintenance/start_up_file.h"
 #include "maintenance/uninstall.h"
 #include "maintenance/updates.h"
-#include "ui/popup_menu.h"
 
 namespace tamblin {
 
@@ -155,7 +154,7 @@ void Form1::FilesDropped(const std::vector<std::wstring>& paths) {
 void Form1::ShowCharacterMenu(POINT position, std::optional<size_t> row) {
     Menu menu;
     Run([&] { menu = screen.InstalledListMenu(row); });
-    ShowMenu(menu, *this, position);
+    ShowMenu(menu, position);
 }
 
 void Form1::MenuChosen(MenuItem item) {

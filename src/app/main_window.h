@@ -2,11 +2,11 @@
 #pragma once
 
 #include "app/main_screen.h"
+#include "base/next_window.h"
 #include "install/install.h"
 #include "ui/button.h"
 #include "ui/combo_box.h"
 #include "ui/form.h"
-#include "ui/hand_over.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
 #include "ui/picture_button.h"

@@ -14,12 +14,11 @@ ProgramWindows::ProgramWindows(Application& owner, Platform& surroundings,
                                const EarlierCopy& earlier)
     : application(owner),
       platform(surroundings),
-      earlierCopy(earlier),
       settingsFile(platform, state),
-      startUp(platform, state, settingsFile) {}
+      startUp(platform, state, settingsFile, earlier) {}
 
 void ProgramWindows::ShowSplash() {
-    application.Open<Form6>(application, startUp, *this, earlierCopy).Show();
+    application.Open<Form6>(application, startUp, *this).Show();
 }
 
 template <class FormType, class... Arguments>

@@ -6,7 +6,6 @@
 #include "settings/settings_file.h"
 #include "settings/settings_state.h"
 #include "ui/application.h"
-#include "ui/hand_over.h"
 
 namespace tamblin {
 
@@ -24,7 +23,6 @@ class ProgramWindows : public HandOver {
 
     Application& application;
     Platform& platform;
-    const EarlierCopy& earlierCopy;
     SettingsState state;
     SettingsFile settingsFile;
     StartUp startUp;

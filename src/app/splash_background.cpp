@@ -1,6 +1,7 @@
-#include "app/splash_background.h"
-
+// What lies behind the splash window's labels.
 #include <cmath>
+
+#include "app/splash_window.h"
 
 namespace tamblin {
 namespace {
@@ -47,9 +48,9 @@ void DrawRipples(HDC target, SIZE size) {
     const LONG y = size.cy * 105 / 100;
     for (int ring = 1; ring <= rings; ++ring) {
         const LONG radius = size.cy * 24 * (rings + 1 - ring) / 100;
-        const HRGN circle = CreateEllipticRgn(x - radius, y - radius, x + radius, y + radius);
-        SelectClipRgn(target, circle);
-        DeleteObject(circle);
+        const GdiObject<HRGN> circle(
+            CreateEllipticRgn(x - radius, y - radius, x + radius, y + radius));
+        SelectClipRgn(target, circle.get());
         const double light = 0.045 * ring;
         FillDiagonally(target, size, Mix(Sea, Cream, light), Mix(DeepSea, Cream, light));
     }
@@ -57,31 +58,29 @@ void DrawRipples(HDC target, SIZE size) {
 }
 
 void DrawFrame(HDC target, SIZE size, int inset, int lineWidth, COLORREF colour) {
-    const HPEN pen = CreatePen(PS_INSIDEFRAME, lineWidth, colour);
-    const HGDIOBJ formerPen = SelectObject(target, pen);
+    const GdiObject<HPEN> pen(CreatePen(PS_INSIDEFRAME, lineWidth, colour));
+    const HGDIOBJ formerPen = SelectObject(target, pen.get());
     const HGDIOBJ formerBrush = SelectObject(target, GetStockObject(NULL_BRUSH));
     Rectangle(target, inset, inset, static_cast<int>(size.cx) - inset,
               static_cast<int>(size.cy) - inset);
     SelectObject(target, formerBrush);
     SelectObject(target, formerPen);
-    DeleteObject(pen);
 }
 
 } // namespace
 
-HBRUSH MakeSplashBackground(SIZE size, int unit) {
+GdiObject<HBRUSH> MakeSplashBackground(SIZE size, int unit) {
     const HDC screen = GetDC(nullptr);
     const HDC target = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, size.cx, size.cy);
-    const HGDIOBJ former = SelectObject(target, bitmap);
+    const GdiObject<HBITMAP> bitmap(CreateCompatibleBitmap(screen, size.cx, size.cy));
+    const HGDIOBJ former = SelectObject(target, bitmap.get());
     FillDiagonally(target, size, Sea, DeepSea);
     DrawRipples(target, size);
     const int thin = unit * 3 / 4;
     DrawFrame(target, size, 0, thin, DeepSea);
     DrawFrame(target, size, 4 * unit - thin / 2, thin, Mix(Mix(Sea, DeepSea, 0.5), Cream, 0.55));
     SelectObject(target, former);
-    const HBRUSH brush = CreatePatternBrush(bitmap);
-    DeleteObject(bitmap);
+    GdiObject<HBRUSH> brush(CreatePatternBrush(bitmap.get()));
     DeleteDC(target);
     ReleaseDC(nullptr, screen);
     return brush;

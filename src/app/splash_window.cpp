@@ -1,23 +1,15 @@
 #include "app/splash_window.h"
 
-#include "app/splash_background.h"
 #include "base/at_exit.h"
 
 namespace tamblin {
 
 constexpr COLORREF LabelColour = RGB(0xFF, 0xF4, 0xE0);
 
-Form6::Form6(Application& owner, StartUp& steps, HandOver& windows, const EarlierCopy& earlier)
-    : Form(owner, 6, L"Tamblin", FormFrame::Borderless),
-      startUp(steps),
-      handOver(windows),
-      earlierCopy(earlier) {
+Form6::Form6(Application& owner, StartUp& steps, HandOver& windows)
+    : Form(owner, 6, L"Tamblin", FormFrame::Borderless), startUp(steps), handOver(windows) {
     label4.SetVisible(false);
     SetLayout(MakeLayout());
-}
-
-Form6::~Form6() {
-    DeleteObject(backgroundBrush);
 }
 
 std::unique_ptr<LayoutItem> Form6::MakeLayout() {
@@ -32,7 +24,7 @@ std::unique_ptr<LayoutItem> Form6::MakeLayout() {
 }
 
 void Form6::Load() {
-    if (startUp.Load(earlierCopy))
+    if (startUp.Load())
         StartTimer(StartUpTickMilliseconds);
     else
         handOver.Show(NextWindow::EndProgram);
@@ -55,7 +47,6 @@ void Form6::Arranged() {
     GetClientRect(Handle(), &client);
     if (client.right == 0)
         return;
-    DeleteObject(backgroundBrush);
     backgroundBrush = MakeSplashBackground({client.right, client.bottom}, Measure().Down(1));
 }
 
@@ -64,7 +55,7 @@ bool Form6::PaintBackground(HDC target) {
         return false;
     RECT client{};
     GetClientRect(Handle(), &client);
-    FillRect(target, &client, backgroundBrush);
+    FillRect(target, &client, backgroundBrush.get());
     return true;
 }
 
@@ -74,7 +65,7 @@ HBRUSH Form6::LabelBackground(HDC target, HWND label) {
     SetBrushOrgEx(target, -corner.x, -corner.y, nullptr);
     SetBkMode(target, TRANSPARENT);
     SetTextColor(target, LabelColour);
-    return backgroundBrush;
+    return backgroundBrush.get();
 }
 
 } // namespace tamblin

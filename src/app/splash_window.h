@@ -4,16 +4,19 @@
 #include "app/start_up.h"
 #include "base/version.h"
 #include "ui/form.h"
-#include "ui/hand_over.h"
+#include "ui/gdi_object.h"
 #include "ui/label.h"
 #include "ui/picture_box.h"
 
 namespace tamblin {
 
+// A pattern for an area of that size in pixels, with lines as wide as the font's dialog unit asks
+// for.
+GdiObject<HBRUSH> MakeSplashBackground(SIZE size, int unit);
+
 class Form6 : public Form {
   public:
-    Form6(Application& owner, StartUp& steps, HandOver& windows, const EarlierCopy& earlier);
-    ~Form6() override;
+    Form6(Application& owner, StartUp& steps, HandOver& windows);
 
   private:
     void Load() override;
@@ -25,13 +28,13 @@ class Form6 : public Form {
 
     StartUp& startUp;
     HandOver& handOver;
-    const EarlierCopy& earlierCopy;
-    HBRUSH backgroundBrush = nullptr;
+    GdiObject<HBRUSH> backgroundBrush;
 
     PictureBox image1{*this, 1, L"Tamblin の絵", L"EMBLEM", 64};
     PictureBox image2{*this, 2, L"Tamblin", L"LETTERS", 36};
     Label label2{*this, 2, L"Version " TAMBLIN_VERSION};
-    Label label3{*this, 3, L"support to install && uninstall ombrels", Label::Ampersands::Markers};
+    Label label3{*this, 3, L"support to install && uninstall ombrels", 0,
+                 Label::Ampersands::Markers};
     Label label4{*this, 4, L"system files are checking..."};
     Label label6{*this, 6, L"a small helper for people who keep many ombrels"};
 };

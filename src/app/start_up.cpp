@@ -4,7 +4,7 @@
 
 namespace tamblin {
 
-bool StartUp::Load(const EarlierCopy& earlier) {
+bool StartUp::Load() {
     if (earlier.IsRunning()) {
         platform.messages.Inform(AlreadyRunningText);
         earlier.BringToFront();

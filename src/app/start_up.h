@@ -16,12 +16,13 @@ inline constexpr unsigned StartUpTickMilliseconds = 200;
 
 class StartUp {
   public:
-    StartUp(Platform& surroundings, SettingsState& settings, SettingsFile& settingsFile)
-        : platform(surroundings), state(settings), file(settingsFile) {}
+    StartUp(Platform& surroundings, SettingsState& settings, SettingsFile& settingsFile,
+            const EarlierCopy& earlierCopy)
+        : platform(surroundings), state(settings), file(settingsFile), earlier(earlierCopy) {}
 
     // When the splash is loaded. False when another copy is running: the user has been told and
     // has that copy in front, and the process has to end.
-    bool Load(const EarlierCopy& earlier);
+    bool Load();
 
     // One tick of the splash's timer. Stay, but for the tick that ends the splash.
     NextWindow Tick();
@@ -34,6 +35,7 @@ class StartUp {
     Platform& platform;
     SettingsState& state;
     SettingsFile& file;
+    const EarlierCopy& earlier;
     std::int16_t StartupTicker = 0;
     std::int16_t folderResult = 0;
     std::int16_t locationResult = 0;

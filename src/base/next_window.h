@@ -1,4 +1,5 @@
-// Where a window hands over to when it is done. The hand-over itself is the application's.
+// Where a window hands over to when it is done. Which window that is, the rules say; how it comes
+// about, the application knows.
 #pragma once
 
 namespace tamblin {
@@ -12,6 +13,13 @@ enum class NextWindow {
     FolderManagement,
     QuickHelp,  // beside the window that it was opened from
     EndProgram, // at once, without saving
+};
+
+// The one way from a window to another one.
+class HandOver {
+  public:
+    virtual ~HandOver() = default;
+    virtual void Show(NextWindow next) = 0;
 };
 
 } // namespace tamblin

@@ -30,7 +30,6 @@ Form7::Form7(Application& owner, const InstallConfirmation& lists, std::int16_t&
     command1.SetAccessKey(L'I');
     command2.SetAccessKey(L'C');
     label3.SetAccessKey(L'T', list2);
-    label6.SetText(InstallConfirmation::Note());
     SetLayout(MakeLayout());
 }
 

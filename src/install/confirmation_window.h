@@ -37,7 +37,7 @@ class Form7 : public Form {
     ListBox list1{*this, 1, ListBox::Selecting::One, 24, LeastRows};
     Label label3{*this, 3, L"tambでインストールできないもの"};
     ListBox list2{*this, 2, ListBox::Selecting::One, 24, LeastRows};
-    Label label6{*this, 6, L""};
+    Label label6{*this, 6, InstallConfirmation::Note};
     Label label7{*this, 7, L"インストール済みのもの"};
     ListBox list3{*this, 3, ListBox::Selecting::One, 24, LeastRows};
     Label label4{*this, 4, L"インストール"};

@@ -102,7 +102,9 @@ void FolderBrowser::Rebuild(bool treeChanged) {
 }
 
 void FolderBrowser::AddDesktopRows(bool treeChanged) {
-    DesktopFolder();
+    SpecialEntries[1] = DesktopCaption;
+    if (const auto found = platform.shell.DesktopFolder())
+        SpecialEntries[2] = WithBackslash(*found);
     AddRow(SpecialEntries[1], SpecialEntries[2]);
     const std::wstring& desktop = SpecialEntries[2];
     if (treeChanged || desktop.empty() || !BrowseStartFolder.starts_with(desktop))
@@ -165,12 +167,6 @@ void FolderBrowser::AddChildRows(const std::wstring& folder, const std::vector<s
 void FolderBrowser::AddRow(std::wstring text, std::wstring path) {
     tree.rows.push_back(std::move(text));
     tree.TreePaths.push_back(std::move(path));
-}
-
-void FolderBrowser::DesktopFolder() {
-    SpecialEntries[1] = DesktopCaption;
-    if (const auto desktop = platform.shell.DesktopFolder())
-        SpecialEntries[2] = WithBackslash(*desktop);
 }
 
 void FolderBrowser::FillFileList() {

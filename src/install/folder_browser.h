@@ -74,7 +74,6 @@ class FolderBrowser {
     void AddChildRows(const std::wstring& folder, const std::vector<std::wstring>& names,
                       const std::wstring& indent);
     void AddRow(std::wstring text, std::wstring path);
-    void DesktopFolder();
     void FillFileList();
     FolderListing ListOrAsk(const std::wstring& folder);
 

@@ -172,11 +172,6 @@ class InstallRun {
 
 } // namespace
 
-std::wstring InstallConfirmation::Note() {
-    return L"tambに対応した形式ではありませんでした。\r\n"
-           L"これらをインストールする場合は手動で行ってください。";
-}
-
 bool InstallConfirmation::NoteVisible() const {
     return !cannotInstall.Empty() && cannotInstall[0] != NothingText;
 }

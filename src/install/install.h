@@ -19,7 +19,9 @@ struct InstallConfirmation {
     bool installNowEnabled = true;
 
     // The note under the cannot-install list, and whether it is seen.
-    static std::wstring Note();
+    static constexpr wchar_t Note[] =
+        L"tambに対応した形式ではありませんでした。\r\n"
+        L"これらをインストールする場合は手動で行ってください。";
     bool NoteVisible() const;
 };
 

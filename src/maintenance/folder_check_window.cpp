@@ -1,10 +1,7 @@
 #include "maintenance/folder_check_window.h"
 
-#include <algorithm>
-
 #include "base/at_exit.h"
 #include "base/win32/busy_pointer.h"
-#include "ui/popup_menu.h"
 
 namespace tamblin {
 
@@ -24,9 +21,10 @@ Form11::Form11(Application& owner, FolderCheck& folderCheck, HWND ownerWindow)
             if (row)
                 check.folders.MoveSelectionOfOneTo(*row);
         });
-        ShowMenu(check.FolderMenu(), *this, position);
+        ShowMenu(check.FolderMenu(), position);
     };
     SetFirstFocus(command3);
+    SetFirstSize({0, 240});
     SetLayout(MakeLayout());
 }
 
@@ -41,11 +39,6 @@ std::unique_ptr<LayoutItem> Form11::MakeLayout() {
     whole->Add(label3).Gap(2).Add(list2, 3).Gap(3).Add(label6).Gap(1).Add(label7).Gap(8);
     whole->Add(label4).Gap(6).Add(std::move(leave));
     return whole;
-}
-
-Size Form11::FirstSize() const {
-    const Size least = MinimumSize();
-    return {least.width, std::max(least.height, Measure().Down(240))};
 }
 
 void Form11::Activated() {

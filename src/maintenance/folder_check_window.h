@@ -19,7 +19,6 @@ class Form11 : public Form {
     void Activated() override;
     void MenuChosen(MenuItem item) override;
     void EscapePressed() override { Close(); }
-    Size FirstSize() const override;
     void Run(const std::function<void()>& event);
     void ShowModel();
     std::unique_ptr<LayoutItem> MakeLayout();

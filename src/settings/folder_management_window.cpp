@@ -1,7 +1,5 @@
 #include "settings/folder_management_window.h"
 
-#include <algorithm>
-
 namespace tamblin {
 
 Form8::Form8(Application& owner, SettingsState& settings, HandOver& windows)
@@ -31,6 +29,7 @@ Form8::Form8(Application& owner, SettingsState& settings, HandOver& windows)
     };
     label1.SetAccessKey(L'V', list1);
     SetFirstFocus(list1);
+    SetFirstSize({300, 0});
     SetLayout(MakeLayout());
 }
 
@@ -53,11 +52,6 @@ std::unique_ptr<LayoutItem> Form8::MakeLayout() {
     whole->Add(label2).Gap(3).Add(std::move(permission)).Gap(3).Add(label3).Gap(6);
     whole->Add(std::move(leave));
     return whole;
-}
-
-Size Form8::FirstSize() const {
-    const Size least = MinimumSize();
-    return {std::max(least.width, Measure().Across(300)), least.height};
 }
 
 void Form8::Load() {

@@ -18,7 +18,6 @@ class Form8 : public StepForm {
     void Load() override;
     void Activated() override;
     void EscapePressed() override;
-    Size FirstSize() const override;
     // Runs an event between reading what the user has chosen and mirroring the model.
     void Run(const std::function<NextWindow()>& event);
     void ShowModel();

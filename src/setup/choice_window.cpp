@@ -58,11 +58,6 @@ void Form5::ShowStage() {
     SetFirstFocus(choice.InFirstStage() ? static_cast<Control&>(list1) : combo1);
 }
 
-void Form5::ReturnPressed() {
-    if (command1.IsEnabled())
-        OkPressed();
-}
-
 void Form5::OkPressed() {
     const NextWindow next = choice.OkPressed();
     if (next == NextWindow::Stay)

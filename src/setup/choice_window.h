@@ -16,7 +16,7 @@ class Form5 : public StepForm {
 
   private:
     void Load() override;
-    void ReturnPressed() override;
+    void ReturnPressed() override { command1.Press(); }
     void EscapePressed() override { Leave(choice.Closed()); }
     void OkPressed();
     void ShowStage();

@@ -1,7 +1,5 @@
 #include "setup/manual_folder_window.h"
 
-#include <algorithm>
-
 #include "base/win32/busy_pointer.h"
 
 namespace tamblin {
@@ -40,6 +38,7 @@ Form3::Form3(Application& owner, Platform& surroundings, SettingsState& settings
     command3.SetAccessKey(L'M');
     list1.nameOf = FolderBrowser::NameInRow;
     SetFirstFocus(list1);
+    SetFirstSize({280, 230});
     SetLayout(MakeLayout());
 }
 
@@ -59,12 +58,6 @@ std::unique_ptr<LayoutItem> Form3::MakeLayout() {
     whole->Add(std::move(lists), 1).Gap(3).Add(label10).Gap(7).Add(label5).Gap(3);
     whole->Add(std::move(leave));
     return whole;
-}
-
-Size Form3::FirstSize() const {
-    const Size least = MinimumSize();
-    return {std::max(least.width, Measure().Across(280)),
-            std::max(least.height, Measure().Down(230))};
 }
 
 void Form3::Load() {

@@ -19,7 +19,6 @@ class Form3 : public StepForm {
     void ReturnPressed() override { Leave(manual.OkPressed(text1.Text())); }
     void EscapePressed() override { Leave(manual.BackPressed()); }
     bool KeyPressed(const KeyPress& press, const Control* focus) override;
-    Size FirstSize() const override;
     void ShowTree();
     std::unique_ptr<LayoutItem> MakeLayout();
 

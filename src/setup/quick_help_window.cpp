@@ -25,7 +25,7 @@ Form9::Form9(Application& owner, Platform& surroundings, HWND mainWindow)
       label4(MakeTopics(4, PurposeTopics, label6)),
       label5(MakeTopics(5, ButtonTopics, label7)) {
     label9Link.onClick = [this] {
-        OpenSupportPage();
+        platform.shell.Open(SupportPageAddress, platform.programFolder.substr(0, 2));
     };
     check1.onClick = [this] {
         RemoraClicked();
@@ -127,10 +127,6 @@ void Form9::MarkChosen(const Links& links, const LinkLabel* chosen) {
 }
 
 void Form9::PointerOver(Control* control) {
-    Highlight(control);
-}
-
-void Form9::Highlight(const Control* control) {
     for (const Links* links : {&label3, &label4, &label5})
         for (const auto& link : *links)
             link->SetHighlighted(link.get() == control);
@@ -165,10 +161,6 @@ void Form9::Dock() {
     const LONG top = std::min(main.top, work.bottom - (own.bottom - own.top));
     SetWindowPos(Handle(), nullptr, std::max(left, work.left), std::max(top, work.top), 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void Form9::OpenSupportPage() {
-    platform.shell.Open(SupportPageAddress, platform.programFolder.substr(0, 2));
 }
 
 } // namespace tamblin

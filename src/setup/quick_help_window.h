@@ -35,11 +35,9 @@ class Form9 : public Form {
     void EscapePressed() override { Close(); }
 
     void ShowCategory(HelpCategory category);
-    void Highlight(const Control* control);
     static void MarkChosen(const Links& links, const LinkLabel* chosen);
     void RemoraClicked();
     void Dock();
-    void OpenSupportPage();
     Links MakeTopics(int number, std::span<const HelpTopic> topics, TextPane& pane);
     Links MakeCategories();
     std::unique_ptr<LayoutItem> MakeLayout();

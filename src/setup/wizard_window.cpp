@@ -8,9 +8,6 @@ Form2::Form2(Application& owner, Platform& surroundings, SettingsState& settings
     : StepForm(owner, 2, L"環境設定ウィザード  - Tamblin -", FormFrame::Fixed, windows),
       platform(surroundings),
       state(settings) {
-    label1.SetText(L"Tamblin に必要な情報を設定します。");
-    label2.SetText(L"設定項目");
-    label3.SetText(L"・Vimoraフォルダの指定");
     command1.onClick = [this] {
         Leave(NextWindow::ManualFolder);
     };

@@ -27,9 +27,9 @@ class Form2 : public StepForm {
     SettingsState& state;
     WidthGroup buttons;
 
-    Label label1{*this, 1, L""};
-    Label label2{*this, 2, L""};
-    Label label3{*this, 3, L""};
+    Label label1{*this, 1, L"Tamblin に必要な情報を設定します。"};
+    Label label2{*this, 2, L"設定項目"};
+    Label label3{*this, 3, L"・Vimoraフォルダの指定"};
     Button command2{*this, 2, L"自動検出"};
     Label label5{*this, 5, L"見つけさせる"};
     Button command1{*this, 1, L"手動設定"};

@@ -4,17 +4,11 @@
 
 #include <oleacc.h>
 
+#include "base/win32/function_of.h"
 #include "ui/system_library.h"
 
 namespace tamblin {
 namespace {
-
-IAccPropServices* CreateService() {
-    void* service = nullptr;
-    CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
-                     &service);
-    return static_cast<IAccPropServices*>(service);
-}
 
 // Not imported: Windows would take an oleacc.dll that lies beside the program.
 HMODULE Oleacc() {
@@ -23,8 +17,13 @@ HMODULE Oleacc() {
 }
 
 IAccPropServices* Service() {
-    static IAccPropServices* const service = CreateService();
-    return service;
+    static void* const service = [] {
+        void* created = nullptr;
+        CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                         &created);
+        return created;
+    }();
+    return static_cast<IAccPropServices*>(service);
 }
 
 void Annotate(HWND window, const MSAAPROPID& property, const std::wstring& text) {

@@ -66,19 +66,6 @@ STDMETHODIMP AccessibleCheckList::GetTypeInfoCount(UINT* count) {
     return S_OK;
 }
 
-STDMETHODIMP AccessibleCheckList::GetTypeInfo(UINT, LCID, ITypeInfo**) {
-    return E_NOTIMPL;
-}
-
-STDMETHODIMP AccessibleCheckList::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) {
-    return E_NOTIMPL;
-}
-
-STDMETHODIMP AccessibleCheckList::Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*,
-                                         EXCEPINFO*, UINT*) {
-    return E_NOTIMPL;
-}
-
 // What the list is
 
 LRESULT AccessibleCheckList::Ask(UINT message, WPARAM wParam, LPARAM lParam) const {

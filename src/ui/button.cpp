@@ -53,10 +53,16 @@ LRESULT Button::CustomDraw(const NMCUSTOMDRAW& stage) {
     return CDRF_DODEFAULT;
 }
 
-bool Button::TakeReturn() {
+bool Button::TakeKey(const KeyPress& press) {
+    if (press.key != VK_RETURN)
+        return false;
+    TakeAccessKey();
+    return true;
+}
+
+void Button::TakeAccessKey() {
     if (IsEnabled())
         Send(BM_CLICK);
-    return true;
 }
 
 } // namespace tamblin

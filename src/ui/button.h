@@ -22,8 +22,8 @@ class Button : public Control {
 
     Size NaturalSize(const TextMeasure& measure) const override;
     void Notified(UINT code) override;
-    bool TakeReturn() override;
-    void TakeAccessKey() override { TakeReturn(); }
+    bool TakeKey(const KeyPress& press) override;
+    void TakeAccessKey() override;
     LRESULT CustomDraw(const NMCUSTOMDRAW& stage) override;
 
   protected:

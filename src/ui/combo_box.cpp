@@ -69,10 +69,6 @@ bool ComboBox::IsDropped() const {
     return Send(CB_GETDROPPEDSTATE) != 0;
 }
 
-void ComboBox::CloseList() {
-    Send(CB_SHOWDROPDOWN, FALSE, 0);
-}
-
 std::optional<CutOffText> ComboBox::CutOffAt(POINT) const {
     const CutOffText cut{Parts().rcItem, Text()};
     const int needed = form.Measure().Width(cut.text) + form.Measure().Across(2);
@@ -80,15 +76,11 @@ std::optional<CutOffText> ComboBox::CutOffAt(POINT) const {
     return fits || IsDropped() ? std::nullopt : std::optional(cut);
 }
 
-bool ComboBox::TakeReturn() {
-    if (!IsDropped())
+bool ComboBox::TakeKey(const KeyPress& press) {
+    if ((press.key != VK_RETURN && press.key != VK_ESCAPE) || !IsDropped())
         return false;
-    CloseList();
+    Send(CB_SHOWDROPDOWN, FALSE, 0);
     return true;
-}
-
-bool ComboBox::TakeEscape() {
-    return TakeReturn();
 }
 
 } // namespace tamblin

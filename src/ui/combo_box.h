@@ -20,15 +20,13 @@ class ComboBox : public Control {
     void Arrange(const Place& place, const TextMeasure& measure, Placement& placement) override;
     void SetFont(const TextMeasure& measure) override;
     void Notified(UINT code) override;
-    bool TakeReturn() override;
-    bool TakeEscape() override;
+    bool TakeKey(const KeyPress& press) override;
     std::optional<CutOffText> CutOffAt(POINT position) const override;
 
   private:
     COMBOBOXINFO Parts() const;
     std::optional<size_t> Selected() const;
     bool IsDropped() const;
-    void CloseList();
 
     std::vector<std::wstring> entries;
 };

@@ -86,11 +86,7 @@ class Control : public LayoutItem {
     virtual void Notified(UINT) {}
     // Owner-drawn controls draw themselves here.
     virtual void Draw(const DRAWITEMSTRUCT&) {}
-    // Return was pressed while the control has the focus. False leaves it to the form.
-    virtual bool TakeReturn() { return false; }
-    // Escape was pressed while the control has the focus.
-    virtual bool TakeEscape() { return false; }
-    // Any other key. True when it has been dealt with.
+    // A key was pressed while the control has the focus. False leaves it to the form.
     virtual bool TakeKey(const KeyPress&) { return false; }
 
     // The control's access key, or that of its label. Where the control is disabled it does

@@ -1,13 +1,14 @@
 #include "ui/dpi.h"
 
+#include "base/win32/function_of.h"
+
 namespace tamblin {
 namespace {
 
-// Functions newer than Windows 7 are looked up when first wanted; nothing when the system lacks it.
+// Functions newer than Windows 7 are looked up when first wanted.
 template <class Function>
 Function* UserFunction(const char* name) {
-    const auto address = GetProcAddress(GetModuleHandleW(L"user32.dll"), name);
-    return reinterpret_cast<Function*>(reinterpret_cast<void*>(address));
+    return FunctionOf<Function>(GetModuleHandleW(L"user32.dll"), name);
 }
 
 unsigned SystemDpi() {
@@ -25,18 +26,18 @@ unsigned DpiOf(HWND window) {
     return dpi ? dpi : SystemDpi();
 }
 
-HFONT CreateMessageFont(unsigned dpi) {
+GdiObject<HFONT> CreateMessageFont(unsigned dpi) {
     static const auto infoForDpi =
         UserFunction<BOOL WINAPI(UINT, UINT, PVOID, UINT, UINT)>("SystemParametersInfoForDpi");
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
     if (infoForDpi && infoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi))
-        return CreateFontIndirectW(&metrics.lfMessageFont);
+        return GdiObject<HFONT>(CreateFontIndirectW(&metrics.lfMessageFont));
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     LOGFONTW& font = metrics.lfMessageFont;
     font.lfHeight = MulDiv(font.lfHeight, static_cast<int>(dpi), static_cast<int>(SystemDpi()));
     font.lfWidth = 0;
-    return CreateFontIndirectW(&font);
+    return GdiObject<HFONT>(CreateFontIndirectW(&font));
 }
 
 RECT AroundClientArea(const RECT& client, DWORD style, DWORD extendedStyle, unsigned dpi) {

@@ -2,14 +2,14 @@
 // not. 96 is the scale 1.
 #pragma once
 
-#include "ui/windows_headers.h"
+#include "ui/gdi_object.h"
 
 namespace tamblin {
 
 unsigned DpiOf(HWND window);
 
-// The font in which the system writes message boxes, for a given density. The caller owns it.
-HFONT CreateMessageFont(unsigned dpi);
+// The font in which the system writes message boxes, for a given density.
+GdiObject<HFONT> CreateMessageFont(unsigned dpi);
 
 // The window rectangle that surrounds a client area.
 RECT AroundClientArea(const RECT& client, DWORD style, DWORD extendedStyle, unsigned dpi);

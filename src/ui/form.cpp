@@ -8,35 +8,23 @@ namespace {
 
 constexpr int ProgramIcon = 1;
 
-DWORD FrameStyleOf(FormFrame frame) {
+struct FrameStyles {
+    DWORD style = 0;
+    DWORD extended = 0;
+};
+
+FrameStyles StylesOf(FormFrame frame) {
     switch (frame) {
         case FormFrame::Resizable:
-            return WS_OVERLAPPEDWINDOW;
+            return {WS_OVERLAPPEDWINDOW, 0};
         case FormFrame::ResizableAsk:
-            return WS_POPUP | WS_CAPTION | WS_THICKFRAME;
+            return {WS_POPUP | WS_CAPTION | WS_THICKFRAME, WS_EX_DLGMODALFRAME};
         case FormFrame::Fixed:
-            return WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
+            return {WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, 0};
         case FormFrame::Borderless:
-            return WS_POPUP;
+            return {WS_POPUP, WS_EX_APPWINDOW};
     }
-    return 0;
-}
-
-// An owned window has no button in the task bar from which it could be brought back.
-DWORD StyleOf(FormFrame frame, HWND ownerWindow) {
-    const DWORD style = FrameStyleOf(frame) | WS_CLIPCHILDREN;
-    return ownerWindow ? style & ~static_cast<DWORD>(WS_MINIMIZEBOX) : style;
-}
-
-DWORD ExtendedStyleOf(FormFrame frame) {
-    switch (frame) {
-        case FormFrame::ResizableAsk:
-            return WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
-        case FormFrame::Borderless:
-            return WS_EX_CONTROLPARENT | WS_EX_APPWINDOW;
-        default:
-            return WS_EX_CONTROLPARENT;
-    }
+    return {};
 }
 
 } // namespace
@@ -66,13 +54,17 @@ Form::Form(Application& owner, int number, const std::wstring& title, FormFrame 
     : application(owner), ownerHandle(ownerWindow) {
     const std::wstring name = L"Tamblin.Form" + std::to_wstring(number);
     RegisterClass(name);
+    FrameStyles styles = StylesOf(frame);
+    // An owned window has no button in the task bar from which it could be brought back.
+    if (ownerHandle)
+        styles.style &= ~static_cast<DWORD>(WS_MINIMIZEBOX);
     // On the monitor where the form will stand, so that it has that monitor's density from the
     // start.
     const HWND below = WindowBelow();
     RECT around{};
     const bool hasPlace = below && GetWindowRect(below, &around);
-    CreateWindowExW(ExtendedStyleOf(frame), name.c_str(), title.c_str(),
-                    StyleOf(frame, ownerHandle),
+    CreateWindowExW(styles.extended | WS_EX_CONTROLPARENT, name.c_str(), title.c_str(),
+                    styles.style | WS_CLIPCHILDREN,
                     hasPlace ? (around.left + around.right) / 2 : CW_USEDEFAULT,
                     hasPlace ? (around.top + around.bottom) / 2 : CW_USEDEFAULT, 0, 0, ownerHandle,
                     nullptr, GetModuleHandleW(nullptr), this);
@@ -86,8 +78,6 @@ Form::Form(Application& owner, int number, const std::wstring& title, FormFrame 
 Form::~Form() {
     if (handle)
         DestroyWindow(handle);
-    measure.reset();
-    DeleteObject(font);
 }
 
 void Form::Adopt(Control& control) {

@@ -10,6 +10,7 @@
 #include "base/menu.h"
 #include "ui/application.h"
 #include "ui/control.h"
+#include "ui/gdi_object.h"
 #include "ui/layout.h"
 #include "ui/tool_tip.h"
 #include "ui/windows_headers.h"
@@ -115,7 +116,9 @@ class Form {
     // The brush behind a label; null leaves it to the system.
     virtual HBRUSH LabelBackground(HDC, HWND) { return nullptr; }
     // The client area's size when the form is shown for the first time.
-    virtual Size FirstSize() const { return MinimumSize(); }
+    virtual Size FirstSize() const;
+    // How large that shall be at the least, in the font's units.
+    void SetFirstSize(Size units) { firstSize = units; }
 
     void SetLayout(std::unique_ptr<LayoutItem> newLayout) { layout = std::move(newLayout); }
     Size MinimumSize() const;
@@ -123,6 +126,8 @@ class Form {
     // Paints what waits to be painted, before work that will not give way.
     void PaintNow();
     void AcceptFiles();
+    // Returns when the menu has gone; at once when it is empty.
+    void ShowMenu(const Menu& menu, POINT screenPosition);
     // Where the keyboard is when the form is shown.
     void SetFirstFocus(Control& control) { firstFocus = &control; }
     // One tick each so many milliseconds; no tick comes while one is being handled.
@@ -169,10 +174,11 @@ class Form {
     std::vector<Control*> controls;
     std::unique_ptr<LayoutItem> layout;
     mutable unsigned layoutPass = 1;
-    HFONT font = nullptr;
+    GdiObject<HFONT> font;
     std::unique_ptr<TextMeasure> measure;
     ToolTip tip;
     unsigned dpi = 96;
+    Size firstSize;
     Control* firstFocus = nullptr;
     HWND lastFocus = nullptr;
     HWND parkedFocus = nullptr; // what had the focus before an operation held the form

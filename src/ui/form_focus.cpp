@@ -103,21 +103,23 @@ bool Form::TakesKey(const MSG& message) {
     if (message.message != WM_KEYDOWN || !IsWindowEnabled(handle))
         return false;
     tip.Remove();
+    bool taken = message.wParam == VK_RETURN || message.wParam == VK_ESCAPE;
     // The key that has closed a box, or another window, may still be down.
-    if ((message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) && IsRepeat(message))
+    if (taken && IsRepeat(message))
         return true;
     Control* const control = Find(message.hwnd);
     const KeyPress press = PressOf(message);
-    bool taken = message.wParam == VK_RETURN || message.wParam == VK_ESCAPE;
     ++events;
     const AtExit over([this] { EventOver(); });
     application.Guard([&] {
-        if (!taken)
-            taken = (control && control->TakeKey(press)) || KeyPressed(press, control);
-        else if (message.wParam == VK_RETURN && !(control && control->TakeReturn()))
+        if (control && control->TakeKey(press))
+            taken = true;
+        else if (message.wParam == VK_RETURN)
             ReturnPressed();
-        else if (message.wParam == VK_ESCAPE && !(control && control->TakeEscape()))
+        else if (message.wParam == VK_ESCAPE)
             EscapePressed();
+        else
+            taken = KeyPressed(press, control);
     });
     return taken;
 }

@@ -74,7 +74,7 @@ LRESULT Form::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
                 application.CloseAll();
             return 0;
         case WM_GETFONT:
-            return reinterpret_cast<LRESULT>(font);
+            return reinterpret_cast<LRESULT>(font.get());
         case WM_DPICHANGED:
             DensityChanged(LOWORD(wParam), *reinterpret_cast<RECT*>(lParam));
             return 0;
@@ -156,6 +156,22 @@ LRESULT Form::Notified(const NMHDR& notification) {
     if (!control || notification.code != NM_CUSTOMDRAW)
         return 0;
     return control->CustomDraw(reinterpret_cast<const NMCUSTOMDRAW&>(notification));
+}
+
+void Form::ShowMenu(const Menu& menu, POINT screenPosition) {
+    if (menu.empty())
+        return;
+    const HMENU popup = CreatePopupMenu();
+    const AtExit destroy([&] { DestroyMenu(popup); });
+    for (const MenuRow& row : menu)
+        AppendMenuW(popup,
+                    row.item == MenuItem::Separator ? MF_SEPARATOR
+                    : row.enabled                   ? MF_STRING
+                                                    : MF_GRAYED,
+                    static_cast<UINT_PTR>(row.item), row.text.c_str());
+    const BusyPointer::Pause usable;
+    TrackPopupMenu(popup, TPM_LEFTALIGN | TPM_TOPALIGN | TPM_LEFTBUTTON, screenPosition.x,
+                   screenPosition.y, 0, handle, nullptr);
 }
 
 void Form::TimerRang() {

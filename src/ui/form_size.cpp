@@ -1,6 +1,7 @@
 // The size, place, font and density of a form, and its layout.
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "ui/dpi.h"
 #include "ui/form.h"
@@ -87,12 +88,10 @@ bool Form::FitsScreen() const {
 }
 
 void Form::WriteAtDensity(unsigned textDpi) {
-    const HFONT former = font;
-    font = CreateMessageFont(textDpi);
-    measure = std::make_unique<TextMeasure>(font);
+    const GdiObject<HFONT> former = std::exchange(font, CreateMessageFont(textDpi));
+    measure = std::make_unique<TextMeasure>(font.get());
     for (Control* control : controls)
         control->SetFont(*measure);
-    DeleteObject(former);
 }
 
 void Form::DensityChanged(unsigned newDpi, const RECT& suggested) {
@@ -129,6 +128,12 @@ Size Form::MinimumSize() const {
     if (const int room = RoomOnScreen().width; least.width > room)
         return {room, layout->HeightFor(room, *measure)};
     return least;
+}
+
+Size Form::FirstSize() const {
+    const Size least = MinimumSize();
+    return {std::max(least.width, measure->Across(firstSize.width)),
+            std::max(least.height, measure->Down(firstSize.height))};
 }
 
 Size Form::RoomOnScreen() const {

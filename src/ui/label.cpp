@@ -2,14 +2,8 @@
 
 namespace tamblin {
 
-Label::Label(Form& owner, int number, const std::wstring& text, Ampersands ampersands)
-    : Label(owner, {ControlKind::Label, number}, text, ampersands) {}
-
-Label::Label(Form& owner, int number, const std::wstring& text, int index)
-    : Label(owner, {ControlKind::Label, number, index}, text, Ampersands::Plain) {}
-
-Label::Label(Form& owner, ControlName controlName, const std::wstring& text, Ampersands ampersands)
-    : Control(owner, controlName, WC_STATICW, text,
+Label::Label(Form& owner, int number, const std::wstring& text, int index, Ampersands ampersands)
+    : Control(owner, {ControlKind::Label, number, index}, WC_STATICW, text,
               SS_LEFT | WS_GROUP | (ampersands == Ampersands::Plain ? SS_NOPREFIX : 0u)),
       hasMarkers(ampersands == Ampersands::Markers) {}
 

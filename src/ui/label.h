@@ -11,10 +11,9 @@ class Label : public Control {
   public:
     // With `markers`, "&&" displays as "&"; otherwise every "&" displays as it is.
     enum class Ampersands { Plain, Markers };
-    Label(Form& owner, int number, const std::wstring& text,
+    // `index` counts in a row of equal labels.
+    Label(Form& owner, int number, const std::wstring& text, int index = 0,
           Ampersands ampersands = Ampersands::Plain);
-    // One of a row of equal labels.
-    Label(Form& owner, int number, const std::wstring& text, int index);
 
     Size NaturalSize(const TextMeasure& measure) const override;
     int HeightFor(int width, const TextMeasure& measure) const override;
@@ -24,7 +23,6 @@ class Label : public Control {
 
   private:
     std::wstring ShownText() const;
-    Label(Form& owner, ControlName controlName, const std::wstring& text, Ampersands ampersands);
 
     bool hasMarkers;
 };

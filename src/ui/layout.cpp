@@ -107,11 +107,7 @@ Place BoxLayout::PlaceOf(const Child& child, const Place& area, int offset, int 
                               ? room
                               : std::min(room, row ? child.item->HeightFor(length, measure)
                                                    : child.item->Minimum(measure).width);
-    int shift = 0;
-    if (child.across == Across::Centre)
-        shift = (room - thickness) / 2;
-    else if (child.across == Across::End)
-        shift = room - thickness;
+    const int shift = child.across == Across::Centre ? (room - thickness) / 2 : 0;
     if (row)
         return {area.left + offset, area.top + shift, length, thickness};
     return {area.left + shift, area.top + offset, thickness, length};

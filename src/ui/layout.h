@@ -37,7 +37,7 @@ class LayoutItem {
 };
 
 // Where an item stands across the direction of its box.
-enum class Across { Fill, Start, Centre, End };
+enum class Across { Fill, Start, Centre };
 
 class BoxLayout : public LayoutItem {
   public:

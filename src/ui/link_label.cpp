@@ -12,10 +12,6 @@ LinkLabel::LinkLabel(Form& owner, int number, int index, const std::wstring& cap
     LinkLabel::SetFont(form.Measure());
 }
 
-LinkLabel::~LinkLabel() {
-    DeleteObject(boldFont);
-}
-
 void LinkLabel::SetHighlighted(bool on) {
     if (on == highlighted)
         return;
@@ -32,7 +28,7 @@ void LinkLabel::SetChosen(bool on) {
 
 // Room for the bold form, so that nothing moves when the text lights up.
 Size LinkLabel::NaturalSize(const TextMeasure& measure) const {
-    const int width = TextMeasure(boldFont).Width(Text());
+    const int width = TextMeasure(boldFont.get()).Width(Text());
     return {width + measure.Across(4), measure.LineHeight() + measure.Down(2)};
 }
 
@@ -41,11 +37,9 @@ void LinkLabel::SetFont(const TextMeasure& measure) {
     LOGFONTW logical{};
     GetObjectW(measure.Font(), sizeof logical, &logical);
     logical.lfUnderline = look == Look::Underlined;
-    DeleteObject(usualFont);
-    usualFont = CreateFontIndirectW(&logical);
+    usualFont.reset(CreateFontIndirectW(&logical));
     logical.lfWeight = FW_BOLD;
-    DeleteObject(boldFont);
-    boldFont = CreateFontIndirectW(&logical);
+    boldFont.reset(CreateFontIndirectW(&logical));
 }
 
 void LinkLabel::Notified(UINT code) {
@@ -53,7 +47,9 @@ void LinkLabel::Notified(UINT code) {
         onClick();
 }
 
-bool LinkLabel::TakeReturn() {
+bool LinkLabel::TakeKey(const KeyPress& press) {
+    if (press.key != VK_RETURN)
+        return false;
     Send(BM_CLICK);
     return true;
 }
@@ -65,7 +61,7 @@ void LinkLabel::Draw(const DRAWITEMSTRUCT& drawing) {
         FillRect(drawing.hDC, &drawing.rcItem, GetSysColorBrush(COLOR_HIGHLIGHT));
     else
         form.PaintBehind(drawing.hDC, Handle(), drawing.rcItem);
-    const HGDIOBJ former = SelectObject(drawing.hDC, lit ? boldFont : usualFont);
+    const HGDIOBJ former = SelectObject(drawing.hDC, (lit ? boldFont : usualFont).get());
     SetBkMode(drawing.hDC, TRANSPARENT);
     SetTextColor(drawing.hDC, GetSysColor(chosen ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
     RECT area = drawing.rcItem;

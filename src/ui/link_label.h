@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ui/control.h"
+#include "ui/gdi_object.h"
 
 namespace tamblin {
 
@@ -11,7 +12,6 @@ class LinkLabel : public Control {
     enum class Look { Plain, Underlined };
     LinkLabel(Form& owner, int number, int index, const std::wstring& caption,
               Look usualLook = Look::Plain);
-    ~LinkLabel() override;
 
     std::function<void()> onClick;
 
@@ -24,12 +24,12 @@ class LinkLabel : public Control {
     void SetFont(const TextMeasure& measure) override;
     void Notified(UINT code) override;
     void Draw(const DRAWITEMSTRUCT& drawing) override;
-    bool TakeReturn() override;
+    bool TakeKey(const KeyPress& press) override;
 
   private:
     Look look;
-    HFONT usualFont = nullptr;
-    HFONT boldFont = nullptr;
+    GdiObject<HFONT> usualFont;
+    GdiObject<HFONT> boldFont;
     bool highlighted = false;
     bool chosen = false;
 };

@@ -268,22 +268,15 @@ std::optional<CutOffText> ListBox::CutOffAt(POINT position) const {
 }
 
 bool ListBox::TakeKey(const KeyPress& press) {
+    if (onOpen && press.key == VK_RETURN) {
+        Open();
+        return true;
+    }
     if (!several || press != KeyPress{'A', KeyPress::Control})
         return false;
-    SelectAll();
-    return true;
-}
-
-void ListBox::SelectAll() {
     Send(LB_SETSEL, TRUE, -1);
     if (onSelect)
         onSelect();
-}
-
-bool ListBox::TakeReturn() {
-    if (!onOpen)
-        return false;
-    Open();
     return true;
 }
 

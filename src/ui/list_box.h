@@ -40,7 +40,6 @@ class ListBox : public Control {
     }
     void SetFont(const TextMeasure& measure) override;
     void Notified(UINT code) override;
-    bool TakeReturn() override;
     bool TakeKey(const KeyPress& press) override;
     std::optional<CutOffText> CutOffAt(POINT position) const override;
 
@@ -51,7 +50,6 @@ class ListBox : public Control {
     void OpenMenu(WPARAM otherButtons, LPARAM position);
     POINT MenuKeyPosition() const;
     std::optional<size_t> RowAt(LPARAM position) const;
-    void SelectAll();
     void Typed(wchar_t letter);
     void SelectOnly(size_t row);
     size_t CurrentRow() const;

@@ -57,17 +57,13 @@ Picture::Picture(const wchar_t* name, int greatestHeight) {
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
     void* bits = nullptr;
-    handle = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    handle.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     if (!bits || FAILED(source->CopyPixels(nullptr, columns * 4, columns * rows * 4,
                                            static_cast<BYTE*>(bits))))
         return;
     pixels = static_cast<std::uint32_t*>(bits);
     width = static_cast<int>(columns);
     height = static_cast<int>(rows);
-}
-
-Picture::~Picture() {
-    DeleteObject(handle);
 }
 
 void Picture::Tint(COLORREF colour) {
@@ -83,7 +79,7 @@ void Picture::Tint(COLORREF colour) {
 
 void Picture::Draw(HDC target, int left, int top, BYTE strength) const {
     const HDC source = CreateCompatibleDC(target);
-    const HGDIOBJ former = SelectObject(source, handle);
+    const HGDIOBJ former = SelectObject(source, handle.get());
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, strength, AC_SRC_ALPHA};
     // As AlphaBlend of msimg32.dll, which a program does not surely get from Windows' own folder.
     GdiAlphaBlend(target, left, top, width, height, source, 0, 0, width, height, blend);

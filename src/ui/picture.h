@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "ui/windows_headers.h"
+#include "ui/gdi_object.h"
 
 namespace tamblin {
 
@@ -12,9 +12,6 @@ class Picture {
   public:
     // In the largest height that is at most this. Empty when there is none.
     Picture(const wchar_t* name, int greatestHeight);
-    ~Picture();
-    Picture(const Picture&) = delete;
-    Picture& operator=(const Picture&) = delete;
 
     int Width() const { return width; }
     int Height() const { return height; }
@@ -28,7 +25,7 @@ class Picture {
   private:
     int width = 0;
     int height = 0;
-    HBITMAP handle = nullptr;
+    GdiObject<HBITMAP> handle;
     // Rows from the top; 0xAARRGGBB, the colours multiplied by the opacity.
     std::uint32_t* pixels = nullptr;
 };

@@ -1,15 +1,18 @@
 #include "ui/picture_button.h"
 
+#include <uxtheme.h>
 #include <vsstyle.h>
 
 #include <algorithm>
 
+#include "base/win32/function_of.h"
 #include "ui/form.h"
-#include "ui/themed_button.h"
+#include "ui/system_library.h"
 
 namespace tamblin {
-
 namespace {
+
+constexpr BYTE DisabledStrength = 90;
 
 // On a high-contrast screen pictures have the colour of the text beside them.
 bool IsHighContrast() {
@@ -19,9 +22,30 @@ bool IsHighContrast() {
            (contrast.dwFlags & HCF_HIGHCONTRASTON);
 }
 
-} // namespace
+// Not imported: Windows would take a uxtheme.dll that lies beside the program.
+struct Themes {
+    HMODULE library = SystemLibrary(L"uxtheme.dll");
+    decltype(&OpenThemeData) open = FunctionOf<decltype(OpenThemeData)>(library, "OpenThemeData");
+    decltype(&CloseThemeData) close =
+        FunctionOf<decltype(CloseThemeData)>(library, "CloseThemeData");
+    decltype(&DrawThemeBackground) draw =
+        FunctionOf<decltype(DrawThemeBackground)>(library, "DrawThemeBackground");
+};
 
-constexpr BYTE DisabledStrength = 90;
+// As the system's visual style draws push buttons; `state` is one of PBS_NORMAL, PBS_HOT ... False
+// when visual styles are off.
+bool DrawThemedButton(HWND button, HDC target, const RECT& area, int state) {
+    static const Themes themes;
+    const HTHEME theme =
+        themes.open && themes.close && themes.draw ? themes.open(button, L"Button") : nullptr;
+    if (!theme)
+        return false;
+    themes.draw(theme, target, BP_PUSHBUTTON, state, &area, nullptr);
+    themes.close(theme);
+    return true;
+}
+
+} // namespace
 
 PictureButton::PictureButton(Form& owner, int number, const std::wstring& text,
                              const wchar_t* namedPicture, Caption caption)
@@ -32,7 +56,7 @@ PictureButton::PictureButton(Form& owner, int number, const std::wstring& text,
 }
 
 Size PictureButton::NaturalSize(const TextMeasure& measure) const {
-    const int side = picture ? picture->Height() : 0;
+    const int side = picture->Height();
     Size size{side + measure.Across(8), std::max(side + measure.Down(4), measure.Down(14))};
     if (captionShown)
         size.width += measure.Width(Text()) + measure.Across(4);

@@ -1,8 +1,8 @@
 // A form from which the user goes on to another one. Its close box does what Escape does.
 #pragma once
 
+#include "base/next_window.h"
 #include "ui/form.h"
-#include "ui/hand_over.h"
 
 namespace tamblin {
 

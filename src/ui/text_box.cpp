@@ -8,15 +8,8 @@ namespace tamblin {
 namespace {
 
 DWORD StyleFor(TextBox::Access access) {
-    switch (access) {
-        case TextBox::Access::Status:
-            return ES_READONLY;
-        case TextBox::Access::ReadOnly:
-            return ES_READONLY | WS_TABSTOP;
-        case TextBox::Access::Editable:
-            return WS_TABSTOP;
-    }
-    return 0;
+    return (access == TextBox::Access::Editable ? 0 : ES_READONLY) |
+           (access == TextBox::Access::Status ? 0 : WS_TABSTOP);
 }
 
 } // namespace

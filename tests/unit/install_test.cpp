@@ -160,9 +160,9 @@ TEST_F(InstallTest, StagedAreOnlyCharactersWhenTheUserIsAsked) {
 }
 
 TEST(InstallConfirmation, NoteIsSeenOnlyWhenSomethingCannotBeInstalled) {
-    EXPECT_EQ(InstallConfirmation::Note(),
-              L"tambに対応した形式ではありませんでした。\r\n"
-              L"これらをインストールする場合は手動で行ってください。");
+    EXPECT_STREQ(InstallConfirmation::Note,
+                 L"tambに対応した形式ではありませんでした。\r\n"
+                 L"これらをインストールする場合は手動で行ってください。");
     InstallConfirmation lists;
     lists.cannotInstall.Assign({None});
     EXPECT_FALSE(lists.NoteVisible());

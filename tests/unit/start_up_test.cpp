@@ -25,8 +25,8 @@ class StartUpTest : public testing::Test {
     MemoryFileSystem& files = fake.files;
     SettingsState state;
     SettingsFile file{fake.platform, state};
-    StartUp startUp{fake.platform, state, file};
     EarlierCopyFake earlier;
+    StartUp startUp{fake.platform, state, file, earlier};
 };
 
 TEST_F(StartUpTest, SecondCopyIsToldAndReadsNothing) {
@@ -37,7 +37,7 @@ TEST_F(StartUpTest, SecondCopyIsToldAndReadsNothing) {
     fake.messages.onShow = [&](const auto&) {
         EXPECT_EQ(earlier.timesInFront, 0);
     };
-    EXPECT_FALSE(startUp.Load(earlier));
+    EXPECT_FALSE(startUp.Load());
     EXPECT_EQ(earlier.timesInFront, 1);
     EXPECT_THAT(fake.messages.shown, ElementsAre(Box{Kind::Inform, L"すでに起動されています。"}));
     EXPECT_EQ(files.OperationCount(), 0U);
@@ -45,7 +45,7 @@ TEST_F(StartUpTest, SecondCopyIsToldAndReadsNothing) {
 
 TEST_F(StartUpTest, FirstCopyMakesTheProgramFolderCurrentAndTicksFiveTimesASecond) {
     files.SetCurrentFolder(L"C:\\Host");
-    EXPECT_TRUE(startUp.Load(earlier));
+    EXPECT_TRUE(startUp.Load());
     EXPECT_EQ(files.CurrentFolder(), L"C:\\Tamblin");
     EXPECT_THAT(fake.messages.shown, IsEmpty());
     EXPECT_EQ(StartUpTickMilliseconds, 200U);
@@ -55,7 +55,7 @@ TEST_F(StartUpTest, FirstCopyMakesTheProgramFolderCurrentAndTicksFiveTimesASecon
 TEST_F(StartUpTest, ProgramFolderThatCannotBeEnteredEndsTheProgram) {
     files.SetReady(L"C:", false);
     try {
-        startUp.Load(earlier);
+        startUp.Load();
         FAIL();
     } catch (const RunTimeError& error) {
         EXPECT_TRUE(error.IsFatal());
@@ -122,7 +122,7 @@ class DecisionTest : public StartUpTest, public testing::WithParamInterface<Deci
 TEST_P(DecisionTest, OpensTheWindow) {
     if (GetParam().ini)
         Given(GetParam().ini);
-    EXPECT_TRUE(startUp.Load(earlier));
+    EXPECT_TRUE(startUp.Load());
     const auto before = files.Snapshot();
     EXPECT_EQ(Run(), GetParam().window);
     EXPECT_EQ(state.BrowseStartFolder,

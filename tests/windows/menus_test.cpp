@@ -1,6 +1,4 @@
 // Menus: their rows, and when a form takes what is chosen.
-#include "ui/popup_menu.h"
-
 #include "windows/window_scene.h"
 
 namespace tamblin {
@@ -10,6 +8,7 @@ class MenuForm : public Form {
   public:
     explicit MenuForm(Application& owner) : Form(owner, 111, L"Menus", FormFrame::Resizable) {}
     std::vector<MenuItem> chosen;
+    using Form::ShowMenu;
 
   private:
     void MenuChosen(MenuItem item) override { chosen.push_back(item); }
@@ -59,11 +58,11 @@ class MenusTest : public WindowScene {
 
 TEST_F(MenusTest, HoldTheirRowsInOrder) {
     const Menu menu{{MenuItem::mnrun, L"一"}, {MenuItem::mnview, L"二", false}, {}};
-    EXPECT_EQ(ItemsOf([&] { ShowMenu(menu, form, {50, 50}); }), menu);
+    EXPECT_EQ(ItemsOf([&] { form.ShowMenu(menu, {50, 50}); }), menu);
 }
 
 TEST_F(MenusTest, OpenNotWhenTheyAreEmpty) {
-    ShowMenu({}, form, {50, 50});
+    form.ShowMenu({}, {50, 50});
 }
 
 TEST_F(MenusTest, ReachNoFormThatIsDisabledOrHeld) {

@@ -1,7 +1,6 @@
 // The splash window: its elements, its steps, a second copy.
 #include "app/splash_window.h"
 
-#include "app/splash_background.h"
 #include "base/version.h"
 #include "support/hosts.h"
 #include "windows/canvas.h"
@@ -13,7 +12,7 @@ namespace {
 
 class SplashWindowTest : public WindowScene {
   protected:
-    Form6& Open() { return application.Open<Form6>(application, startUp, handOver, earlier); }
+    Form6& Open() { return application.Open<Form6>(application, startUp, handOver); }
     static bool ProgressShown(const Form& form) {
         return IsWindowVisible(Find(form, ControlKind::Label, 4)) != 0;
     }
@@ -29,9 +28,9 @@ class SplashWindowTest : public WindowScene {
 
     SettingsState state;
     SettingsFile file{fake.platform, state};
-    StartUp startUp{fake.platform, state, file};
-    HandOverFake handOver;
     EarlierCopyFake earlier;
+    StartUp startUp{fake.platform, state, file, earlier};
+    HandOverFake handOver;
 };
 
 TEST_F(SplashWindowTest, HasEveryElementWithItsTextAndReadsWell) {
@@ -66,9 +65,7 @@ TEST_F(SplashWindowTest, ItsPicturesGrowWithItsFont) {
 // Framed, from light to dark, with ripples in the lower right corner.
 TEST_F(SplashWindowTest, StandsOnItsBackground) {
     Canvas canvas(400, 200, RGB(255, 255, 255));
-    const HBRUSH background = MakeSplashBackground({400, 200}, 2);
-    canvas.Fill(background);
-    DeleteObject(background);
+    canvas.Fill(MakeSplashBackground({400, 200}, 2).get());
     const auto green = [&](int x, int y) {
         return static_cast<int>(GetGValue(canvas.At(x, y)));
     };
@@ -96,8 +93,8 @@ TEST_F(SplashWindowTest, OpensTheWizardWithoutSettingsElseTheMainWindowAndCloses
     AddHost(fake.files, L"C:\\Vimora");
     fake.files.AddFile(L"C:\\Tamblin\\tamb.ini",
                        "VERSION=Ver." TAMBLIN_VERSION "\r\nVMRFOLDER=C:\\Vimora\r\n");
-    StartUp again(fake.platform, state, file);
-    Form6& form = application.Open<Form6>(application, again, handOver, earlier);
+    StartUp again(fake.platform, state, file, earlier);
+    Form6& form = application.Open<Form6>(application, again, handOver);
     form.Show();
     for (int tick = 1; tick <= 12; ++tick)
         Tick(form);

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "base/win32/function_of.h"
 #include "platform/win32/own_process.h"
 #include "support/temporary_folder.h"
 

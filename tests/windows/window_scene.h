@@ -4,11 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include "base/next_window.h"
 #include "support/platform_fake.h"
 #include "ui/application.h"
 #include "ui/control_id.h"
 #include "ui/form.h"
-#include "ui/hand_over.h"
 
 namespace tamblin {
 
