@@ -119,6 +119,7 @@ void HostSearch::SearchFolderTree(Visit root) {
 
 // False when the search has been stopped meanwhile.
 bool HostSearch::YieldForVisit() {
+    state.SearchRunning = true;
     events.Yield();
     return MayGoOn();
 }
