@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "base/selection_list.h"
 #include "install/main_model.h"

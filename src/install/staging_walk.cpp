@@ -1,5 +1,7 @@
 #include "install/staging_walk.h"
 
+#include <vector>
+
 #include "base/file_name.h"
 #include "base/text.h"
 

@@ -1,7 +1,6 @@
 #include "platform/path_form.h"
 
 #include <algorithm>
-#include <string>
 
 #include "base/file_name.h"
 

@@ -30,13 +30,13 @@ IAccessible* CheckList::Accessible() {
 }
 
 void CheckList::Show(const std::vector<std::wstring>& lines, const std::vector<bool>& ticks) {
+    shown = lines;
     Send(LB_RESETCONTENT);
     for (size_t row = 0; row < lines.size(); ++row) {
         Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(lines[row].c_str()));
         Send(LB_SETITEMDATA, row, ticks[row]);
     }
     Send(LB_SETCURSEL, 0);
-    shown = lines;
     SetHorizontalExtent(form.Measure());
 }
 
@@ -109,7 +109,7 @@ std::optional<LRESULT> CheckList::RowOfBoxAt(LPARAM position) const {
 }
 
 void CheckList::Draw(const DRAWITEMSTRUCT& drawing) {
-    if (drawing.itemID == static_cast<UINT>(-1))
+    if (drawing.itemID >= shown.size())
         return;
     const bool selected = (drawing.itemState & ODS_SELECTED) != 0;
     FillRect(drawing.hDC, &drawing.rcItem,
@@ -122,13 +122,11 @@ void CheckList::Draw(const DRAWITEMSTRUCT& drawing) {
     const UINT tick = IsTicked(drawing.itemID) ? DFCS_CHECKED : 0;
     DrawFrameControl(drawing.hDC, &box, DFC_BUTTON, DFCS_BUTTONCHECK | DFCS_FLAT | tick);
 
-    std::wstring line(static_cast<size_t>(Send(LB_GETTEXTLEN, drawing.itemID)) + 1, L'\0');
-    Send(LB_GETTEXT, drawing.itemID, reinterpret_cast<LPARAM>(line.data()));
     SetBkMode(drawing.hDC, TRANSPARENT);
     SetTextColor(drawing.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     RECT text = drawing.rcItem;
     text.left = box.right + form.Measure().Across(3);
-    DrawTextW(drawing.hDC, line.c_str(), -1, &text,
+    DrawTextW(drawing.hDC, shown[drawing.itemID].c_str(), -1, &text,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP);
     if (drawing.itemState & ODS_FOCUS)
         DrawFocusRect(drawing.hDC, &drawing.rcItem);

@@ -1,7 +1,5 @@
 #include "ui/combo_box.h"
 
-#include <algorithm>
-
 #include "ui/form.h"
 
 namespace tamblin {

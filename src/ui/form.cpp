@@ -29,12 +29,9 @@ FrameStyles StylesOf(FormFrame frame) {
 
 } // namespace
 
+// The class that there is already stays.
 void Form::RegisterClass(const std::wstring& name) {
     const HINSTANCE program = GetModuleHandleW(nullptr);
-    WNDCLASSEXW existing{};
-    existing.cbSize = sizeof existing;
-    if (GetClassInfoExW(program, name.c_str(), &existing))
-        return;
     WNDCLASSEXW formClass{};
     formClass.cbSize = sizeof formClass;
     formClass.lpfnWndProc = Procedure;

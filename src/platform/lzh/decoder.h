@@ -1,7 +1,6 @@
 // Unpacks the data of one entry.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>

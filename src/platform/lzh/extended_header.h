@@ -1,7 +1,6 @@
 // The extended headers of an entry: pieces of information, each with a type of one byte.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string_view>
 

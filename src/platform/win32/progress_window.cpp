@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <cstdlib>
+
 namespace tamblin {
 namespace {
 
@@ -14,52 +16,48 @@ constexpr int textUnits = 6;
 constexpr int gapUnits = 2;
 constexpr int barUnits = 5;
 
-void RegisterOnce() {
-    static const bool registered = [] {
-        const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_PROGRESS_CLASS};
-        InitCommonControlsEx(&controls);
-        WNDCLASSEXW windowClass{};
-        windowClass.cbSize = sizeof windowClass;
-        windowClass.lpfnWndProc = DefWindowProcW;
-        windowClass.hInstance = GetModuleHandleW(nullptr);
-        windowClass.hCursor = LoadCursorW(nullptr, IDC_WAIT);
-        windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-        windowClass.lpszClassName = className;
-        return RegisterClassExW(&windowClass) != 0;
-    }();
-    static_cast<void>(registered);
+// The classes that there are already stay.
+void RegisterClasses() {
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_PROGRESS_CLASS};
+    InitCommonControlsEx(&controls);
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.lpfnWndProc = DefWindowProcW;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_WAIT);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    windowClass.lpszClassName = className;
+    RegisterClassExW(&windowClass);
 }
 
 // The font in which the owner writes, which has the density of its monitor; else the system's.
-HFONT FontLikeThatOf(HWND owner) {
+LOGFONTW FontLikeThatOf(HWND owner) {
     const auto font = reinterpret_cast<HFONT>(SendMessageW(owner, WM_GETFONT, 0, 0));
     LOGFONTW description{};
     if (font && GetObjectW(font, sizeof description, &description))
-        return CreateFontIndirectW(&description);
+        return description;
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    return CreateFontIndirectW(&metrics.lfMessageFont);
+    return metrics.lfMessageFont;
 }
 
-int HeightOf(HFONT font) {
-    LOGFONTW description{};
-    GetObjectW(font, sizeof description, &description);
-    const LONG height = description.lfHeight < 0 ? -description.lfHeight : description.lfHeight;
-    return height == 0 ? 12 : static_cast<int>(height);
+int HeightOf(const LOGFONTW& font) {
+    return font.lfHeight == 0 ? 12 : std::abs(static_cast<int>(font.lfHeight));
 }
 
 } // namespace
 
-ProgressWindow::ProgressWindow(HWND owner, const std::wstring& work, const std::wstring& object)
-    : font(FontLikeThatOf(owner)) {
-    RegisterOnce();
+ProgressWindow::ProgressWindow(HWND owner, const std::wstring& work, const std::wstring& object) {
+    RegisterClasses();
+    const LOGFONTW description = FontLikeThatOf(owner);
+    font = CreateFontIndirectW(&description);
     RECT around{};
     GetWindowRect(owner, &around);
     window = CreateWindowExW(WS_EX_DLGMODALFRAME, className, L"Tamblin", WS_POPUP | WS_CAPTION,
                              around.left, around.top, 0, 0, owner, nullptr,
                              GetModuleHandleW(nullptr), nullptr);
-    AddControls((HeightOf(font) + 3) / 4, work, object);
+    AddControls((HeightOf(description) + 3) / 4, work, object);
     PlaceOver(owner);
     ShowWindow(window, SW_SHOWNOACTIVATE);
     UpdateWindow(window);
