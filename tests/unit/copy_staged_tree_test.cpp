@@ -116,7 +116,6 @@ TEST_F(CopyStagedTreeTest, ReplacedFileKeepsItsAttributesAndPermissions) {
 }
 
 // --- What is known before the first file moves
-// ----------------------------------------------------
 
 TEST_F(CopyStagedTreeTest, FileInUseOrReadOnlyInTheHostEndsTheCopyBeforeItBegins) {
     const auto expectStopped = [&](ErrorNumber number) {
@@ -177,15 +176,6 @@ TEST_F(CopyStagedTreeTest, FullDriveTakesWhatIsOnlyMoved) {
 }
 
 // --- Files that replace others
-// --------------------------------------------------------------------
-
-TEST_F(CopyStagedTreeTest, HiddenStagedFileEndsTheCopyWhereItLies) {
-    Stage(L"mio\\a");
-    Stage(L"mio\\hidden", "", {.hidden = true});
-    EXPECT_EQ(ErrorOf([&] { Copy(); }), ErrorNumber::PathFileAccess);
-    EXPECT_EQ(InHost(L"mio\\a"), "staged");
-    EXPECT_TRUE(files.Exists(L"C:\\TAMTMP\\mio\\hidden"));
-}
 
 // The copy tidies nothing up after a failure: the folder where it failed stays current until the
 // install leaves the staging folder.

@@ -171,8 +171,7 @@ TEST_P(DeniedFolders, CostNothingAndTheNextTryFinishesTheJob) {
     EXPECT_GT(failures, 0U);
 }
 
-INSTANTIATE_TEST_SUITE_P(Commands, DeniedFolders, testing::ValuesIn(commands),
-                         [](const auto& command) { return command.param.name; });
+INSTANTIATE_TEST_SUITE_P(Commands, DeniedFolders, testing::ValuesIn(commands), CaseName);
 
 } // namespace
 } // namespace tamblin

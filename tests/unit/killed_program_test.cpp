@@ -278,8 +278,7 @@ TEST_P(KilledProgram, LosesNothing) {
     RecordProperty("calls", static_cast<int>(call) - 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Commands, KilledProgram, testing::ValuesIn(commands),
-                         [](const auto& command) { return command.param.name; });
+INSTANTIATE_TEST_SUITE_P(Commands, KilledProgram, testing::ValuesIn(commands), CaseName);
 
 } // namespace
 } // namespace tamblin

@@ -223,15 +223,6 @@ TEST_F(MainScreenTest, DeselectingFilesDisablesItsOwnButtonOnly) {
     EXPECT_EQ(EnabledButtons(model), ForOneCharacter + Commands{Command::Install});
 }
 
-TEST_F(MainScreenTest, SecondActionButtonPreparesTheStagingFolder) {
-    main.Load();
-    files.AddFile(L"C:\\TAMTMP\\old\\x");
-    main.PrepareStagingPressed();
-    EXPECT_THAT(files.Snapshot(L"C:\\TAMTMP"), IsEmpty());
-    EXPECT_EQ(files.CurrentFolder(), L"C:\\TAMTMP");
-    EXPECT_EQ(files.HeldFolder(), L"");
-}
-
 TEST_F(MainScreenTest, SettingsButtonLeavesWordWhereItWasPressed) {
     EXPECT_FALSE(state.OpenedFromMainWindow);
     main.SettingsPressed();

@@ -21,7 +21,6 @@
 #include "support/commands.h"
 #include "support/hosts.h"
 #include "support/platform_fake.h"
-#include "unit/case_name.h"
 
 namespace tamblin {
 
@@ -32,6 +31,11 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using Box = MessageBoxesFake::Box;
 using Kind = MessageBoxesFake::Kind;
+
+// Names the cases of a parameterised test by their `name` member.
+inline constexpr auto CaseName = [](const auto& testCase) {
+    return std::string(testCase.param.name);
+};
 
 inline std::vector<std::wstring> RegisteredFolders(const SettingsState& state) {
     const auto first = state.HostFolders.begin() + 1;

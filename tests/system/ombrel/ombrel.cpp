@@ -27,9 +27,8 @@ std::wstring Decoded(const std::string& bytes) {
 // The first line of ombrel.rc, or a word in angle brackets for a file that cannot be read.
 std::wstring StartUpLine() {
     std::ifstream file((ProgramFolder() + L"ombrel.rc").c_str(), std::ios::binary);
-    if (!file) {
+    if (!file)
         return L"<none>";
-    }
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
     return Decoded(bytes.substr(0, bytes.find_first_of("\r\n")));
 }

@@ -21,9 +21,8 @@ std::string Escaped(wchar_t unit) {
 std::string Joined(char opening, const std::vector<std::string>& values, char closing) {
     std::string text(1, opening);
     for (const std::string& value : values) {
-        if (text.size() > 1) {
+        if (text.size() > 1)
             text += ',';
-        }
         text += value;
     }
     text += closing;
@@ -35,11 +34,10 @@ std::string Joined(char opening, const std::vector<std::string>& values, char cl
 std::string JsonText(const std::wstring& text) {
     std::string json = "\"";
     for (const wchar_t unit : text) {
-        if (IsPlain(unit)) {
+        if (IsPlain(unit))
             json += static_cast<char>(unit);
-        } else {
+        else
             json += Escaped(unit);
-        }
     }
     json += '"';
     return json;

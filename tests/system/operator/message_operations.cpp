@@ -40,9 +40,8 @@ bool ShowsMessageBox(DWORD process) {
 BOOL CALLBACK LookForButton(HWND window, LPARAM button) {
     wchar_t name[16] = L"";
     GetClassNameW(window, name, 16);
-    if (lstrcmpiW(name, L"Button") != 0) {
+    if (lstrcmpiW(name, L"Button") != 0)
         return TRUE;
-    }
     *reinterpret_cast<HWND*>(button) = window;
     return FALSE;
 }
@@ -52,9 +51,8 @@ HWND ButtonBeside(HWND window) {
     HWND button = nullptr;
     EnumChildWindows(GetAncestor(window, GA_ROOT), LookForButton,
                      reinterpret_cast<LPARAM>(&button));
-    if (button == nullptr) {
+    if (button == nullptr)
         throw std::runtime_error("the window has no button");
-    }
     return button;
 }
 
@@ -67,9 +65,8 @@ void WaitUntilHeldDown(HWND button) {
     PostMessageW(button, BM_SETSTATE, TRUE, 0);
     const Clock::time_point posted = Clock::now();
     while (!IsHeldDown(button)) {
-        if (Clock::now() - posted > longestWait) {
+        if (Clock::now() - posted > longestWait)
             throw std::runtime_error("the window does not get round to what it was given");
-        }
         Sleep(1);
     }
     Ask(button, BM_SETSTATE, FALSE);
@@ -91,9 +88,8 @@ std::string Send(HWND window, UINT message, WPARAM wide, LPARAM along) {
 }
 
 std::string Post(HWND window, UINT message, WPARAM wide, LPARAM along) {
-    if (PostMessageW(window, message, wide, along) == 0) {
+    if (PostMessageW(window, message, wide, along) == 0)
         throw std::runtime_error("the window is gone");
-    }
     return "true";
 }
 
@@ -103,9 +99,8 @@ std::string WaitUntilHandled(HWND window) {
         button = ButtonBeside(window);
         WaitUntilHeldDown(button);
     } catch (const std::runtime_error&) {
-        if (IsWindow(window) != 0 && IsWindow(button) != 0) {
+        if (IsWindow(window) != 0 && IsWindow(button) != 0)
             throw;
-        }
         return "false";
     }
     return "true";
@@ -117,9 +112,8 @@ std::string PressUntilMessageBox(HWND button) {
     const Clock::time_point pressed = Clock::now();
     Post(button, BM_CLICK);
     while (!ShowsMessageBox(process)) {
-        if (Clock::now() - pressed > longestWait) {
+        if (Clock::now() - pressed > longestWait)
             throw std::runtime_error("no message box was shown");
-        }
         Sleep(1);
     }
     const std::chrono::duration<double, std::milli> taken = Clock::now() - pressed;

@@ -30,19 +30,17 @@ using Operation = std::function<std::string(const Arguments&)>;
 Arguments Split(const std::string& text, char separator) {
     Arguments pieces(1);
     for (const char character : text) {
-        if (character == separator) {
+        if (character == separator)
             pieces.emplace_back();
-        } else {
+        else
             pieces.back() += character;
-        }
     }
     return pieces;
 }
 
 const std::string& At(const Arguments& arguments, std::size_t index) {
-    if (index >= arguments.size()) {
+    if (index >= arguments.size())
         throw std::runtime_error("an argument is missing");
-    }
     return arguments[index];
 }
 
@@ -60,9 +58,8 @@ template <typename Value>
 Value Taken(const Arguments& arguments, std::size_t index) {
     if constexpr (std::is_same_v<Value, std::vector<int>>) {
         std::vector<int> numbers;
-        for (; index < arguments.size(); ++index) {
+        for (; index < arguments.size(); ++index)
             numbers.push_back(std::stoi(arguments[index]));
-        }
         return numbers;
     } else if constexpr (std::is_same_v<Value, std::wstring>) {
         return Wide(At(arguments, index));
@@ -119,9 +116,8 @@ std::string Answer(const std::string& line) {
     try {
         const Arguments arguments = Split(line, '\t');
         const auto operation = Operations().find(arguments.front());
-        if (operation == Operations().end()) {
+        if (operation == Operations().end())
             throw std::runtime_error("there is no such command");
-        }
         return JsonObject({{"answer", operation->second(arguments)}});
     } catch (const std::exception& error) {
         const std::string text = error.what();
@@ -136,9 +132,8 @@ int wmain() {
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     std::string line;
     while (std::getline(std::cin, line)) {
-        if (!line.empty() && line.back() == '\r') {
+        if (!line.empty() && line.back() == '\r')
             line.pop_back();
-        }
         std::cout << Answer(line) << std::endl;
     }
     return 0;

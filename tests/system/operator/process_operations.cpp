@@ -52,9 +52,8 @@ std::string Processes() {
 
 std::string EndPrograms() {
     for (const PROCESSENTRY32W& entry : RunningProcesses()) {
-        if (IsSystem(entry) || entry.th32ProcessID == GetCurrentProcessId()) {
+        if (IsSystem(entry) || entry.th32ProcessID == GetCurrentProcessId())
             continue;
-        }
         const Handle process(
             OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, entry.th32ProcessID), CloseHandle);
         if (process != nullptr) {

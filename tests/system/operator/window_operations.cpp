@@ -91,9 +91,8 @@ std::wstring EntryText(HWND list, int row) {
     const ListMessages& messages = MessagesOf(list);
     const WPARAM index = static_cast<WPARAM>(row);
     const LRESULT length = Ask(list, messages.textLength, index);
-    if (length < 0) {
+    if (length < 0)
         throw std::runtime_error("the list has no such row");
-    }
     std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
     const LRESULT got = Ask(list, messages.text, index, reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<std::size_t>(std::max<LRESULT>(got, 0)));
@@ -113,16 +112,14 @@ void SetSelection(HWND list, const std::vector<int>& rows) {
     if (TakesSeveral(list)) {
         Ask(list, LB_SETSEL, FALSE, -1);
         for (const int row : rows) {
-            if (Ask(list, LB_SETSEL, TRUE, row) == LB_ERR) {
+            if (Ask(list, LB_SETSEL, TRUE, row) == LB_ERR)
                 throw std::runtime_error("the list has no such row");
-            }
         }
         return;
     }
     const int row = rows.empty() ? -1 : rows.front();
-    if (Ask(list, MessagesOf(list).select, static_cast<WPARAM>(row)) != row) {
+    if (Ask(list, MessagesOf(list).select, static_cast<WPARAM>(row)) != row)
         throw std::runtime_error("the list has no such row");
-    }
 }
 
 } // namespace
@@ -131,9 +128,8 @@ std::string TopLevelWindows() {
     std::vector<HWND> windows;
     EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
     std::vector<std::string> described;
-    for (const HWND window : windows) {
+    for (const HWND window : windows)
         described.push_back(Described(window, Title(window)));
-    }
     return JsonArray(described);
 }
 
@@ -141,9 +137,8 @@ std::string Controls(HWND window) {
     std::vector<HWND> windows;
     EnumChildWindows(window, Collect, reinterpret_cast<LPARAM>(&windows));
     std::vector<std::string> described;
-    for (const HWND control : windows) {
+    for (const HWND control : windows)
         described.push_back(Described(control, Text(control)));
-    }
     return JsonArray(described);
 }
 
@@ -153,9 +148,8 @@ std::string Entries(HWND list) {
     std::vector<std::string> selected;
     for (int row = 0; row < count; ++row) {
         texts.push_back(JsonText(EntryText(list, row)));
-        if (IsSelected(list, row)) {
+        if (IsSelected(list, row))
             selected.push_back(JsonNumber(row));
-        }
     }
     return JsonObject({{"entries", JsonArray(texts)}, {"selected", JsonArray(selected)}});
 }
@@ -174,12 +168,10 @@ std::string RowArea(HWND list, int row) {
     };
     RECT visible{};
     GetClientRect(list, &visible);
-    if (ask() != LB_ERR && (area.top < 0 || area.bottom > visible.bottom)) {
+    if (ask() != LB_ERR && (area.top < 0 || area.bottom > visible.bottom))
         Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(row));
-    }
-    if (ask() == LB_ERR) {
+    if (ask() == LB_ERR)
         throw std::runtime_error("the list has no such row");
-    }
     area.right = std::min(area.right, visible.right);
     MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&area), 2);
     return JsonArea(area);
@@ -193,9 +185,8 @@ std::string DoubleClick(HWND list, int row) {
 }
 
 std::string Press(HWND button) {
-    if (IsWindowEnabled(button) == 0 || IsWindowEnabled(GetAncestor(button, GA_ROOT)) == 0) {
+    if (IsWindowEnabled(button) == 0 || IsWindowEnabled(GetAncestor(button, GA_ROOT)) == 0)
         throw std::runtime_error("the button is disabled");
-    }
     Post(button, BM_CLICK);
     return "true";
 }
@@ -239,9 +230,8 @@ std::string Focus() {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
     const DWORD thread = GetWindowThreadProcessId(active, nullptr);
-    if (active == nullptr || GetGUIThreadInfo(thread, &info) == 0 || info.hwndFocus == nullptr) {
+    if (active == nullptr || GetGUIThreadInfo(thread, &info) == 0 || info.hwndFocus == nullptr)
         return "null";
-    }
     return Described(info.hwndFocus, Text(info.hwndFocus));
 }
 

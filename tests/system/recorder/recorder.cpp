@@ -32,9 +32,8 @@ bool Append(const std::string& bytes) {
     const HANDLE file =
         CreateFileW(log.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                     OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) {
+    if (file == INVALID_HANDLE_VALUE)
         return false;
-    }
     DWORD written = 0;
     const bool good =
         WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0;
@@ -67,9 +66,8 @@ bool RegisterCommands(const std::wstring& documentClass) {
 bool Register() {
     bool good = RegisterCommands(L"Recorder.Document") && RegisterCommands(L"https");
     good = SetValue(L"https", L"URL Protocol", L"") && good;
-    for (const wchar_t* extension : {L".txt", L".htm", L".html"}) {
+    for (const wchar_t* extension : {L".txt", L".htm", L".html"})
         good = SetValue(extension, nullptr, L"Recorder.Document") && good;
-    }
     return good;
 }
 

@@ -35,19 +35,16 @@ template <typename Visitor>
 void VisitFiles(const std::wstring& folder, const Visitor& visit) {
     WIN32_FIND_DATAW found;
     const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) {
+    if (search == INVALID_HANDLE_VALUE)
         return;
-    }
     do {
         const std::wstring name = found.cFileName;
-        if (name == L"." || name == L"..") {
+        if (name == L"." || name == L"..")
             continue;
-        }
-        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
             VisitFiles(folder + L'\\' + name, visit);
-        } else {
+        else
             visit(folder + L'\\' + name, found);
-        }
     } while (FindNextFileW(search, &found));
     FindClose(search);
 }
@@ -69,9 +66,8 @@ class Scanner {
         }
     }
     ~Scanner() {
-        for (const Held& file : held) {
+        for (const Held& file : held)
             CloseHandle(file.handle);
-        }
     }
     Scanner(const Scanner&) = delete;
     Scanner& operator=(const Scanner&) = delete;
@@ -79,9 +75,8 @@ class Scanner {
     void LookForNewFiles() {
         for (const std::wstring& folder : folders) {
             VisitFiles(folder, [&](const std::wstring& path, const WIN32_FIND_DATAW& found) {
-                if (!known.contains(VersionOf(path, found))) {
+                if (!known.contains(VersionOf(path, found)))
                     Hold(path, VersionOf(path, found));
-                }
             });
         }
     }
@@ -89,9 +84,8 @@ class Scanner {
     void LetGo() {
         std::erase_if(held, [&](const Held& file) {
             const bool isOver = GetTickCount64() - file.since >= time;
-            if (isOver) {
+            if (isOver)
                 CloseHandle(file.handle);
-            }
             return isOver;
         });
     }
@@ -123,17 +117,15 @@ class Scanner {
 } // namespace
 
 int wmain(int count, wchar_t** arguments) {
-    if (count < 4) {
+    if (count < 4)
         return 1;
-    }
     Scanner scanner({arguments + 3, arguments + count}, std::stoull(arguments[1]),
                     std::wstring(arguments[2]) == L"delete");
     std::atomic<bool> hasSeenEnough = false;
     std::atomic<bool> ended = false;
     std::thread input([&] {
-        while (std::getchar() != EOF) {
+        while (std::getchar() != EOF)
             hasSeenEnough = true;
-        }
         ended = true;
     });
     Print(L"ready");
@@ -143,9 +135,8 @@ int wmain(int count, wchar_t** arguments) {
             isWatching = false;
             Print(L"watched");
         }
-        if (isWatching) {
+        if (isWatching)
             scanner.LookForNewFiles();
-        }
         scanner.LetGo();
         Sleep(2);
     }
