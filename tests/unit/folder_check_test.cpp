@@ -114,12 +114,13 @@ TEST_F(FolderCheckTest, WithNothingOrphanedBothListsSaySoOnce) {
 TEST_F(FolderCheckTest, SeesTheHostFolderAsItIsNowAndForgetsTheFormerResult) {
     AddCharacter(L"abc");
     AddDefinitionFiles({L"b.obl"});
+    files.AddFolder(L"C:\\VMR\\def");
     Show();
     check.RunCheck(model);
     files.DeleteTree(L"C:\\VMR\\abc.obl");
     AddDefinitionFiles({L"late.obl"});
     check.RunCheck(model);
-    Expect({L"abc"}, {L"b.obl", L"late.obl"});
+    Expect({L"abc", L"def"}, {L"b.obl", L"late.obl"});
     files.DeleteTree(L"C:\\VMR");
     FolderCheck ofNothing(platform);
     EXPECT_EQ(ErrorOf([&] { ofNothing.RunCheck(model); }), ErrorNumber::PathNotFound);

@@ -106,7 +106,7 @@ TEST_F(ManualFolderTest, FileListShowsTheHostFilesAloneAlsoInARegisteredFolder) 
 
 TEST_F(ManualFolderTest, ClickedRowPutsItsFolderIntoTheText) {
     manual.Load();
-    manual.TreeRowOpened(Row(L"C:"));
+    manual.TreeUpPressed();
     EXPECT_EQ(manual.FolderText(), L"C:\\");
     manual.TreeRowClicked(Row(L"C:\\VMR"));
     EXPECT_EQ(manual.FolderText(), L"C:\\VMR");

@@ -142,7 +142,7 @@ TEST_F(PackageStagingTest, JudgingSortsIntoTheLists) {
         {"a new and an installed one", L"", L"abc\\ abc.obl n\\ n.obl", L"n", {}, L"ABC"},
         {"a folder alone", L"", L"abc\\x", L"", NoPackage, L""},
         {"folders alone count once", L"", L"a\\x b\\x", L"", NoPackage, L""},
-        {"a folder alone beside a good one", L"", L"mio\\ mio.obl xyz\\", L"mio", {}, L""},
+        {"folders alone around a good one", L"", L"a\\ mio\\ mio.obl xyz\\", L"mio", {}, L""},
         {"a folder alone beside an installed one", L"", L"abc\\ abc.obl xyz\\", L"", {}, L"ABC"},
         {"a loose file", L"", L"readme.txt", L"", NoPackage, L""},
         {"a loose definition", L"", L"mio.obl", L"", NoPackage, L""},

@@ -264,6 +264,8 @@ TEST_F(SettingsFileTest, FileInUseReadsAsNothing) {
     EXPECT_FALSE(state.VersionKnown);
     Register(state, L"C:\\A");
     EXPECT_FALSE(file.ReadSetting(setting_keys::VmrFolder));
+    files.Unlock(IniPath);
+    EXPECT_TRUE(file.ReadSetting(setting_keys::Version));
 }
 
 // "D:" would be another folder as soon as the current one has changed.
