@@ -6,6 +6,8 @@
 #include <shlobj.h>
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "base/run_time_error.h"
 #include "base/text.h"
@@ -47,25 +49,29 @@ bool RemoveLink(const std::wstring& fullPath, const WIN32_FIND_DATAW& link) {
 // What keeps the shell from deleting a tree: another program, or a link that it would follow.
 enum class Obstacle { None, Holder, Link };
 
-Obstacle ObstacleBelow(const std::wstring& folder) {
-    WIN32_FIND_DATAW found;
-    const UniqueFindHandle search(
-        NullIfInvalid(FindFirstFileW((PathForWindows(folder) + L"\\*").c_str(), &found)));
-    auto obstacle = Obstacle::None;
-    for (bool more = search != nullptr; more && obstacle == Obstacle::None;
-         more = FindNextFileW(search.get(), &found)) {
-        if (IsDots(found.cFileName))
-            continue;
-        const FileAttributes attributes = AttributesOf(found);
-        const std::wstring path = folder + L'\\' + found.cFileName;
-        if (IsUnixLink(found))
-            obstacle = Obstacle::Link;
-        else if (IsHeld(path))
-            obstacle = Obstacle::Holder;
-        else if (attributes.folder && !attributes.link)
-            obstacle = ObstacleBelow(path);
+// However deep the tree is: no call for each level, for which the stack has no room.
+Obstacle ObstacleBelow(const std::wstring& tree) {
+    std::vector<std::wstring> folders{tree};
+    while (!folders.empty()) {
+        const std::wstring folder = std::move(folders.back()) + L'\\';
+        folders.pop_back();
+        WIN32_FIND_DATAW found;
+        const UniqueFindHandle search(
+            NullIfInvalid(FindFirstFileW((PathForWindows(folder) + L'*').c_str(), &found)));
+        for (bool more = search != nullptr; more; more = FindNextFileW(search.get(), &found)) {
+            if (IsDots(found.cFileName))
+                continue;
+            const FileAttributes attributes = AttributesOf(found);
+            const std::wstring path = folder + found.cFileName;
+            if (IsUnixLink(found))
+                return Obstacle::Link;
+            if (IsHeld(path))
+                return Obstacle::Holder;
+            if (attributes.folder && !attributes.link)
+                folders.push_back(path);
+        }
     }
-    return obstacle;
+    return Obstacle::None;
 }
 
 struct TaskMemory {
