@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <set>
+#include <utility>
 
 #include "base/character_files.h"
 #include "base/run_time_error.h"
@@ -83,7 +84,7 @@ class StagedCopy : public StagingVisitor {
         bytes += file.size;
         if (folderIsInHost)
             CheckTarget(folder + file.name, file.size);
-        if (MergesDefinitions(folder, file.name, state))
+        if (MergesDefinitions(folder, file.name, state) && !std::exchange(definitionsChecked, true))
             CheckDefinitionsReplaceable(hostFolder, platform);
     }
 
@@ -113,6 +114,7 @@ class StagedCopy : public StagingVisitor {
     Platform& platform;
     WorkUnderWay work;
     std::uint64_t bytes = 0;
+    bool definitionsChecked = false; // once, however many packages bring some
     // Need not be copied: an install that broke off has left the same ones read-only in the host.
     std::set<std::wstring> alreadyThere;
 };

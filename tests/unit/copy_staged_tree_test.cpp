@@ -240,6 +240,16 @@ TEST_F(CopyStagedTreeTest, PackagesMergeOneAfterTheOtherIfTheHostHasDefinitions)
 
 // --- Growth -------------------------------------------------------------------------------------
 
+TEST_F(CopyStagedTreeTest, ChecksTheHostsDefinitionsOnceForAllPackages) {
+    state.KvaOption = L"ON";
+    files.AddFile(L"C:\\Host\\kva.def", "a,b,1\r\n");
+    for (const wchar_t* package : {L"a", L"b", L"c"})
+        Stage(std::wstring(package) + L"\\KVA.DEF", "a,b,2\r\n");
+    files.ForgetOperations();
+    Copy();
+    EXPECT_EQ(files.CountLogged(L"CheckReplaceable C:\\Host\\kva.def"), 1U + 3U); // and each merge
+}
+
 TEST_F(CopyStagedTreeTest, NeedsAFixedNumberOfOperationsPerFile) {
     for (int file = 0; file < 1'000; ++file)
         Stage(L"mio\\dat\\" + std::to_wstring(file));

@@ -15,7 +15,7 @@ TEST(PowerCut, DuringALaunchKeepsTheFormerStartUpFile) {
 
 TEST(PowerCut, DuringAnUpdateLeavesTheFormerProgramOrTheNewOne) {
     ForEachPowerCut<NewHostProgram>(
-        3, [](auto& scene) { UpdateHostProgram(scene.model, scene.platform); },
+        2, [](auto& scene) { UpdateHostProgram(scene.model, scene.platform); },
         [](auto& scene) {
             auto after = scene.before;
             after[L"C:\\VMR\\ombrel.exe"] = "new";

@@ -89,23 +89,23 @@ inline std::optional<ErrorNumber> ErrorOf(const std::function<void()>& command) 
 }
 
 // Runs the command on fresh scenes, the power going during its first operation, then during its
-// second, and so on; there are more than `atLeast`.
+// second, and so on; there are `atLeast` of them.
 template <typename Scene, typename Command, typename Check>
 void ForEachPowerCut(size_t atLeast, const Command& command, const Check& check) {
-    size_t n = 1;
-    for (bool cut = true; cut; ++n) {
+    size_t cuts = 0;
+    for (bool cut = true; cut;) {
         Scene scene;
-        scene.files.CutPower(n);
+        scene.files.CutPower(cuts + 1);
         try {
             command(scene);
             cut = false;
         } catch (const MemoryFileSystem::PowerCut&) {
             scene.files.ReturnPower();
-            SCOPED_TRACE(testing::Message() << "operation " << n);
+            SCOPED_TRACE(testing::Message() << "operation " << ++cuts);
             check(scene);
         }
     }
-    EXPECT_GT(n, atLeast);
+    EXPECT_GE(cuts, atLeast);
 }
 
 // The main window as the install sees it, and a user who answers the confirmation window.
